@@ -1,0 +1,50 @@
+# SPDX-License-Identifier: MIT
+include(GoogleTest)
+
+add_library(onudesk_options INTERFACE)
+target_compile_options(onudesk_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+    $<$<BOOL:${ONUDESK_WERROR}>:-Werror> -fstack-protector-strong
+    # GCC 12 reports a copy inside its own std::string operator+ (GCC bug 105651).
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+target_compile_definitions(onudesk_options INTERFACE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII
+    $<$<CONFIG:Release>:_FORTIFY_SOURCE=2>)
+target_include_directories(onudesk_options INTERFACE ${PROJECT_SOURCE_DIR}/include
+    ${PROJECT_SOURCE_DIR}/src)
+if(ONUDESK_SANITIZE STREQUAL "address")
+    target_compile_options(onudesk_options INTERFACE -fsanitize=address,undefined
+        -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(onudesk_options INTERFACE -fsanitize=address,undefined)
+elseif(ONUDESK_SANITIZE STREQUAL "thread")
+    target_compile_options(onudesk_options INTERFACE -fsanitize=thread -fno-omit-frame-pointer)
+    target_link_options(onudesk_options INTERFACE -fsanitize=thread)
+endif()
+
+# onudesk_library(NAME KIND SOURCES... LIBS... [PCH headers...] [MOC])
+# KIND is STATIC, SHARED, MODULE or PROGRAM; sources are always listed one by one.
+function(onudesk_library name kind)
+    cmake_parse_arguments(ARG "MOC" "" "SOURCES;LIBS;PCH" ${ARGN})
+    if(kind STREQUAL "PROGRAM")
+        add_executable(${name} ${ARG_SOURCES})
+    else()
+        add_library(${name} ${kind} ${ARG_SOURCES})
+    endif()
+    target_link_libraries(${name} PUBLIC onudesk_options ${ARG_LIBS})
+    if(ARG_PCH)
+        target_precompile_headers(${name} PRIVATE ${ARG_PCH})
+    endif()
+    set_target_properties(${name} PROPERTIES AUTOMOC ${ARG_MOC})
+endfunction()
+
+# onudesk_test(NAME [LABELS...] SOURCES... LIBS... [MOC]): one GoogleTest program, run headless.
+function(onudesk_test name)
+    cmake_parse_arguments(ARG "MOC" "" "SOURCES;LIBS;LABELS" ${ARGN})
+    add_executable(${name} ${ARG_SOURCES})
+    target_link_libraries(${name} PRIVATE onudesk_options ${ARG_LIBS} GTest::gtest)
+    set_target_properties(${name} PROPERTIES AUTOMOC ${ARG_MOC}
+        RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
+    target_compile_definitions(${name} PRIVATE
+        ONUDESK_SOURCE_DIR="${PROJECT_SOURCE_DIR}" ONUDESK_BUILD_CLIENT_DIR="${ONUDESK_CLIENT_DIR}")
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
+        PROPERTIES TIMEOUT 120 LABELS "${ARG_LABELS}"
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+endfunction()
