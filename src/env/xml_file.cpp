@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: MIT
+#include "env/xml_file.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <charconv>
+#include <fstream>
+#include <system_error>
+#include <utility>
+
+#include <iconv.h>
+#include <strings.h>
+
+namespace onudesk {
+
+namespace {
+
+constexpr std::string_view kBlanks = " \t\r\n\v\f";
+
+// Walks the markup as TinyXML will, so that what it would nest too deeply is refused before.
+class DepthScanner {
+public:
+    explicit DepthScanner(std::string_view text) : text_(text) {}
+
+    [[nodiscard]] int deepest() {
+        while ((at_ = text_.find('<', at_)) != std::string_view::npos) {
+            if (skip("<!--", "-->") || skip("<![CDATA[", "]]>") || skip("<?", ">") ||
+                skip("<!", ">")) {
+                continue;
+            }
+            if (text_.substr(at_).starts_with("</")) {
+                --depth_;
+                ++at_;
+            } else {
+                tag();
+            }
+        }
+        return deepest_;
+    }
+
+private:
+    bool skip(std::string_view open, std::string_view close) {
+        if (!text_.substr(at_).starts_with(open)) {
+            return false;
+        }
+        const auto end = text_.find(close, at_ + open.size());
+        at_ = end == std::string_view::npos ? text_.size() : end + close.size();
+        return true;
+    }
+
+    void tag() {
+        char quote = '\0';
+        ++at_;
+        for (; at_ < text_.size(); ++at_) {
+            const char c = text_[at_];
+            if (quote != '\0') {
+                quote = c == quote ? '\0' : quote;
+            } else if (c == '"' || c == '\'') {
+                quote = c;
+            } else if (c == '>') {
+                break;
+            }
+        }
+        const bool empty = at_ < text_.size() && text_[at_ - 1] == '/';
+        deepest_ = std::max(deepest_, depth_ + 1);
+        if (!empty) {
+            ++depth_;
+        }
+    }
+
+    std::string_view text_;
+    std::size_t at_ = 0;
+    int depth_ = 0;
+    int deepest_ = 0;
+};
+
+std::string declaredEncoding(std::string_view text) {
+    if (!text.starts_with("<?xml")) {
+        return {};
+    }
+    const std::string_view declaration = text.substr(0, text.find("?>"));
+    const auto key = declaration.find("encoding");
+    const auto open = declaration.find_first_of("\"'", key == std::string_view::npos ? key : key + 8);
+    if (key == std::string_view::npos || open == std::string_view::npos) {
+        return {};
+    }
+    const auto close = declaration.find(declaration[open], open + 1);
+    return std::string(declaration.substr(open + 1, close - open - 1));
+}
+
+bool isChineseEncoding(const std::string& name) {
+    return std::ranges::any_of(std::array{"GB2312", "GBK", "GB18030"}, [&](const char* known) {
+        return ::strcasecmp(name.c_str(), known) == 0;
+    });
+}
+
+} // namespace
+
+Result<std::string> readFile(const std::filesystem::path& path, std::size_t limit) {
+    std::error_code error;
+    if (std::filesystem::is_directory(path, error)) {
+        return Error{path.string() + ": is a directory"};
+    }
+    std::ifstream file(path, std::ios::binary);
+    if (!file) {
+        return Error{path.string() + ": " + std::generic_category().message(errno)};
+    }
+    std::string bytes;
+    std::array<char, 65536> block{};
+    while (file.read(block.data(), block.size()) || file.gcount() > 0) {
+        bytes.append(block.data(), static_cast<std::size_t>(file.gcount()));
+        if (bytes.size() > limit) {
+            return Error{path.string() + ": larger than " + std::to_string(limit) + " bytes"};
+        }
+    }
+    if (file.bad()) {
+        return Error{path.string() + ": cannot be read"};
+    }
+    return bytes;
+}
+
+Result<std::string> toUtf8(std::string_view bytes, const std::string& encoding) {
+    const iconv_t converter = ::iconv_open("UTF-8", encoding.c_str());
+    // NOLINTNEXTLINE: iconv's own failure value
+    if (converter == reinterpret_cast<iconv_t>(-1)) {
+        return Error{"unknown encoding " + encoding};
+    }
+    // No supported encoding grows by more than two bytes for each one.
+    std::string converted(bytes.size() * 3, '\0');
+    std::string input(bytes);
+    char* from = input.data();
+    std::size_t left = input.size();
+    char* to = converted.data();
+    std::size_t room = converted.size();
+    const std::size_t outcome = ::iconv(converter, &from, &left, &to, &room);
+    ::iconv_close(converter);
+    if (outcome == static_cast<std::size_t>(-1)) {
+        const auto line = 1 + std::count(input.data(), from, '\n');
+        return Error{"line " + std::to_string(line) + " is not valid " + encoding};
+    }
+    converted.resize(converted.size() - room);
+    return converted;
+}
+
+Result<XmlDocument> parseXml(std::string_view bytes, const std::string& name) {
+    if (bytes.size() > kMaxTextFileBytes) {
+        return Error{name + ": larger than " + std::to_string(kMaxTextFileBytes) + " bytes"};
+    }
+    if (bytes.starts_with("\xEF\xBB\xBF")) {
+        bytes.remove_prefix(3);
+    }
+    if (const auto zero = bytes.find('\0'); zero != std::string_view::npos) {
+        return Error{name + ": contains a zero byte"};
+    }
+    const std::string declared = declaredEncoding(bytes);
+    // GB18030 reads every GB2312 and GBK text.
+    Result<std::string> text = toUtf8(bytes, isChineseEncoding(declared) ? "GB18030" : "UTF-8");
+    if (!text) {
+        return Error{name + ": " + text.error()};
+    }
+    if (DepthScanner(*text).deepest() > kMaxXmlDepth) {
+        return Error{name + ": elements are nested more than " + std::to_string(kMaxXmlDepth) +
+                     " deep"};
+    }
+    auto document = std::make_unique<TiXmlDocument>();
+    document->Parse(text->c_str(), nullptr, TIXML_ENCODING_UTF8);
+    if (document->Error()) {
+        return Error{name + ":" + std::to_string(document->ErrorRow()) + ": " +
+                     document->ErrorDesc()};
+    }
+    if (document->RootElement() == nullptr) {
+        return Error{name + ": has no root element"};
+    }
+    return document;
+}
+
+Result<XmlDocument> loadXml(const std::filesystem::path& path) {
+    const Result<std::string> bytes = readFile(path);
+    if (!bytes) {
+        return Error{bytes.error()};
+    }
+    return parseXml(*bytes, path.string());
+}
+
+std::string attribute(const TiXmlElement& element, const char* name) {
+    const char* value = element.Attribute(name);
+    return value == nullptr ? std::string() : std::string(value);
+}
+
+int leadingInteger(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+    const bool negative = text.starts_with('-');
+    if (negative || text.starts_with('+')) {
+        text.remove_prefix(1);
+    }
+    constexpr int limit = 2147483647;
+    int value = 0;
+    for (const char c : text) {
+        if (c < '0' || c > '9') {
+            break;
+        }
+        const int digit = c - '0';
+        value = value > (limit - digit) / 10 ? limit : value * 10 + digit;
+    }
+    return negative ? -value : value;
+}
+
+} // namespace onudesk

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "snmp/object_schema.h"
+
+#include <algorithm>
+#include <charconv>
+#include <string_view>
+#include <utility>
+
+namespace onudesk {
+
+namespace {
+
+std::optional<std::int64_t> wholeNumber(std::string_view text) {
+    std::int64_t value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size()) {
+        return std::nullopt;
+    }
+    return value;
+}
+
+std::optional<NumberRange> parseRange(std::string_view text) {
+    const auto dots = text.find("..");
+    const auto low = wholeNumber(text.substr(0, dots));
+    const auto high = dots == std::string_view::npos ? low : wholeNumber(text.substr(dots + 2));
+    if (!low || !high || *low > *high) {
+        return std::nullopt;
+    }
+    return NumberRange{*low, *high};
+}
+
+template <typename Value>
+std::optional<Value> choose(const std::string& text,
+                            const std::map<std::string, Value>& choices) {
+    const auto found = choices.find(text);
+    return found == choices.end() ? std::nullopt : std::optional(found->second);
+}
+
+// Reads an optional range attribute; false when it is there but no range.
+bool readRange(const TiXmlElement& element, const char* name, std::optional<NumberRange>& range) {
+    const std::string text = attribute(element, name);
+    range = text.empty() ? std::nullopt : parseRange(text);
+    return text.empty() || range.has_value();
+}
+
+Result<ObjectSchema> readObject(const TiXmlElement& element) {
+    ObjectSchema schema;
+    schema.object = {attribute(element, "name"), attribute(element, "oidstr"),
+                     leadingInteger(attribute(element, "type"))};
+    const auto access = choose<ObjectAccess>(attribute(element, "access"),
+                                             {{"", ObjectAccess::readOnly},
+                                              {"read-only", ObjectAccess::readOnly},
+                                              {"read-write", ObjectAccess::readWrite},
+                                              {"read-create", ObjectAccess::readCreate},
+                                              {"write-only", ObjectAccess::writeOnly}});
+    const auto hex = choose<bool>(attribute(element, "format"), {{"", false}, {"hex", true}});
+    const auto unique = choose<bool>(attribute(element, "unique"), {{"", false}, {"yes", true}});
+    const char* wrong = !access                                       ? "access"
+                        : !hex                                        ? "format"
+                        : !unique                                     ? "unique"
+                        : !readRange(element, "range", schema.range) ? "range"
+                        : !readRange(element, "size", schema.size)   ? "size"
+                                                                      : nullptr;
+    if (wrong != nullptr) {
+        return Error{"object " + schema.object.name + ": bad value of " + wrong + ": \"" +
+                     attribute(element, wrong) + "\""};
+    }
+    schema.access = *access;
+    schema.hex = *hex;
+    schema.unique = *unique;
+    schema.row = attribute(element, "row");
+    return schema;
+}
+
+Result<GroupSchema> readGroup(const TiXmlElement& element) {
+    GroupSchema group;
+    group.name = attribute(element, "name");
+    const auto read = choose<ReadMode>(
+        attribute(element, "read"),
+        {{"", ReadMode::none}, {"scalar", ReadMode::scalar}, {"table", ReadMode::table}});
+    if (!read) {
+        return Error{"bad value of read: \"" + attribute(element, "read") + "\""};
+    }
+    group.read = *read;
+    for (const TiXmlElement* child = element.FirstChildElement(); child != nullptr;
+         child = child->NextSiblingElement()) {
+        Result<ObjectSchema> object = readObject(*child);
+        if (!object) {
+            return Error{object.error()};
+        }
+        if (std::ranges::none_of(group.objects, [&](const ObjectSchema& known) {
+                return known.object.name == object->object.name;
+            })) {
+            group.objects.push_back(std::move(object).value());
+        }
+    }
+    return group;
+}
+
+} // namespace
+
+Result<CatalogueSchema> readSchema(const TiXmlElement& root) {
+    CatalogueSchema schema;
+    for (const TiXmlElement* module = root.FirstChildElement("module"); module != nullptr;
+         module = module->NextSiblingElement("module")) {
+        const std::string name = attribute(*module, "name");
+        const auto itemType = wholeNumber(name);
+        if (!itemType || schema.contains(static_cast<std::int32_t>(*itemType))) {
+            continue;
+        }
+        ModuleSchema groups;
+        for (const TiXmlElement* child = module->FirstChildElement("group"); child != nullptr;
+             child = child->NextSiblingElement("group")) {
+            Result<GroupSchema> group = readGroup(*child);
+            if (!group) {
+                return Error{"module " + name + ", group " + attribute(*child, "name") + ": " +
+                             group.error()};
+            }
+            if (std::ranges::none_of(groups, [&](const GroupSchema& known) {
+                    return known.name == group->name;
+                })) {
+                groups.push_back(std::move(group).value());
+            }
+        }
+        schema.emplace(static_cast<std::int32_t>(*itemType), std::move(groups));
+    }
+    return schema;
+}
+
+Result<CatalogueSchema> loadSchema(const std::filesystem::path& path) {
+    const Result<XmlDocument> document = loadXml(path);
+    if (!document) {
+        return Error{document.error()};
+    }
+    Result<CatalogueSchema> schema = readSchema(*(*document)->RootElement());
+    return schema ? std::move(schema) : Error{path.string() + ": " + schema.error()};
+}
+
+} // namespace onudesk
