@@ -20,6 +20,10 @@ Desktop* installDesktop(Desktop* desktop) {
     return std::exchange(g_desktop, desktop);
 }
 
+Desktop* installedDesktop() {
+    return g_desktop;
+}
+
 void openHelp(const std::string& book, const std::string& topic) {
     if (g_desktop != nullptr) {
         g_desktop->showHelp(book, topic);

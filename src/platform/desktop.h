@@ -27,6 +27,7 @@ public:
 
 // Installs the desktop of this process (not owned; null removes it) and returns the one before.
 ONUPLATFORM_API Desktop* installDesktop(Desktop* desktop);
+[[nodiscard]] ONUPLATFORM_API Desktop* installedDesktop();
 
 // Shows a topic; without a desktop nothing happens.
 ONUPLATFORM_API void openHelp(const std::string& book, const std::string& topic);

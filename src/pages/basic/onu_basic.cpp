@@ -1,0 +1,226 @@
+// SPDX-License-Identifier: MIT
+#include "pages/basic/onu_basic.h"
+
+#include "env/language_module.h"
+#include "pages/framework/form_grid.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include <QGroupBox>
+#include <QVBoxLayout>
+
+namespace onudesk {
+
+namespace {
+
+constexpr const char* kGroup = "maintable";
+constexpr const char* kNoMac = "00:00:00:00:00:00";
+constexpr int kNameBytes = 32;
+constexpr std::size_t kMacBytes = 6;
+
+constexpr int kBindRefused = 3026;
+constexpr int kBadMac = 3028;
+constexpr int kNothingBound = 3030;
+
+// Positions of the values that need more than a field.
+constexpr std::size_t kRegisteredMac = 0;
+constexpr std::size_t kLlid = 1;
+constexpr std::size_t kName = 18;
+constexpr std::size_t kBoundMac = 19;
+constexpr std::size_t kRowStatus = 20;
+constexpr std::size_t kLeastValues = 22;
+
+constexpr const char* kNotInService = "2";
+constexpr const char* kNotReady = "3";
+
+PageRules basicRules() {
+    return {.minimumValues = kLeastValues, .helpKeyId = 6204};
+}
+
+std::string portBitmap(const std::string& value) {
+    return "0x" + hexOfDecimal(value, 4);
+}
+
+std::vector<Field> identityFields() {
+    return {
+        {.control = "rttEdit", .labelId = 20011, .position = 16},
+        {.control = "timeEdit", .labelId = 20012, .position = 17},
+    };
+}
+
+std::vector<Field> capabilityFields(const ValueMap& supported) {
+    return {
+        {.control = "serviceMemo", .labelId = 20017, .kind = ControlKind::memo, .position = 4},
+        {.control = "numgeEdit", .labelId = 20018, .position = 5},
+        {.control = "mapgeEdit", .labelId = 20019, .position = 6, .show = portBitmap},
+        {.control = "numfeEdit", .labelId = 20020, .position = 7},
+        {.control = "mapfeEdit", .labelId = 20021, .position = 8, .show = portBitmap},
+        {.control = "numpotsEdit", .labelId = 20022, .position = 9},
+        {.control = "numE1Edit", .labelId = 20023, .position = 10},
+        {.control = "numUSEdit", .labelId = 20024, .position = 11},
+        {.control = "queUSEdit", .labelId = 20025, .position = 12},
+        {.control = "numDSEdit", .labelId = 20026, .position = 13},
+        {.control = "queDSEdit", .labelId = 20027, .position = 14},
+        {.control = "batteryEdit", .labelId = 20028, .position = 15, .map = &supported},
+    };
+}
+
+bool isZeroHex(std::string_view digits) {
+    return digits.find_first_of("123456789abcdefABCDEF") == std::string_view::npos;
+}
+
+// The name as the agent returned it: plain when it came through whole, else as hexadecimal text that
+// ends at the first zero byte.
+std::string decodedName(const std::string& value, std::uint32_t length) {
+    if (value.size() == length) {
+        return value;
+    }
+    return value.size() % 2 != 0 ? std::string() : std::string(textUpToZero(bytesOfHex(value)));
+}
+
+} // namespace
+
+TOnuBasic::TOnuBasic(Session& session, std::int32_t itemType, QWidget* parent)
+    : ConfigPage(session, itemType, basicRules(), parent) {
+    setObjectName(QStringLiteral("TOnuBasic"));
+    supported_.addPair(messageText(11044), "0");
+    supported_.addPair(messageText(11043), "1");
+    supported_.complete();
+
+    auto* identity = new QGroupBox(listPanel);
+    buildIdentity(*identity);
+    auto* capabilities = new QGroupBox(listPanel);
+    capabilities->setObjectName(QStringLiteral("capabilityGroup"));
+    setCaption(*capabilities, 20016);
+    FormGrid(*capabilities, 2).add(capabilityFields(supported_));
+    auto* column = new QVBoxLayout(listPanel);
+    column->addWidget(identity);
+    column->addWidget(capabilities);
+    column->addStretch();
+
+    std::vector<Field> fields = identityFields();
+    std::ranges::move(capabilityFields(supported_), std::back_inserter(fields));
+    setFields(std::move(fields));
+    start({nameBtn, macBtn}, {macBtn});
+}
+
+void TOnuBasic::buildIdentity(QWidget& group) {
+    FormGrid form(group, 2);
+    llidEdt = form.edit("llidEdt", 20010);
+    llidEdt->setReadOnly(true);
+    llidEdt->setEnabled(false);
+    form.add(identityFields());
+    authValidComb = form.combo("authValidComb", 20015);
+    fillCombo(*authValidComb, supported_);
+    authValidComb->setCurrentIndex(0);
+    authValidLabel = form.lastLabel();
+    authValidComb->hide();
+    authValidLabel->hide();
+    nameEdit = form.edit("nameEdit", 20013);
+    limitTyping(*nameEdit, kNameBytes);
+    nameBtn = makeButton(&group, "nameBtn", 20004, [this] { nameBtnClick(); });
+    form.beside(*nameBtn);
+    macEdit = form.edit("macEdit", 20014);
+    macEdit->setInputMask(QStringLiteral("nn:nn:nn:nn:nn:nn;_"));
+    macBtn = makeButton(&group, "macBtn", 20004, [this] { macBtnClick(); });
+    form.beside(*macBtn);
+}
+
+void TOnuBasic::fillPage(const ReadResult& result) {
+    const std::string& registered = valueAt(result, kRegisteredMac);
+    if (!registered.empty()) {
+        setControlText(*llidEdt, hexOfDecimal(valueAt(result, kLlid), 2));
+    }
+    showMac(result);
+    if (!isZeroHex(registered)) {
+        macEdit->setEnabled(false);
+        macBtn->hide();
+    }
+    showName(result);
+    if (valueAt(result, kRowStatus) == kNotInService) {
+        macEdit->setEnabled(false);
+    }
+    if (macEdit->isEnabled()) {
+        setControlText(*nameEdit, {});
+    }
+    nameEdit->setEnabled(!macEdit->isEnabled());
+    nameBtn->setEnabled(!macEdit->isEnabled());
+    refusePendingBind(result);
+}
+
+void TOnuBasic::showMac(const ReadResult& result) {
+    if (!bindPending_) {
+        setControlText(*macEdit, colonSeparated(valueAt(result, kBoundMac)));
+    }
+}
+
+void TOnuBasic::showName(const ReadResult& result) {
+    const std::uint32_t length = kName < result.lengths.size() ? result.lengths[kName] : 0;
+    setControlText(*nameEdit, decodedName(valueAt(result, kName), length));
+}
+
+void TOnuBasic::refusePendingBind(const ReadResult& result) {
+    if (macEdit->isEnabled() && bindPending_ && valueAt(result, kRowStatus) == kNotReady) {
+        bindPending_ = false;
+        setControlText(*macEdit, kNoMac);
+        refuse({kBindRefused}, nullptr);
+    }
+}
+
+void TOnuBasic::configBtnClick() {
+    std::string mac;
+    if (macEdit->isEnabled() && !bindPending_) {
+        MacCheck check = checkMac(maskedText(*macEdit), kBadMac, platform::PromptIcon::none);
+        if (check.failure) {
+            refuse(*check.failure, macEdit);
+            return;
+        }
+        mac = std::move(check.address);
+    }
+    CodeParaPtr request = beginWrite();
+    if (!request) {
+        return;
+    }
+    if (bindPending_) {
+        bind(*request, kGroup, "MacRowStatus", "4", session().OnuIndexText);
+    } else {
+        if (macEdit->isEnabled()) {
+            bind(*request, kGroup, "onuBindMac", bytesOfHex(mac), session().OnuIndexText,
+                 kMacBytes);
+        }
+        if (nameEdit->isEnabled()) {
+            bind(*request, kGroup, "onuName", stateOf(*nameEdit).text, session().OnuIndexText);
+        }
+    }
+    finishWrite(std::move(request));
+    // From now on Config activates the binding row; only a refusal by the ONU takes that back.
+    bindPending_ = bindPending_ || macEdit->isEnabled();
+}
+
+void TOnuBasic::nameBtnClick() {
+    writeOne("onuName", "");
+}
+
+void TOnuBasic::macBtnClick() {
+    if (maskedText(*macEdit) == kNoMac) {
+        refuse({kNothingBound, {}, message::macCaption, platform::PromptIcon::none}, nullptr);
+        return;
+    }
+    if (writeOne("MacRowStatus", "6")) {
+        macEdit->setEnabled(false);
+    }
+}
+
+bool TOnuBasic::writeOne(const char* object, const std::string& value) {
+    CodeParaPtr request = beginWrite();
+    if (!request) {
+        return false;
+    }
+    bind(*request, kGroup, object, value, session().OnuIndexText);
+    finishWrite(std::move(request));
+    return true;
+}
+
+} // namespace onudesk

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "pages/framework/config_page.h"
+
+#include <cstdint>
+#include <string>
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+
+namespace onudesk {
+
+// Identity and capabilities of the ONU, its name, and the MAC address it is bound to. A MAC is bound
+// in two writes: the first sends the address, the next activates the binding row.
+class TOnuBasic : public ConfigPage {
+    Q_OBJECT
+public:
+    TOnuBasic(Session& session, std::int32_t itemType, QWidget* parent);
+
+    QLineEdit* llidEdt;
+    QLineEdit* rttEdit;
+    QLineEdit* timeEdit;
+    QLineEdit* nameEdit;
+    QLineEdit* macEdit; // masked, six pairs of characters
+    QPushButton* nameBtn;
+    QPushButton* macBtn;
+    QComboBox* authValidComb;
+    QLabel* authValidLabel;
+
+    void nameBtnClick();
+    void macBtnClick();
+
+protected:
+    void configBtnClick() override;
+    void fillPage(const ReadResult& result) override;
+
+private:
+    void buildIdentity(QWidget& group);
+    void showMac(const ReadResult& result);
+    void showName(const ReadResult& result);
+    void refusePendingBind(const ReadResult& result);
+    // False when the write could not be made.
+    bool writeOne(const char* object, const std::string& value);
+
+    ValueMap supported_;
+    bool bindPending_ = false;
+};
+
+} // namespace onudesk

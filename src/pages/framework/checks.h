@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+//
+// Checks of what the operator typed. They know no widgets: a failure says what to tell, the widget
+// layer tells it and moves the focus.
+#pragma once
+
+#include "platform/prompter.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace onudesk {
+
+namespace message {
+inline constexpr int macCaption = 113;
+inline constexpr int macAllZero = 3029;
+inline constexpr int refusalCaption = 11054;
+inline constexpr int deleteQuestion = 11057;
+inline constexpr int deleteCaption = 11058;
+inline constexpr int outOfRange = 11068;
+inline constexpr int badDottedQuad = 11069;
+inline constexpr int noRowSelected = 11204;
+inline constexpr int notANumber = 20029;
+} // namespace message
+
+// A refusal in message ids. Without textId nothing is said and only the focus moves.
+struct CheckFailure {
+    int textId = 0;
+    std::vector<std::string> arguments{};
+    int captionId = message::refusalCaption;
+    platform::PromptIcon icon = platform::PromptIcon::warning;
+};
+
+// Leading blanks, an optional sign, then digits up to the first other character. Nothing when there
+// are no digits or the number needs more than 64 bits.
+[[nodiscard]] std::optional<std::int64_t> leadingNumber(std::string_view text, int base = 10);
+
+// The number, inclusive bounds: message 11068 with minimum and maximum. A text without a number
+// fails.
+[[nodiscard]] std::optional<CheckFailure> checkRange(std::string_view text, std::int64_t minimum,
+                                                     std::int64_t maximum, int base = 10);
+
+// 7 to 15 characters, digits and dots only, at most three digits in a group; nothing stricter.
+// Message 11069.
+[[nodiscard]] std::optional<CheckFailure> checkDottedQuad(std::string_view text);
+
+// A MAC address in the form of its masked edit, "00:1a:2b:3c:4d:5e" with blanks for what was not
+// typed.
+struct MacCheck {
+    std::string address; // lower case, blanks replaced by "0"
+    std::optional<CheckFailure> failure;
+};
+// Refuses other characters than hexadecimal digits and blanks with `badCharacterId`, and the
+// all-zero address with message 3029; caption 113.
+[[nodiscard]] MacCheck checkMac(std::string_view text, int badCharacterId,
+                                platform::PromptIcon icon);
+
+// The bytes that hexadecimal digits stand for; separators and an odd last digit are dropped.
+[[nodiscard]] std::string bytesOfHex(std::string_view digits);
+
+// The text with ":" between every two characters; unchanged when its length is odd.
+[[nodiscard]] std::string colonSeparated(const std::string& digits);
+
+// The decimal number in upper-case hexadecimal with at least `width` digits; 0 when it is none.
+[[nodiscard]] std::string hexOfDecimal(std::string_view decimal, int width);
+
+} // namespace onudesk
