@@ -130,8 +130,7 @@ bool setInteger(DllClientCodePara& para, std::uint8_t id, std::uint32_t value) {
     return insertEntry(*para.entries, id, CodeParaKind::integer, value);
 }
 
-bool setByteString(DllClientCodePara& para, std::uint8_t id, const char* data,
-                   std::size_t length) {
+bool setByteString(DllClientCodePara& para, std::uint8_t id, const char* data, std::size_t length) {
     return withMemory([&] {
         return insertEntry(*para.entries, id, CodeParaKind::byteString,
                            ByteString(dataOf(data, length)));
@@ -162,8 +161,7 @@ void putBytes(CodeParaIndex& index, std::uint8_t id, std::string_view bytes) {
     index.try_emplace(id, CodeParaEntry{id, CodeParaKind::byteString, ByteString(bytes)});
 }
 
-void putIntegerList(CodeParaIndex& index, std::uint8_t id,
-                    const std::vector<std::uint32_t>& list) {
+void putIntegerList(CodeParaIndex& index, std::uint8_t id, const std::vector<std::uint32_t>& list) {
     index.try_emplace(
         id, CodeParaEntry{id, CodeParaKind::integerList, IntegerList(list.begin(), list.end())});
 }

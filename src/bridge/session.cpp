@@ -53,9 +53,8 @@ void unregisterWindow(const Session& session, std::uint32_t window) {
 }
 
 bool postRequest(const Session& session, CodeParaPtr request) {
-    if (!request ||
-        !platform::postThreadMessage(session.hostThreadId,
-                                     {WM_CODEPARA_REQUEST, request.get(), 0})) {
+    if (!request || !platform::postThreadMessage(session.hostThreadId,
+                                                 {WM_CODEPARA_REQUEST, request.get(), 0})) {
         return false;
     }
     static_cast<void>(request.release());

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "onudesk/exports.h"
 #include "bridge/code_para_access.h"
 #include "entry/show_form.h"
-#include "onudesk/exports.h"
 
 #include <exception>
 

@@ -21,8 +21,8 @@ public:
     platform::PromptAnswer ask(const platform::Prompt& prompt) override;
 };
 
-// A help book is a folder of HTML pages beside where the compiled book of that name would be. Topics
-// are shown in one non-modal window.
+// A help book is a folder of HTML pages beside where the compiled book of that name would be.
+// Topics are shown in one non-modal window.
 class ScreenDesktop : public platform::Desktop {
 public:
     ~ScreenDesktop() override;

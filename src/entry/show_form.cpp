@@ -17,7 +17,8 @@ namespace {
 TConfigMainForm* g_mainForm = nullptr;
 std::optional<QApplication*> g_savedApplication;
 
-// Puts boxes and help on the screen unless the host brought its own ways, and takes them away again.
+// Puts boxes and help on the screen unless the host brought its own ways, and takes them away
+// again.
 class ScreenServices {
 public:
     ScreenServices() {
@@ -62,8 +63,8 @@ void showConfigForm(QApplication* application, ReplyRouteTable* routeTable,
         return;
     }
     adoptApplication(application);
-    LoadNewResourceModule(
-        platform::moduleFileName(reinterpret_cast<const void*>(&showConfigForm)), param.localeId);
+    LoadNewResourceModule(platform::moduleFileName(reinterpret_cast<const void*>(&showConfigForm)),
+                          param.localeId);
     Session session;
     session.hostThreadId = hostThreadId;
     session.routeTable = routeTable;

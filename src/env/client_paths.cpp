@@ -51,8 +51,8 @@ std::string clientRoot(const std::string& programPath) {
     if (last == std::string::npos) {
         return programPath;
     }
-    const auto before = last == 0 ? std::string::npos
-                                  : programPath.find_last_of(kSeparators, last - 1);
+    const auto before =
+        last == 0 ? std::string::npos : programPath.find_last_of(kSeparators, last - 1);
     return programPath.substr(0, before == std::string::npos ? last : before);
 }
 

@@ -24,10 +24,11 @@ inline constexpr const char* kCatalogueFile = "..\\conf\\snmp\\snmpconfig.xml";
 // Key text to topic ("DBA" to "onuDba.htm").
 using HelpIndex = std::map<std::string, std::string>;
 
-// Reads `path` into the index. Lines are "anything=topic<TAB>… key": the topic ends at the first tab
-// after the "=", the key is what follows the first blank after the "=". Lines are cut at 1023 bytes, a carriage return at their end is dropped, lines
-// without all three marks are skipped. A key that is already there keeps its topic and is told to
-// `onDuplicate`. A file that cannot be read changes nothing.
+// Reads `path` into the index. Lines are "anything=topic<TAB>… key": the topic ends at the first
+// tab after the "=", the key is what follows the first blank after the "=". Lines are cut at 1023
+// bytes, a carriage return at their end is dropped, lines without all three marks are skipped. A
+// key that is already there keeps its topic and is told to `onDuplicate`. A file that cannot be
+// read changes nothing.
 void loadHelpIndex(HelpIndex& index, const std::filesystem::path& path,
                    const std::function<void(const std::string& key)>& onDuplicate);
 

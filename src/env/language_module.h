@@ -39,9 +39,9 @@ void installLanguage(LanguageModule module);
 [[nodiscard]] const std::string& messageText(int id);
 
 // Loads the module for a Windows locale identifier from beside `libraryFile`: everything after the
-// last "." of its file name becomes the locale's abbreviation ("ENU"), or else the first two letters
-// of it ("EN"). False, with nothing changed, when the file name has no extension, the locale has no
-// name or neither file loads.
+// last "." of its file name becomes the locale's abbreviation ("ENU"), or else the first two
+// letters of it ("EN"). False, with nothing changed, when the file name has no extension, the
+// locale has no name or neither file loads.
 bool LoadNewResourceModule(const std::string& libraryFile, std::uint32_t localeId);
 
 } // namespace onudesk

@@ -81,7 +81,8 @@ std::string declaredEncoding(std::string_view text) {
     }
     const std::string_view declaration = text.substr(0, text.find("?>"));
     const auto key = declaration.find("encoding");
-    const auto open = declaration.find_first_of("\"'", key == std::string_view::npos ? key : key + 8);
+    const auto open =
+        declaration.find_first_of("\"'", key == std::string_view::npos ? key : key + 8);
     if (key == std::string_view::npos || open == std::string_view::npos) {
         return {};
     }
@@ -163,6 +164,8 @@ Result<XmlDocument> parseXml(std::string_view bytes, const std::string& name) {
         return Error{name + ": elements are nested more than " + std::to_string(kMaxXmlDepth) +
                      " deep"};
     }
+    // Message texts keep their blanks: several are put together from two.
+    TiXmlBase::SetCondenseWhiteSpace(false);
     auto document = std::make_unique<TiXmlDocument>();
     document->Parse(text->c_str(), nullptr, TIXML_ENCODING_UTF8);
     if (document->Error()) {

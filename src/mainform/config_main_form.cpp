@@ -95,8 +95,7 @@ void TConfigMainForm::buildFrame() {
     ConfigItemTree->setIndentation(kTreeIndent);
     ConfigItemTree->setEditTriggers(QAbstractItemView::NoEditTriggers);
     ConfigItemTree->setItemDelegate(new TreeDelegate(ConfigItemTree));
-    connect(ConfigItemTree, &QTreeWidget::itemClicked, this,
-            &TConfigMainForm::ConfigItemTreeClick);
+    connect(ConfigItemTree, &QTreeWidget::itemClicked, this, &TConfigMainForm::ConfigItemTreeClick);
     // The keyboard opens items as the mouse does.
     connect(ConfigItemTree, &QTreeWidget::itemActivated, this,
             &TConfigMainForm::ConfigItemTreeClick);
@@ -275,8 +274,8 @@ void TConfigMainForm::mouseMoveEvent(QMouseEvent* event) {
     const Qt::Edges edges = edgesAt(event->position().toPoint());
     const bool sideways = (edges & (Qt::LeftEdge | Qt::RightEdge)) != 0;
     const bool upright = (edges & (Qt::TopEdge | Qt::BottomEdge)) != 0;
-    const bool falling = edges == (Qt::LeftEdge | Qt::TopEdge) ||
-                         edges == (Qt::RightEdge | Qt::BottomEdge);
+    const bool falling =
+        edges == (Qt::LeftEdge | Qt::TopEdge) || edges == (Qt::RightEdge | Qt::BottomEdge);
     setCursor(sideways && upright ? (falling ? Qt::SizeFDiagCursor : Qt::SizeBDiagCursor)
               : sideways          ? Qt::SizeHorCursor
               : upright           ? Qt::SizeVerCursor

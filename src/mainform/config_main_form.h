@@ -19,8 +19,8 @@
 
 namespace onudesk {
 
-// One window per session. Pages are made on first use and kept until the window closes; each new one
-// sends its first read. User-interface thread only.
+// One window per session. Pages are made on first use and kept until the window closes; each new
+// one sends its first read. User-interface thread only.
 class TConfigMainForm : public QDialog {
     Q_OBJECT
 public:

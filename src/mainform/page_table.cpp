@@ -94,8 +94,7 @@ ConfigPage* createPage(Session& session, std::int32_t itemType, QWidget* parent)
 
 std::string helpTopic(std::int32_t itemType) {
     const PageEntry* entry = findPage(itemType);
-    const char* topic =
-        entry == nullptr || entry->topic == nullptr ? kDefaultTopic : entry->topic;
+    const char* topic = entry == nullptr || entry->topic == nullptr ? kDefaultTopic : entry->topic;
     return std::string(topic) + ".htm";
 }
 

@@ -15,7 +15,8 @@ struct PageEntry {
     std::int32_t itemType;
     const char* className;
     const char* topic; // null: the default topic
-    ConfigPage* (*create)(Session& session, std::int32_t itemType, QWidget* parent); // null: no page
+    ConfigPage* (*create)(Session& session, std::int32_t itemType,
+                          QWidget* parent); // null: no page
 };
 
 [[nodiscard]] std::span<const PageEntry> pageTable();

@@ -40,8 +40,8 @@ public:
     void wait();
     // Ends one wait() early; from any thread.
     void wake();
-    // A file descriptor that is readable while messages or a wake-up are pending, for use in poll(2)
-    // next to sockets. Owned by the queue.
+    // A file descriptor that is readable while messages or a wake-up are pending, for use in
+    // poll(2) next to sockets. Owned by the queue.
     [[nodiscard]] int pollDescriptor() const;
     // Makes the descriptor unreadable again until the next post or wake(); call before take().
     void acknowledge();
@@ -57,6 +57,7 @@ private:
 };
 
 // False when no queue has that id (any more); the payload then stays the caller's.
-[[nodiscard]] ONUPLATFORM_API bool postThreadMessage(std::uint32_t id, const ThreadMessage& message);
+[[nodiscard]] ONUPLATFORM_API bool postThreadMessage(std::uint32_t id,
+                                                     const ThreadMessage& message);
 
 } // namespace onudesk::platform

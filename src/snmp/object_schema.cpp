@@ -30,8 +30,7 @@ std::optional<NumberRange> parseRange(std::string_view text) {
 }
 
 template <typename Value>
-std::optional<Value> choose(const std::string& text,
-                            const std::map<std::string, Value>& choices) {
+std::optional<Value> choose(const std::string& text, const std::map<std::string, Value>& choices) {
     const auto found = choices.find(text);
     return found == choices.end() ? std::nullopt : std::optional(found->second);
 }
@@ -55,12 +54,12 @@ Result<ObjectSchema> readObject(const TiXmlElement& element) {
                                               {"write-only", ObjectAccess::writeOnly}});
     const auto hex = choose<bool>(attribute(element, "format"), {{"", false}, {"hex", true}});
     const auto unique = choose<bool>(attribute(element, "unique"), {{"", false}, {"yes", true}});
-    const char* wrong = !access                                       ? "access"
-                        : !hex                                        ? "format"
-                        : !unique                                     ? "unique"
+    const char* wrong = !access                                      ? "access"
+                        : !hex                                       ? "format"
+                        : !unique                                    ? "unique"
                         : !readRange(element, "range", schema.range) ? "range"
                         : !readRange(element, "size", schema.size)   ? "size"
-                                                                      : nullptr;
+                                                                     : nullptr;
     if (wrong != nullptr) {
         return Error{"object " + schema.object.name + ": bad value of " + wrong + ": \"" +
                      attribute(element, wrong) + "\""};
@@ -116,9 +115,8 @@ Result<CatalogueSchema> readSchema(const TiXmlElement& root) {
                 return Error{"module " + name + ", group " + attribute(*child, "name") + ": " +
                              group.error()};
             }
-            if (std::ranges::none_of(groups, [&](const GroupSchema& known) {
-                    return known.name == group->name;
-                })) {
+            if (std::ranges::none_of(
+                    groups, [&](const GroupSchema& known) { return known.name == group->name; })) {
                 groups.push_back(std::move(group).value());
             }
         }

@@ -67,8 +67,7 @@ ReadResult readDecode(const Session& session, void* reply) {
     const CodeParaReader reader = borrowed.reader();
     result.success = true;
     if (reader.has(CP_ERROR_TEXT)) {
-        const auto status =
-            static_cast<std::int32_t>(reader.integer(CP_ERROR_STATUS).value_or(0));
+        const auto status = static_cast<std::int32_t>(reader.integer(CP_ERROR_STATUS).value_or(0));
         result.success = status != error_status::noSuchName && status != error_status::timeout;
     }
     result.resultText = reader.text(CP_RESULT_TEXT).value_or(std::string());

@@ -42,8 +42,8 @@ struct TransferBuffer {
 [[nodiscard]] const TransferBuffer& transferBuffer();
 
 // Tells the operator how a write ended, in a box owned by `window`, and gives the reply back first.
-// `mode` is empty, "ConfigSet" or "ConfigSetImport". True when a notice was shown or the reply was a
-// partial one of a plain write.
+// `mode` is empty, "ConfigSet" or "ConfigSetImport". True when a notice was shown or the reply was
+// a partial one of a plain write.
 bool writeResultNotice(const Session& session, std::uint32_t window, void* reply,
                        const std::string& mode);
 // The last notice shown by this process.

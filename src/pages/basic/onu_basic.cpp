@@ -71,8 +71,8 @@ bool isZeroHex(std::string_view digits) {
     return digits.find_first_of("123456789abcdefABCDEF") == std::string_view::npos;
 }
 
-// The name as the agent returned it: plain when it came through whole, else as hexadecimal text that
-// ends at the first zero byte.
+// The name as the agent returned it: plain when it came through whole, else as hexadecimal text
+// that ends at the first zero byte.
 std::string decodedName(const std::string& value, std::uint32_t length) {
     if (value.size() == length) {
         return value;

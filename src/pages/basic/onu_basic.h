@@ -12,8 +12,8 @@
 
 namespace onudesk {
 
-// Identity and capabilities of the ONU, its name, and the MAC address it is bound to. A MAC is bound
-// in two writes: the first sends the address, the next activates the binding row.
+// Identity and capabilities of the ONU, its name, and the MAC address it is bound to. A MAC is
+// bound in two writes: the first sends the address, the next activates the binding row.
 class TOnuBasic : public ConfigPage {
     Q_OBJECT
 public:

@@ -66,8 +66,7 @@ ConfigPage::~ConfigPage() {
     unregisterWindow(session_, replyHandle());
 }
 
-void ConfigPage::start(std::vector<QAbstractButton*> request,
-                       std::vector<QAbstractButton*> write) {
+void ConfigPage::start(std::vector<QAbstractButton*> request, std::vector<QAbstractButton*> write) {
     requestButtons_ = std::move(request);
     requestButtons_.insert(requestButtons_.begin(), configBtn);
     writeButtons_ = std::move(write);
@@ -85,9 +84,8 @@ void ConfigPage::setFields(std::vector<Field> fields) {
     for (Field& field : fields) {
         auto* control = findChild<QWidget*>(QString::fromStdString(field.control));
         Q_ASSERT(control != nullptr);
-        auto* box = field.box.empty()
-                        ? nullptr
-                        : findChild<QCheckBox*>(QString::fromStdString(field.box));
+        auto* box =
+            field.box.empty() ? nullptr : findChild<QCheckBox*>(QString::fromStdString(field.box));
         fields_.push_back({std::move(field), control, box});
     }
 }
@@ -244,8 +242,8 @@ void ConfigPage::bindFields(DllClientCodePara& request) const {
     for (const BoundField& bound : fields_) {
         const FieldState state = boundState(bound);
         if (isWritten(bound.field, state)) {
-            bind(request, bound.field.group, bound.field.object,
-                 writtenValue(bound.field, state), session_.OnuIndexText);
+            bind(request, bound.field.group, bound.field.object, writtenValue(bound.field, state),
+                 session_.OnuIndexText);
         }
     }
 }
@@ -264,7 +262,8 @@ void ConfigPage::helpBtnClick() {
 }
 
 void ConfigPage::FrameResize() {
-    // Beside the tree a page starts one pixel right of it; the area to centre in starts at the tree.
+    // Beside the tree a page starts one pixel right of it; the area to centre in starts at the
+    // tree.
     layoutPanels(*this, *listPanel, *bottomPanel, width() + (x() > 0 ? 1 : 0));
 }
 

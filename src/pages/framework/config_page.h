@@ -45,9 +45,9 @@ struct PageRules {
     OnWriteReply onWriteReply = OnWriteReply::refreshesAndNotifies;
     bool readsReplies = true;
     std::size_t minimumValues = 0;
-    std::string resultText{};    // replies with another result text are not for the page; empty: any
+    std::string resultText{}; // replies with another result text are not for the page; empty: any
     bool rereadsWhenShown = false;
-    int helpKeyId = 0;           // message whose text is the page's key in the help index
+    int helpKeyId = 0; // message whose text is the page's key in the help index
 };
 
 class ConfigPage : public QFrame, public platform::WindowReceiver {

@@ -36,7 +36,8 @@ public:
         const bool wellFormed =
             !digits || std::ranges::all_of(text, [](QChar c) { return c >= u'0' && c <= u'9'; });
         const qsizetype programBytes = parent()->property(kProgramText).toByteArray().size();
-        const bool fits = limit < 0 || text.toUtf8().size() <= std::max<qsizetype>(limit, programBytes);
+        const bool fits =
+            limit < 0 || text.toUtf8().size() <= std::max<qsizetype>(limit, programBytes);
         return wellFormed && fits ? Acceptable : Invalid;
     }
 };

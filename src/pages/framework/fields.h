@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The fields of a record page as data: what a reply puts into each control, what is checked and what
-// is written. Nothing here knows widgets.
+// The fields of a record page as data: what a reply puts into each control, what is checked and
+// what is written. Nothing here knows widgets.
 //
 //     const std::vector<Field> fields = {
 //         {.control = "numgeEdit", .labelId = 20018, .position = 5},
@@ -36,7 +36,7 @@ struct FieldCheck {
         std::int64_t maximum = 0;
         int base = 10;
     };
-    std::optional<Range> range{};                                               // of its number
+    std::optional<Range> range{};                                             // of its number
     std::optional<CheckFailure> (*function)(std::string_view text) = nullptr; // any other check
 };
 

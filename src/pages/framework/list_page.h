@@ -37,7 +37,8 @@ protected:
 };
 
 // Modal, borderless, dragged by its title. The page owns it and runs it with exec(). Cancel and the
-// close panel reject it and empty the page's table; closing it in any way makes the page read again.
+// close panel reject it and empty the page's table; closing it in any way makes the page read
+// again.
 class ItemDialog : public QDialog {
     Q_OBJECT
 public:

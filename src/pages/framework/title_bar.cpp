@@ -25,8 +25,8 @@ void paintPlain(QWidget& widget, const QColor& colour) {
 }
 
 TitleBar::TitleBar(QWidget* window, QColor normal)
-    : QFrame(window), TitleLabel(new QLabel(this)), ClosePanel(new QLabel(QStringLiteral("X"), this)),
-      normal_(std::move(normal)) {
+    : QFrame(window), TitleLabel(new QLabel(this)),
+      ClosePanel(new QLabel(QStringLiteral("X"), this)), normal_(std::move(normal)) {
     setObjectName(QStringLiteral("TitlePanel"));
     setFixedHeight(kHeight);
     setMouseTracking(true);

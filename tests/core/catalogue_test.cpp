@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+#include "env/language_module.h"
+#include "snmp/object_catalogue.h"
+#include "snmp/object_schema.h"
+#include "support/client_tree.h"
+#include "support/test_desk.h"
+
+#include <gtest/gtest.h>
+
+namespace onudesk {
+namespace {
+
+using test::ClientTree;
+using test::TemporaryDirectory;
+using test::TestDesk;
+
+constexpr const char* kFile = R"(<?xml version="1.0"?>
+<conf>
+  <module name=" 790"><group name="wrong"/></module>
+  <module name="563"><group name="other"><o name="x" oidstr="1.1" type="2"/></group></module>
+  <!-- comment -->
+  <module name="790">
+    text
+    <Group name="notThis"><o name="x"/></Group>
+    <group name="maintable">
+      <object name="onuName" oidstr="1.3.6.1" type="4"/>
+      <scalar name="bare"/>
+      <object name="onuName" oidstr="9.9.9" type="9"/>
+      <object name="odd" oidstr="1.3" type="many"/>
+    </group>
+    <group name="maintable"><object name="late" oidstr="1" type="1"/></group>
+    <group name="rowstat"/>
+  </module>
+  <module name="790"><group name="late"/></module>
+</conf>)";
+
+TEST(Catalogue, TakesTheFirstModuleGroupAndObject) {
+    const auto document = parseXml(kFile, "test");
+    ASSERT_TRUE(document);
+    const ObjectCatalogue catalogue = catalogueModule(*(*document)->RootElement(), 790);
+    ASSERT_EQ(catalogue.size(), 2U);
+    const CONFIG_OID_T* name = lookup(catalogue, "maintable", "onuName");
+    ASSERT_NE(name, nullptr);
+    EXPECT_EQ(name->oidstr, "1.3.6.1");
+    EXPECT_EQ(name->type, 4);
+    const CONFIG_OID_T* bare = lookup(catalogue, "maintable", "bare");
+    ASSERT_NE(bare, nullptr);
+    EXPECT_EQ(bare->oidstr, "");
+    EXPECT_EQ(bare->type, 0);
+    EXPECT_EQ(lookup(catalogue, "maintable", "odd")->type, 0);
+    EXPECT_EQ(lookup(catalogue, "maintable", "late"), nullptr);
+    EXPECT_EQ(lookup(catalogue, "maintable", "onuname"), nullptr);
+    EXPECT_EQ(lookup(catalogue, "Maintable", "onuName"), nullptr);
+    EXPECT_EQ(lookup(catalogue, "notThis", "x"), nullptr);
+    EXPECT_TRUE(catalogueModule(*(*document)->RootElement(), 79).empty());
+}
+
+struct LoadCase {
+    const char* name;
+    const char* content; // null: no file
+    bool warns;
+};
+
+TEST(Catalogue, WarnsOnceWhenThereIsNothingForTheItem) {
+    const LoadCase cases[] = {
+        {"good", kFile, false},
+        {"missing", nullptr, true},
+        {"malformed", "<conf><module name=\"790\">", true},
+        {"other module", "<conf><module name=\"563\"><group name=\"g\"/></module></conf>", true},
+        {"no groups", "<conf><module name=\"790\"/></conf>", true},
+    };
+    for (const LoadCase& expected : cases) {
+        SCOPED_TRACE(expected.name);
+        const TemporaryDirectory directory;
+        TestDesk desk;
+        installLanguage(
+            LanguageModule::load(directory.write("t", "<l><text id='11140'>unusable</text>"
+                                                      "<text id='11001'>Notice</text></l>"))
+                .value());
+        if (expected.content != nullptr) {
+            directory.write("CONF/snmp/snmpconfig.xml", expected.content);
+        }
+        const ClientTree tree(directory.path());
+        EXPECT_EQ(loadCatalogue(790).empty(), expected.warns);
+        const auto boxes = desk.takeBoxes();
+        ASSERT_EQ(boxes.size(), expected.warns ? 1U : 0U);
+        if (expected.warns) {
+            EXPECT_EQ(boxes[0].text, "unusable");
+            EXPECT_EQ(boxes[0].caption, "Notice");
+            EXPECT_EQ(boxes[0].icon, platform::PromptIcon::warning);
+        }
+        installLanguage({});
+    }
+}
+
+TEST(Schema, ReadsWhatHostAndSimulatorNeed) {
+    const auto document = parseXml(R"(<c><module name="606"><group name="g" read="scalar">
+        <object name="a" oidstr="1.1" type="2" access="read-write" range="-5..7"/>
+        <object name="b" oidstr="1.2" type="4" size="6" format="hex" row="s" unique="yes"/>
+        <object name="s" oidstr="1.3" type="2" access="read-create" row="s"/></group>
+        <group name="w"/></module></c>)",
+                                   "test");
+    const auto schema = readSchema(*(*document)->RootElement());
+    ASSERT_TRUE(schema) << schema.error();
+    const ModuleSchema& module = schema->at(606);
+    ASSERT_EQ(module.size(), 2U);
+    EXPECT_EQ(module[0].read, ReadMode::scalar);
+    EXPECT_EQ(module[1].read, ReadMode::none);
+    const auto& objects = module[0].objects;
+    ASSERT_EQ(objects.size(), 3U);
+    EXPECT_EQ(objects[0].access, ObjectAccess::readWrite);
+    EXPECT_TRUE(objects[0].range->contains(-5) && objects[0].range->contains(7));
+    EXPECT_FALSE(objects[0].range->contains(8) || objects[0].range->contains(-6));
+    EXPECT_EQ(objects[1].access, ObjectAccess::readOnly);
+    EXPECT_TRUE(objects[1].hex && objects[1].unique && objects[1].size->contains(6));
+    EXPECT_FALSE(objects[1].size->contains(5));
+    EXPECT_FALSE(objects[1].isRowStatus());
+    EXPECT_TRUE(objects[2].isRowStatus());
+}
+
+TEST(Schema, NamesTheBadAttribute) {
+    const std::pair<const char*, const char*> cases[] = {
+        {R"(access="write")", "access"},  {R"(range="9..1")", "range"},
+        {R"(range="1..x")", "range"},     {R"(size="many")", "size"},
+        {R"(format="binary")", "format"}, {R"(unique="no")", "unique"},
+    };
+    for (const auto& [attributes, name] : cases) {
+        const auto document =
+            parseXml(R"(<c><module name="606"><group name="g"><object name="bad" )" +
+                         std::string(attributes) + "/></group></module></c>",
+                     "test");
+        const auto schema = readSchema(*(*document)->RootElement());
+        ASSERT_FALSE(schema) << attributes;
+        EXPECT_TRUE(schema.error().starts_with(
+            std::string("module 606, group g: object bad: bad value of ") + name))
+            << schema.error();
+    }
+    const auto document =
+        parseXml(R"(<c><module name="606"><group name="g" read="all"/></module></c>)", "test");
+    EXPECT_FALSE(readSchema(*(*document)->RootElement()));
+}
+
+} // namespace
+} // namespace onudesk
