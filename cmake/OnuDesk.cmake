@@ -44,6 +44,9 @@ function(onudesk_test name)
         RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
     target_compile_definitions(${name} PRIVATE
         ONUDESK_SOURCE_DIR="${PROJECT_SOURCE_DIR}" ONUDESK_BUILD_CLIENT_DIR="${ONUDESK_CLIENT_DIR}")
+    if(NOT ARG_LABELS)
+        set(ARG_LABELS unit)
+    endif()
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
         PROPERTIES TIMEOUT 120 LABELS "${ARG_LABELS}"
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen")

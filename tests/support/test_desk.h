@@ -23,7 +23,7 @@ public:
     // The boxes since the last call, oldest first.
     [[nodiscard]] std::vector<platform::Prompt> takeBoxes();
     // The only box since the last call; fails the test when there is none or more than one.
-    [[nodiscard]] platform::Prompt takeBox();
+    platform::Prompt takeBox();
 
     // Runs while a box is open.
     std::function<void()> whileOpen;

@@ -59,7 +59,7 @@ public:
     [[nodiscard]] static ReleaseCodeParaFn releaseFn();
 
     // The oldest request not yet taken.
-    [[nodiscard]] std::optional<Posted> take();
+    std::optional<Posted> take();
     [[nodiscard]] std::size_t pending() const { return queue_.pending(); }
     // From now on posting fails.
     void goAway();

@@ -1,0 +1,258 @@
+// SPDX-License-Identifier: MIT
+#include "env/client_paths.h"
+#include "env/language_module.h"
+#include "mainform/config_main_form.h"
+#include "pages/basic/onu_basic.h"
+#include "pages/framework/controls.h"
+#include "ui_test.h"
+
+#include <QLabel>
+
+namespace onudesk {
+namespace {
+
+using test::Answer;
+
+using Texts = std::vector<std::string>;
+
+class MainFormTest : public test::UiTest {
+protected:
+    MainFormTest() {
+        session.context.menuFileName = "epononuother_menu.xml";
+        session.context.rootCaption = "";
+    }
+
+    TConfigMainForm& open() {
+        form_ = std::make_unique<TConfigMainForm>(session);
+        form_->show();
+        return *form_;
+    }
+    void close() { form_.reset(); }
+
+    // The node of an item type, anywhere in the tree.
+    QTreeWidgetItem* node(std::int32_t itemType) {
+        const auto all =
+            form_->ConfigItemTree->findItems(QString(), Qt::MatchContains | Qt::MatchRecursive);
+        for (QTreeWidgetItem* item : all) {
+            if (item->childCount() == 0 && item->data(0, Qt::UserRole).toInt() == itemType) {
+                return item;
+            }
+        }
+        return nullptr;
+    }
+    void choose(QTreeWidgetItem* item) {
+        ASSERT_NE(item, nullptr);
+        form_->ConfigItemTree->setCurrentItem(item);
+        form_->ConfigItemTreeClick();
+    }
+    [[nodiscard]] std::string topic() const {
+        const std::string& command = form_->helpCommand();
+        return command.substr(command.rfind("::/") + 3);
+    }
+
+private:
+    std::unique_ptr<TConfigMainForm> form_;
+};
+
+TEST_F(MainFormTest, LaysOutTitleTreeAndSettings) {
+    TConfigMainForm& form = open();
+    EXPECT_EQ(form.size(), QSize(790, 562));
+    EXPECT_EQ(form.minimumSize(), QSize(750, 562));
+    EXPECT_EQ(form.TitlePanel->height(), 24);
+    EXPECT_EQ(form.TitlePanel->ClosePanel->size(), QSize(23, 24));
+    EXPECT_EQ(form.TitlePanel->ClosePanel->palette().color(QPalette::Window),
+              QColor(131, 197, 228));
+    EXPECT_EQ(form.ConfigItemTree->geometry(), QRect(0, 0, 150, form.Panel1->height()));
+    EXPECT_EQ(form.ConfigItemTree->indentation(), 19);
+    EXPECT_EQ(form.snmpGroup->size(), QSize(561, 353));
+    EXPECT_EQ(form.snmpGroup->x(), (form.Panel1->width() - 561 - 150) / 2 + 150);
+    EXPECT_EQ(form.snmpGroup->y(), (form.Panel1->height() - 353) / 2);
+    EXPECT_TRUE(form.snmpGroup->isVisible());
+    EXPECT_EQ(form.currentPage(), nullptr);
+    EXPECT_EQ(host.pending(), 0U);
+}
+
+struct TitleCase {
+    std::int32_t olt;
+    std::int32_t pon;
+    std::int32_t onu;
+    const char* tail;
+};
+
+TEST_F(MainFormTest, TitleNamesTheLevelsThatArePresent) {
+    const TitleCase cases[] = {
+        {1, 2, 3, " (IP:10.1.1.1  OLT:1 PON:2 ONU:3)"},
+        {1, -1, 3, " (IP:10.1.1.1  OLT:1 ONU:3)"},
+        {-1, -1, -1, " (IP:10.1.1.1)"},
+    };
+    for (const TitleCase& expected : cases) {
+        session.context.oltNumber = expected.olt;
+        session.context.ponNumber = expected.pon;
+        session.context.onuNumber = expected.onu;
+        const TConfigMainForm& form = open();
+        const std::string title = messageText(11002) + messageText(11003) + expected.tail;
+        EXPECT_EQ(bytesOf(form.windowTitle()), title);
+        EXPECT_EQ(bytesOf(form.TitlePanel->TitleLabel->text()), title);
+    }
+}
+
+TEST_F(MainFormTest, OpeningALeafMakesItsPageAndReadsOnce) {
+    TConfigMainForm& form = open();
+    choose(node(606));
+    ASSERT_NE(form.currentPage(), nullptr);
+    EXPECT_EQ(form.currentItemType(), 606);
+    EXPECT_EQ(form.currentPage()->geometry(),
+              QRect(151, 0, form.Panel1->width() - 151, form.Panel1->height()));
+    EXPECT_EQ(host.routedWindow(CP_KIND_READ, 606), form.currentPage()->replyHandle());
+    const auto posted = host.take();
+    ASSERT_TRUE(posted);
+    EXPECT_EQ(posted->kind, CP_KIND_READ);
+    EXPECT_EQ(posted->itemType, 606);
+    EXPECT_EQ(posted->suffix, ".1.2.5");
+    choose(node(606)); // again
+    EXPECT_EQ(host.pending(), 0U);
+    EXPECT_EQ(form.pageCount(), 1U);
+    EXPECT_EQ(topic(), "onuBasic.htm");
+}
+
+TEST_F(MainFormTest, ItemsWithoutPageShowTheSettingsAndComingBackKeepsThePage) {
+    TConfigMainForm& form = open();
+    choose(node(606));
+    host.take();
+    const ConfigPage* page = form.currentPage();
+    choose(node(826));
+    EXPECT_EQ(form.currentPage(), nullptr);
+    EXPECT_EQ(form.currentItemType(), 826);
+    EXPECT_TRUE(page->isHidden());
+    EXPECT_EQ(topic(), "onuVersion.htm");
+    EXPECT_EQ(host.pending(), 0U);
+    unregisterRoutes(session, 606);
+    choose(node(606));
+    EXPECT_EQ(form.currentPage(), page);
+    EXPECT_FALSE(page->isHidden());
+    EXPECT_EQ(host.routedWindow(CP_KIND_READ, 606), page->replyHandle());
+    EXPECT_EQ(host.pending(), 0U) << "the basic page does not read again when shown";
+    EXPECT_EQ(form.pageCount(), 1U);
+}
+
+TEST_F(MainFormTest, HeadingsAndTheRootChangeNothing) {
+    TConfigMainForm& form = open();
+    choose(node(606));
+    host.take();
+    QTreeWidgetItem* root = form.ConfigItemTree->topLevelItem(0);
+    for (QTreeWidgetItem* heading : {root, root->child(0)}) {
+        ASSERT_GT(heading->childCount(), 0);
+        choose(heading);
+        EXPECT_EQ(form.currentItemType(), 606);
+        EXPECT_NE(form.currentPage(), nullptr);
+        EXPECT_EQ(topic(), "onuBasic.htm");
+    }
+    form.ConfigItemTree->setCurrentItem(nullptr);
+    form.ConfigItemTreeClick();
+    EXPECT_EQ(form.currentItemType(), 606);
+}
+
+TEST_F(MainFormTest, F1RunsTheCommandOfTheLastItem) {
+    TConfigMainForm& form = open();
+    const std::string base = "hh mk:@MSITStore:" + clientRoot() + "\\Help\\confighelp.chm::/";
+    test::key(form, Qt::Key_F1);
+    choose(node(606));
+    host.take();
+    test::key(*form.currentPage()->refreshBtn, Qt::Key_F1);
+    test::key(form, Qt::Key_F2);
+    EXPECT_EQ(desk.commands, (Texts{base + "index.htm", base + "onuBasic.htm"}));
+    ASSERT_EQ(desk.help.size(), 2U);
+    EXPECT_EQ(desk.help[1].topic, "onuBasic.htm");
+}
+
+TEST_F(MainFormTest, EnterAndEscapeLeaveTheWindowOpen) {
+    TConfigMainForm& form = open();
+    test::key(form, Qt::Key_Escape);
+    test::key(form, Qt::Key_Return);
+    EXPECT_TRUE(form.isVisible());
+    test::click(*form.TitlePanel->ClosePanel);
+    EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(MainFormTest, SingleItemModeShowsOnePageAcrossTheWindow) {
+    session.context.subIndex = 7;
+    session.SubIndex = 7;
+    session.context.subUnitItemType = 606;
+    TConfigMainForm& form = open();
+    EXPECT_FALSE(form.ConfigItemTree->isVisible());
+    ASSERT_NE(form.currentPage(), nullptr);
+    EXPECT_EQ(form.currentPage()->geometry(),
+              QRect(0, 0, form.Panel1->width(), form.Panel1->height()));
+    EXPECT_TRUE(bytesOf(form.windowTitle()).ends_with(") " + messageText(606)));
+    const auto posted = host.take();
+    EXPECT_EQ(posted->suffix, ".1.2.5.7");
+    EXPECT_EQ(CodeParaReader(*posted->record).integer(CP_SUB_INDEX), 7U);
+}
+
+TEST_F(MainFormTest, SingleItemWithoutPageShowsFilledSettings) {
+    session.context.subIndex = 7;
+    session.context.subUnitItemType = 826;
+    session.context.snmpPort = 1161;
+    const TConfigMainForm& form = open();
+    EXPECT_EQ(form.currentPage(), nullptr);
+    EXPECT_TRUE(form.snmpGroup->isVisible());
+    EXPECT_EQ(form.snmpGroup->edtSnmpPort->text(), QStringLiteral("1161"));
+}
+
+TEST_F(MainFormTest, TreeFollowsTheWidthStepByStep) {
+    TConfigMainForm& form = open();
+    choose(node(606));
+    host.take();
+    int width = 150;
+    int before = 790;
+    for (const int next : {1003, 877, 750}) {
+        form.resize(next, 700);
+        width = static_cast<int>(width * (static_cast<double>(next) / before));
+        before = next;
+        EXPECT_EQ(form.ConfigItemTree->width(), width);
+        EXPECT_EQ(form.ConfigItemTree->height(), form.Panel1->height());
+        EXPECT_EQ(form.currentPage()->geometry(),
+                  QRect(width + 1, 0, form.Panel1->width() - width - 1, form.Panel1->height()));
+        EXPECT_EQ(form.snmpGroup->x(), (form.Panel1->width() - 561 - width) / 2 + width);
+    }
+    form.resize(100, 100);
+    EXPECT_EQ(form.size(), QSize(750, 562));
+}
+
+TEST_F(MainFormTest, ClosingWithdrawsRoutesAndDropsLateReplies) {
+    TConfigMainForm& form = open();
+    choose(node(606));
+    host.take();
+    const std::uint32_t window = form.currentPage()->replyHandle();
+    registerWriteRoute(session, 606, window);
+    registerReadRoute(session, 4711, 99); // somebody else's
+    form.close();
+    EXPECT_EQ(form.pageCount(), 0U);
+    EXPECT_EQ(host.routes.routes.size(), 1U);
+    EXPECT_FALSE(host.replyRead(606, {.values = Texts{"1"}}));
+    EXPECT_EQ(form.ConfigItemTree->topLevelItemCount(), 0);
+}
+
+TEST_F(MainFormTest, ShowingAgainAddsNoSecondTree) {
+    TConfigMainForm& form = open();
+    form.FormActivate();
+    form.hide();
+    form.show();
+    EXPECT_EQ(form.ConfigItemTree->topLevelItemCount(), 1);
+}
+
+TEST_F(MainFormTest, ReplyFillsThePageThroughItsRoute) {
+    TConfigMainForm& form = open();
+    choose(node(606));
+    host.take();
+    Texts values(22);
+    values[0] = "001A2B3C4D5E";
+    values[1] = "26";
+    ASSERT_TRUE(host.replyRead(606, {.values = values, .status = 1}));
+    const auto* page = dynamic_cast<TOnuBasic*>(form.currentPage());
+    ASSERT_NE(page, nullptr);
+    EXPECT_EQ(page->llidEdt->text(), QStringLiteral("1A"));
+}
+
+} // namespace
+} // namespace onudesk

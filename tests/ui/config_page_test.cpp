@@ -1,0 +1,365 @@
+// SPDX-License-Identifier: MIT
+//
+// The life cycle of pages, on a page made for it.
+#include "env/language_module.h"
+#include "pages/framework/config_page.h"
+#include "pages/framework/form_grid.h"
+#include "platform/window_messages.h"
+#include "ui_test.h"
+
+#include <QCheckBox>
+#include <QVBoxLayout>
+
+namespace onudesk {
+namespace {
+
+using test::Answer;
+using test::Binding;
+
+using Texts = std::vector<std::string>;
+
+constexpr std::int32_t kItem = 606;
+
+class SamplePage : public ConfigPage {
+public:
+    SamplePage(Session& pageSession, PageRules pageRules)
+        : ConfigPage(pageSession, kItem, std::move(pageRules), nullptr) {
+        modes_.addPair("slow", "1");
+        modes_.addPair("fast", "2");
+        modes_.complete();
+        const std::vector<Field> fields = {
+            {.control = "numberEdit",
+             .labelId = 20013,
+             .position = 0,
+             .group = "maintable",
+             .object = "onuName",
+             .check = FieldCheck{.range = FieldCheck::Range{1, 9}},
+             .written = Written::always},
+            {.control = "modeComb",
+             .labelId = 20013,
+             .kind = ControlKind::combo,
+             .position = 1,
+             .group = "maintable",
+             .object = "MacRowStatus",
+             .map = &modes_,
+             .written = Written::whileEnabled},
+            {.control = "keptComb",
+             .labelId = 20013,
+             .kind = ControlKind::combo,
+             .position = 1,
+             .map = &modes_,
+             .unknown = UnknownCode::keeps},
+            {.control = "tickedEdit",
+             .labelId = 20013,
+             .position = 2,
+             .group = "maintable",
+             .object = "onuBindMac",
+             .check = FieldCheck{.empty = EmptyText::takesFocus},
+             .written = Written::whileTicked,
+             .box = "tickBox"},
+            {.control = "lostEdit",
+             .labelId = 20013,
+             .position = 3,
+             .group = "maintable",
+             .object = "notInTheCatalogue",
+             .written = Written::always},
+        };
+        FormGrid form(*listPanel, 2);
+        form.add(fields);
+        tickBox = new QCheckBox(this);
+        tickBox->setObjectName(QStringLiteral("tickBox"));
+        extraBtn = makeButton(bottomPanel, "extraBtn", 20004, [] {});
+        setFields(fields);
+        start({extraBtn}, {});
+    }
+
+    QCheckBox* tickBox;
+    QPushButton* extraBtn;
+    int prepared = 0;
+    int filled = 0;
+
+    template <typename Control>
+    [[nodiscard]] Control* control(const char* name) const {
+        return findChild<Control*>(QString::fromLatin1(name));
+    }
+    void changeRange(std::int64_t maximum) { field("numberEdit").check->range->maximum = maximum; }
+
+protected:
+    void prepareRefresh() override { ++prepared; }
+    void fillPage(const ReadResult&) override { ++filled; }
+
+private:
+    ValueMap modes_;
+};
+
+class ConfigPageTest : public test::UiTest {
+protected:
+    std::unique_ptr<SamplePage> makePage(PageRules rules = {}) {
+        auto page = std::make_unique<SamplePage>(session, std::move(rules));
+        registerReadRoute(session, kItem, page->replyHandle());
+        return page;
+    }
+};
+
+Answer values(Texts list, std::uint32_t status = 1) {
+    return {.values = std::move(list), .status = status};
+}
+
+TEST_F(ConfigPageTest, StartsWaitingOrReady) {
+    const auto waiting = makePage();
+    EXPECT_FALSE(waiting->configBtn->isEnabled());
+    EXPECT_FALSE(waiting->refreshBtn->isEnabled());
+    EXPECT_FALSE(waiting->extraBtn->isEnabled());
+    EXPECT_TRUE(waiting->helpBtn->isEnabled());
+    EXPECT_TRUE(waiting->Timer1->isActive());
+    EXPECT_EQ(waiting->Timer1->interval(), 4000);
+    const auto ready = makePage({.start = StartState::ready});
+    EXPECT_TRUE(ready->configBtn->isEnabled());
+    EXPECT_TRUE(ready->refreshBtn->isEnabled());
+    EXPECT_FALSE(ready->Timer1->isActive());
+    EXPECT_EQ(host.pending(), 0U) << "a new page sends nothing itself";
+}
+
+TEST_F(ConfigPageTest, RefreshReadsOnceAndOnlyTheTimerGivesItBack) {
+    const auto page = makePage();
+    test::elapse(*page);
+    EXPECT_TRUE(page->refreshBtn->isEnabled());
+    EXPECT_FALSE(page->Timer1->isActive());
+    EXPECT_FALSE(page->configBtn->isEnabled()) << "configuration waits for a read";
+    host.routes.routes.clear();
+    test::click(*page->refreshBtn);
+    test::click(*page->refreshBtn);
+    EXPECT_EQ(host.pending(), 1U);
+    EXPECT_EQ(page->prepared, 1);
+    EXPECT_EQ(host.routedWindow(CP_KIND_READ, kItem), page->replyHandle());
+    const auto posted = host.take();
+    EXPECT_EQ(posted->kind, CP_KIND_READ);
+    EXPECT_EQ(posted->itemType, kItem);
+    ASSERT_TRUE(host.replyRead(kItem, values({"1"})));
+    EXPECT_FALSE(page->refreshBtn->isEnabled());
+    EXPECT_TRUE(page->Timer1->isActive()) << "a reply does not stop the timer";
+    test::elapse(*page);
+    EXPECT_TRUE(page->refreshBtn->isEnabled());
+}
+
+TEST_F(ConfigPageTest, RunningTimerKeepsItsTime) {
+    const auto page = makePage();
+    const int timer = page->Timer1->timerId();
+    page->refreshBtnClick();
+    EXPECT_EQ(page->Timer1->timerId(), timer) << "a restart would begin anew";
+    test::elapse(*page);
+    page->refreshBtnClick();
+    EXPECT_TRUE(page->Timer1->isActive());
+}
+
+TEST_F(ConfigPageTest, FailedPostLeavesRecoveryToTheTimer) {
+    const auto page = makePage({.start = StartState::ready});
+    host.goAway();
+    test::click(*page->refreshBtn);
+    EXPECT_FALSE(page->refreshBtn->isEnabled());
+    EXPECT_EQ(host.routedWindow(CP_KIND_READ, kItem), page->replyHandle());
+    test::elapse(*page);
+    EXPECT_TRUE(page->refreshBtn->isEnabled());
+}
+
+struct ButtonCase {
+    OnDecoded onDecoded;
+    OnFailedDecode onFailed;
+    Answer answer;
+    bool before;
+    bool after;
+};
+
+TEST_F(ConfigPageTest, RepliesSetTheButtonsByThePagesPolicy) {
+    const Answer failed{.errorText = "time-out", .errorStatus = -5};
+    const ButtonCase cases[] = {
+        {OnDecoded::enables, OnFailedDecode::enables, values({"1"}, 0), false, true},
+        {OnDecoded::enables, OnFailedDecode::enables, failed, false, true},
+        {OnDecoded::enables, OnFailedDecode::disables, failed, true, false},
+        {OnDecoded::enables, OnFailedDecode::leaves, failed, true, true},
+        {OnDecoded::enables, OnFailedDecode::leaves, failed, false, false},
+        {OnDecoded::followsFlag, OnFailedDecode::enables, values({"1"}, 1), false, true},
+        {OnDecoded::followsFlag, OnFailedDecode::enables, values({"1"}, 0), true, false},
+        {OnDecoded::followsFlag, OnFailedDecode::enables, {.values = Texts{"1"}}, true, false},
+        // The flag holds for replies the page cannot use, too.
+        {OnDecoded::followsFlag, OnFailedDecode::enables, values({}, 1), false, true},
+    };
+    for (const ButtonCase& expected : cases) {
+        const auto page = makePage({.onDecoded = expected.onDecoded,
+                                    .onFailedDecode = expected.onFailed,
+                                    .minimumValues = 1});
+        page->configBtn->setEnabled(expected.before);
+        page->extraBtn->setEnabled(expected.before);
+        page->refreshBtn->setEnabled(false);
+        ASSERT_TRUE(host.replyRead(kItem, expected.answer));
+        EXPECT_EQ(page->configBtn->isEnabled(), expected.after);
+        EXPECT_EQ(page->extraBtn->isEnabled(), expected.after);
+        EXPECT_FALSE(page->refreshBtn->isEnabled());
+    }
+}
+
+TEST_F(ConfigPageTest, EachOfSeveralRepliesCountsAndTheLastWins) {
+    const auto page = makePage({.onDecoded = OnDecoded::followsFlag});
+    ASSERT_TRUE(host.replyRead(kItem, values({"1"}, 1)));
+    ASSERT_TRUE(host.replyRead(kItem, values({"2"}, 0)));
+    EXPECT_FALSE(page->configBtn->isEnabled());
+    ASSERT_TRUE(host.replyRead(kItem, values({"3"}, 1)));
+    EXPECT_TRUE(page->configBtn->isEnabled());
+    EXPECT_EQ(page->filled, 3);
+}
+
+TEST_F(ConfigPageTest, ShortAndForeignRepliesChangeNothing) {
+    const auto page = makePage({.minimumValues = 2, .resultText = "group1"});
+    const Answer good{.values = Texts{"5", "2"}, .status = 1, .resultText = "group1"};
+    ASSERT_TRUE(host.replyRead(kItem, good));
+    EXPECT_EQ(page->filled, 1);
+    ASSERT_TRUE(host.replyRead(kItem, {.values = Texts{"7"}, .resultText = "group1"}));
+    ASSERT_TRUE(host.replyRead(kItem, {.values = Texts{"7", "1"}, .resultText = "group2"}));
+    ASSERT_TRUE(host.replyRead(kItem, {}));
+    EXPECT_EQ(page->filled, 1);
+    EXPECT_EQ(page->control<QLineEdit>("numberEdit")->text(), QStringLiteral("5"));
+}
+
+TEST_F(ConfigPageTest, FieldsFillByPositionAndUnknownCodesClearOrKeep) {
+    const auto page = makePage();
+    ASSERT_TRUE(host.replyRead(kItem, values({"5", "2", "six"})));
+    EXPECT_EQ(page->control<QLineEdit>("tickedEdit")->text(), QStringLiteral("six"));
+    EXPECT_EQ(bytesOf(page->control<QComboBox>("modeComb")->currentText()), "fast");
+    EXPECT_EQ(bytesOf(page->control<QComboBox>("keptComb")->currentText()), "fast");
+    ASSERT_TRUE(host.replyRead(kItem, values({"6", "77"})));
+    EXPECT_EQ(page->control<QComboBox>("modeComb")->currentIndex(), -1);
+    EXPECT_EQ(bytesOf(page->control<QComboBox>("keptComb")->currentText()), "fast");
+    EXPECT_EQ(page->control<QLineEdit>("tickedEdit")->text(), QStringLiteral("six"));
+}
+
+TEST_F(ConfigPageTest, ConfigWritesFieldsInOrderAndDropsUnknownObjects) {
+    const auto page = makePage();
+    ASSERT_TRUE(host.replyRead(kItem, values({"5", "2", "six", "x"})));
+    page->tickBox->setChecked(true);
+    page->refreshBtn->setEnabled(true);
+    test::click(*page->configBtn);
+    const auto posted = host.take();
+    ASSERT_TRUE(posted);
+    const std::string prefix = "1.3.6.1.4.1.27315.606.1.1.";
+    EXPECT_EQ(posted->bindings,
+              (std::vector<Binding>{{"onuName", prefix + "19.1.2.5", "5", 4},
+                                    {"MacRowStatus", prefix + "21.1.2.5", "2", 2},
+                                    {"onuBindMac", prefix + "20.1.2.5", "six", 4}}));
+    EXPECT_FALSE(page->configBtn->isEnabled());
+    EXPECT_FALSE(page->refreshBtn->isEnabled());
+    EXPECT_TRUE(page->extraBtn->isEnabled()) << "not among the page's write buttons";
+    EXPECT_TRUE(page->Timer1->isActive());
+    EXPECT_EQ(host.routedWindow(CP_KIND_WRITE, kItem), page->replyHandle());
+}
+
+TEST_F(ConfigPageTest, ChecksEndTheClickWithNothingSent) {
+    const auto page = makePage();
+    page->show();
+    ASSERT_TRUE(host.replyRead(kItem, values({"10", "2", ""})));
+    test::click(*page->configBtn);
+    EXPECT_EQ(desk.takeBox().caption, messageText(11054));
+    EXPECT_EQ(page->focusWidget(), page->control<QWidget>("numberEdit"));
+    EXPECT_TRUE(page->configBtn->isEnabled());
+    page->changeRange(10);
+    page->tickBox->setChecked(true);
+    test::click(*page->configBtn); // the empty ticked edit only takes the focus
+    EXPECT_EQ(page->focusWidget(), page->control<QWidget>("tickedEdit"));
+    EXPECT_EQ(host.pending(), 0U);
+    page->tickBox->setChecked(false);
+    test::click(*page->configBtn);
+    EXPECT_EQ(host.take()->bindings.size(), 2U);
+}
+
+struct WriteReplyCase {
+    OnWriteReply rule;
+    bool refreshes;
+    bool notifies;
+};
+
+TEST_F(ConfigPageTest, WriteReplyRefreshesFirstThenNotifies) {
+    const WriteReplyCase cases[] = {
+        {OnWriteReply::refreshesAndNotifies, true, true},
+        {OnWriteReply::refreshes, true, false},
+        {OnWriteReply::notifies, false, true},
+        {OnWriteReply::ignored, false, false},
+    };
+    for (const WriteReplyCase& expected : cases) {
+        const auto page = makePage({.onWriteReply = expected.rule});
+        registerWriteRoute(session, kItem, page->replyHandle());
+        desk.whileOpen = [&] {
+            EXPECT_EQ(host.pending(), expected.refreshes ? 1U : 0U) << "the read goes out first";
+            // The answer to that read is handled while the box is open.
+            EXPECT_TRUE(host.replyRead(kItem, values({"8"})));
+            EXPECT_EQ(page->control<QLineEdit>("numberEdit")->text(), QStringLiteral("8"));
+        };
+        ASSERT_TRUE(host.replyWrite(kItem, {.status = 1}));
+        EXPECT_EQ(host.take().has_value(), expected.refreshes);
+        EXPECT_EQ(desk.takeBoxes().size(), expected.notifies ? 1U : 0U);
+        EXPECT_EQ(test::TestHost::outstandingReplies(), 0U);
+        desk.whileOpen = {};
+    }
+}
+
+TEST_F(ConfigPageTest, RepliesItDoesNotReadGoBack) {
+    const auto page = makePage({.readsReplies = false});
+    ASSERT_TRUE(host.replyRead(kItem, values({"1"})));
+    EXPECT_EQ(page->filled, 0);
+    EXPECT_EQ(test::TestHost::outstandingReplies(), 0U);
+    page->handleMessage({WM_CODEPARA_READ_REPLY, nullptr, 0, nullptr});
+    page->handleMessage({4711, nullptr, 0, nullptr});
+}
+
+TEST_F(ConfigPageTest, AnswersAfterTheOperatorMovedOnStayWithTheirPage) {
+    const auto page = makePage();
+    session.context.currentItemType = 608; // another item is shown now
+    registerReadRoute(session, 608, 999);
+    registerWriteRoute(session, kItem, page->replyHandle());
+    ASSERT_TRUE(host.replyWrite(kItem, {.status = 1}));
+    desk.takeBox();
+    EXPECT_EQ(host.take()->itemType, kItem);
+    EXPECT_EQ(host.routedWindow(CP_KIND_READ, 608), 999U);
+    EXPECT_EQ(host.routedWindow(CP_KIND_READ, kItem), page->replyHandle());
+}
+
+TEST_F(ConfigPageTest, DestroyedPagesReceiveNothing) {
+    auto page = makePage();
+    const std::uint32_t window = page->replyHandle();
+    registerWriteRoute(session, kItem, window);
+    registerReadRoute(session, 608, 999);
+    platform::WindowMessage message{WM_CODEPARA_READ_REPLY, test::TestHost::makeReply({}), 0,
+                                    [](const platform::WindowMessage& left) {
+                                        auto* reply = static_cast<CodeParaReply*>(left.payload);
+                                        test::TestHost::releaseFn()(&reply);
+                                    }};
+    ASSERT_TRUE(platform::postWindowMessage(window, message));
+    page.reset();
+    EXPECT_EQ(test::TestHost::outstandingReplies(), 0U);
+    EXPECT_EQ(host.routes.routes.size(), 1U);
+    EXPECT_FALSE(platform::postWindowMessage(window, {}));
+}
+
+TEST_F(ConfigPageTest, ShowingAgainRereadsOnlyWhereTheRulesSaySo) {
+    const auto quiet = makePage();
+    quiet->updatePage();
+    EXPECT_EQ(host.pending(), 0U);
+    const auto reading = makePage({.rereadsWhenShown = true});
+    reading->updatePage();
+    EXPECT_EQ(host.take()->kind, CP_KIND_READ);
+}
+
+TEST_F(ConfigPageTest, ButtonsStayCentredBelowTheControls) {
+    const auto page = makePage();
+    const auto* bottom = page->findChild<QFrame*>(QStringLiteral("bottomPanel"));
+    const auto* list = page->findChild<QFrame*>(QStringLiteral("listPanel"));
+    page->show();
+    for (const QSize size : {QSize(600, 500), QSize(901, 640)}) {
+        page->resize(size);
+        page->FrameResize();
+        EXPECT_EQ(list->height(), size.height() - bottom->height());
+        EXPECT_EQ(bottom->y(), size.height() - bottom->height());
+        EXPECT_EQ(bottom->x(), (size.width() - bottom->width()) / 2);
+    }
+}
+
+} // namespace
+} // namespace onudesk

@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: MIT
+#include "pages/framework/controls.h"
+#include "pages/framework/title_bar.h"
+#include "ui_test.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+namespace onudesk {
+namespace {
+
+using platform::PromptIcon;
+
+class ControlsTest : public test::UiTest {};
+
+ValueMap yesNo() {
+    ValueMap map;
+    map.addPair("yes", "1");
+    map.addPair("no", "2");
+    map.complete();
+    return map;
+}
+
+TEST_F(ControlsTest, CombosCarryCodesAndStartUnselected) {
+    QComboBox combo;
+    int changes = 0;
+    QObject::connect(&combo, &QComboBox::currentIndexChanged, [&] { ++changes; });
+    fillCombo(combo, yesNo());
+    EXPECT_EQ(combo.count(), 2);
+    EXPECT_EQ(combo.itemText(0), QStringLiteral("no"));
+    EXPECT_EQ(combo.currentIndex(), -1);
+    EXPECT_FALSE(selectedCode(combo));
+    selectOrClear(combo, "1");
+    EXPECT_EQ(bytesOf(combo.currentText()), "yes");
+    EXPECT_EQ(selectedCode(combo), "1");
+    selectIfKnown(combo, "9");
+    EXPECT_EQ(selectedCode(combo), "1");
+    selectOrClear(combo, "9");
+    EXPECT_EQ(combo.currentIndex(), -1);
+    selectByText(combo, "no");
+    EXPECT_EQ(selectedCode(combo), "2");
+    selectByText(combo, "NO");
+    EXPECT_EQ(combo.currentIndex(), -1);
+    selectIfKnown(combo, "2");
+    selectByText(combo, "");
+    EXPECT_EQ(combo.currentIndex(), -1);
+    EXPECT_EQ(changes, 0) << "the program's changes must not look like the operator's";
+}
+
+TEST_F(ControlsTest, ShowValueServesCombosAndEdits) {
+    QComboBox combo;
+    fillCombo(combo, yesNo());
+    QLineEdit edit;
+    showValue(combo, yesNo(), "2");
+    showValue(edit, yesNo(), "2");
+    EXPECT_EQ(selectedCode(combo), "2");
+    EXPECT_EQ(edit.text(), QStringLiteral("no"));
+    showValue(edit, yesNo(), "3");
+    EXPECT_EQ(edit.text(), QString());
+}
+
+TEST_F(ControlsTest, LoadCaptionKnowsItsRangeOfIds) {
+    QLabel label(QStringLiteral("before"));
+    loadCaption(label, 606);
+    EXPECT_EQ(label.text(), QStringLiteral("Basic Information"));
+    loadCaption(label, 11006);
+    loadCaption(label, 499);
+    loadCaption(label, 4001);
+    EXPECT_EQ(label.text(), QStringLiteral("Basic Information"));
+    loadCaption(label, 3999); // in range, without a text
+    EXPECT_EQ(label.text(), QString());
+}
+
+TEST_F(ControlsTest, TypingLimitsCountBytesAndNeverCutTheProgramsText) {
+    QLineEdit edit;
+    limitTyping(edit, 4);
+    test::type(edit, QStringLiteral("中a文b"));
+    EXPECT_EQ(edit.text(), QStringLiteral("中a"));
+    setControlText(edit, "longer than four");
+    EXPECT_EQ(edit.text(), QStringLiteral("longer than four"));
+    edit.end(false);
+    test::type(edit, QStringLiteral("!"));
+    EXPECT_EQ(edit.text(), QStringLiteral("longer than four"));
+    test::key(edit, Qt::Key_Backspace);
+    EXPECT_EQ(edit.text(), QStringLiteral("longer than fou"));
+}
+
+TEST_F(ControlsTest, DigitsOnlyLimitsTypingNotSetting) {
+    QLineEdit edit;
+    digitsOnly(edit);
+    test::type(edit, QStringLiteral("1a2-3"));
+    EXPECT_EQ(edit.text(), QStringLiteral("123"));
+    setControlText(edit, "n/a");
+    EXPECT_EQ(edit.text(), QStringLiteral("n/a"));
+}
+
+TEST_F(ControlsTest, StatesReadWhatIsShown) {
+    QLineEdit masked;
+    masked.setInputMask(QStringLiteral("nn:nn;_"));
+    setControlText(masked, "0");
+    EXPECT_EQ(stateOf(masked).text, "0 :  ");
+    QPlainTextEdit memo;
+    setControlText(memo, "two\nlines");
+    memo.setEnabled(false);
+    EXPECT_EQ(stateOf(memo).text, "two\nlines");
+    EXPECT_FALSE(stateOf(memo).enabled);
+    QCheckBox box;
+    EXPECT_FALSE(stateOf(box).ticked);
+    box.setChecked(true);
+    EXPECT_TRUE(stateOf(box).ticked);
+}
+
+TEST_F(ControlsTest, UntouchedTextGoesBackByteForByte) {
+    QLineEdit edit;
+    setControlText(edit, "ab\xFF"); // no valid UTF-8
+    EXPECT_EQ(stateOf(edit).text, "ab\xFF");
+    edit.end(false);
+    test::type(edit, QStringLiteral("c"));
+    EXPECT_EQ(stateOf(edit).text, "ab\xEF\xBF\xBD"
+                                  "c");
+}
+
+TEST_F(ControlsTest, RefusalsTellAndMoveTheFocus) {
+    QWidget window;
+    QLineEdit first(&window);
+    QLineEdit second(&window);
+    window.show();
+    window.activateWindow();
+    first.setFocus();
+    refuse({message::outOfRange, {"1", "9"}}, &second, 5);
+    const auto box = desk.takeBox();
+    EXPECT_NE(box.text.find("1"), std::string::npos);
+    EXPECT_NE(box.text.find("9"), std::string::npos);
+    EXPECT_EQ(box.owner, 5U);
+    EXPECT_EQ(window.focusWidget(), &second);
+    refuse({}, &first, 5); // focus only
+    EXPECT_EQ(window.focusWidget(), &first);
+    tellNotANumber("twelve", 5);
+    const auto number = desk.takeBox();
+    EXPECT_NE(number.text.find("twelve"), std::string::npos);
+    EXPECT_EQ(number.icon, PromptIcon::warning);
+}
+
+TEST_F(ControlsTest, DeletingAsksFirst) {
+    desk.answer = platform::PromptAnswer::no;
+    EXPECT_FALSE(confirmDelete(3));
+    desk.answer = platform::PromptAnswer::yes;
+    EXPECT_TRUE(confirmDelete(3));
+    const auto boxes = desk.takeBoxes();
+    ASSERT_EQ(boxes.size(), 2U);
+    EXPECT_EQ(boxes[0].buttons, platform::PromptButtons::yesNo);
+    EXPECT_FALSE(boxes[0].text.empty());
+    EXPECT_FALSE(boxes[0].caption.empty());
+}
+
+TEST_F(ControlsTest, TitleBarColoursItsClosePanelAndCloses) {
+    QWidget window;
+    TitleBar bar(&window, QColor(131, 197, 228));
+    int closed = 0;
+    bar.onClose = [&] { ++closed; };
+    const auto colour = [&] { return bar.ClosePanel->palette().color(QPalette::Window); };
+    EXPECT_EQ(colour(), QColor(131, 197, 228));
+    test::hover(*bar.ClosePanel);
+    EXPECT_EQ(colour(), QColor(255, 0, 0));
+    test::hover(bar);
+    EXPECT_EQ(colour(), QColor(131, 197, 228));
+    test::click(bar);
+    EXPECT_EQ(closed, 0);
+    test::click(*bar.ClosePanel);
+    EXPECT_EQ(closed, 1);
+}
+
+} // namespace
+} // namespace onudesk

@@ -1,0 +1,364 @@
+// SPDX-License-Identifier: MIT
+#include "env/client_paths.h"
+#include "env/language_module.h"
+#include "pages/basic/onu_basic.h"
+#include "ui_test.h"
+
+#include <set>
+
+#include <QPlainTextEdit>
+
+namespace onudesk {
+namespace {
+
+using platform::PromptIcon;
+using test::Answer;
+using test::Binding;
+
+using Texts = std::vector<std::string>;
+
+constexpr std::int32_t kItem = 606;
+constexpr const char* kNoMac = "00:00:00:00:00:00";
+
+// An ONU that is not registered: its MAC can be bound.
+Texts freeSlot() {
+    return {"000000000000",
+            "26",
+            "V",
+            "M",
+            "GE FE VoIP",
+            "1",
+            "3",
+            "4",
+            "15",
+            "2",
+            "0",
+            "8",
+            "2",
+            "8",
+            "4",
+            "1",
+            "133",
+            "now",
+            "ab",
+            "001A2B3C4D5E",
+            "",
+            "1"};
+}
+
+Texts changed(Texts values, std::size_t position, const std::string& value) {
+    values[position] = value;
+    return values;
+}
+
+Texts registered() {
+    return changed(freeSlot(), 0, "001A2B3C4D5E");
+}
+
+class OnuBasicTest : public test::UiTest {
+protected:
+    OnuBasicTest() { registerReadRoute(session, kItem, page.replyHandle()); }
+
+    void read(const Texts& values, std::uint32_t nameLength = 2) {
+        std::vector<std::uint32_t> lengths(values.size(), 0);
+        if (lengths.size() > 18) {
+            lengths[18] = nameLength;
+        }
+        ASSERT_TRUE(
+            host.replyRead(kItem, {.values = values, .lengths = std::move(lengths), .status = 1}));
+    }
+    std::string text(const char* control) {
+        if (const auto* memo = page.findChild<QPlainTextEdit*>(QString::fromLatin1(control))) {
+            return bytesOf(memo->toPlainText());
+        }
+        return bytesOf(page.findChild<QLineEdit*>(QString::fromLatin1(control))->text());
+    }
+    // The bindings of the only request posted since the last call, by name and value.
+    std::vector<std::pair<std::string, std::string>> written() {
+        const auto posted = host.take();
+        if (!posted || posted->kind != CP_KIND_WRITE) {
+            ADD_FAILURE() << "no write was posted";
+            return {};
+        }
+        EXPECT_EQ(host.pending(), 0U);
+        std::vector<std::pair<std::string, std::string>> pairs;
+        for (const Binding& binding : posted->bindings) {
+            EXPECT_TRUE(binding.oid.ends_with(".1.2.5")) << binding.oid;
+            pairs.emplace_back(binding.name, binding.value);
+        }
+        return pairs;
+    }
+    void finishWrite() {
+        ASSERT_TRUE(host.replyWrite(kItem, {.status = 1}));
+        desk.takeBox();
+        EXPECT_EQ(host.take()->kind, CP_KIND_READ);
+    }
+
+    using Pairs = std::vector<std::pair<std::string, std::string>>;
+    const std::string mac_{"\x00\x1A\x2B\x3C\x4D\x5E", 6};
+    TOnuBasic page{session, kItem, nullptr};
+};
+
+TEST_F(OnuBasicTest, StartsWaitingWithHiddenAuthentication) {
+    for (const QPushButton* button : {page.configBtn, page.refreshBtn, page.nameBtn, page.macBtn}) {
+        EXPECT_FALSE(button->isEnabled()) << bytesOf(button->objectName());
+    }
+    EXPECT_TRUE(page.Timer1->isActive());
+    EXPECT_TRUE(page.authValidComb->isHidden());
+    EXPECT_TRUE(page.authValidLabel->isHidden());
+    EXPECT_EQ(page.authValidComb->currentIndex(), 0);
+    EXPECT_EQ(page.authValidComb->count(), 2);
+    EXPECT_FALSE(page.llidEdt->isEnabled());
+    EXPECT_TRUE(page.llidEdt->isReadOnly());
+    EXPECT_EQ(maskedText(*page.macEdit), "  :  :  :  :  :  ");
+}
+
+TEST_F(OnuBasicTest, ShowsEveryValueInItsControl) {
+    read(registered());
+    const std::pair<const char*, const char*> shownTexts[] = {
+        {"llidEdt", "1A"},    {"serviceMemo", "GE FE VoIP"},
+        {"numgeEdit", "1"},   {"mapgeEdit", "0x0003"},
+        {"numfeEdit", "4"},   {"mapfeEdit", "0x000F"},
+        {"numpotsEdit", "2"}, {"numE1Edit", "0"},
+        {"numUSEdit", "8"},   {"queUSEdit", "2"},
+        {"numDSEdit", "8"},   {"queDSEdit", "4"},
+        {"rttEdit", "133"},   {"timeEdit", "now"},
+        {"nameEdit", "ab"},
+    };
+    for (const auto& [control, value] : shownTexts) {
+        EXPECT_EQ(text(control), value) << control;
+    }
+    EXPECT_EQ(text("batteryEdit"), messageText(11043));
+    EXPECT_EQ(maskedText(*page.macEdit), "00:1A:2B:3C:4D:5E");
+    read(changed(registered(), 15, "7"));
+    EXPECT_EQ(text("batteryEdit"), "");
+}
+
+TEST_F(OnuBasicTest, LlidNeedsTheFirstValueAndShowsTheSecond) {
+    read(changed(registered(), 1, "4095"));
+    EXPECT_EQ(text("llidEdt"), "FFF");
+    read(changed(changed(registered(), 0, ""), 1, "5"));
+    EXPECT_EQ(text("llidEdt"), "FFF");
+    read(changed(freeSlot(), 1, "5")); // zero, but not empty
+    EXPECT_EQ(text("llidEdt"), "05");
+}
+
+TEST_F(OnuBasicTest, ShortRepliesOnlyGiveTheButtonsBack) {
+    read(registered());
+    Texts few = changed(registered(), 16, "999");
+    few.pop_back();
+    page.configBtn->setEnabled(false);
+    read(few);
+    EXPECT_EQ(text("rttEdit"), "133");
+    EXPECT_TRUE(page.configBtn->isEnabled());
+    page.configBtn->setEnabled(false);
+    ASSERT_TRUE(host.replyRead(kItem, {.errorText = "time-out", .errorStatus = -5}));
+    EXPECT_TRUE(page.configBtn->isEnabled());
+    EXPECT_TRUE(page.nameBtn->isEnabled());
+    EXPECT_TRUE(page.macBtn->isEnabled());
+}
+
+TEST_F(OnuBasicTest, NamesComeAsTextOrAsHexadecimal) {
+    struct Case {
+        const char* value;
+        std::uint32_t length;
+        const char* shownName;
+    };
+    const Case cases[] = {
+        {"4F4E5531", 4, "ONU1"},
+        {"4F4E5531", 8, "4F4E5531"},
+        {"4F4E553", 4, ""},
+        {"4F4E0031", 4, "ON"},
+        {"", 0, ""},
+        {"\xE4\xB8\xAD", 3, "\xE4\xB8\xAD"},
+    };
+    for (const Case& expected : cases) {
+        read(changed(registered(), 18, expected.value), expected.length);
+        EXPECT_EQ(text("nameEdit"), expected.shownName) << expected.value;
+    }
+}
+
+TEST_F(OnuBasicTest, RegisteredOrLockedMacsGiveTheNameFree) {
+    read(freeSlot());
+    EXPECT_TRUE(page.macEdit->isEnabled());
+    EXPECT_FALSE(page.nameEdit->isEnabled());
+    EXPECT_FALSE(page.nameBtn->isEnabled());
+    EXPECT_EQ(text("nameEdit"), "");
+    EXPECT_FALSE(page.macBtn->isHidden());
+    read(changed(freeSlot(), 20, "2"));
+    EXPECT_FALSE(page.macEdit->isEnabled());
+    EXPECT_FALSE(page.macBtn->isHidden()) << "only a registered ONU hides the button";
+    EXPECT_TRUE(page.nameEdit->isEnabled());
+    EXPECT_TRUE(page.nameBtn->isEnabled());
+    read(freeSlot());
+    EXPECT_FALSE(page.macEdit->isEnabled()) << "nothing enables it again";
+    EXPECT_EQ(text("nameEdit"), "ab");
+}
+
+TEST_F(OnuBasicTest, AnyHexadecimalDigitMeansRegistered) {
+    read(changed(freeSlot(), 0, "A"));
+    EXPECT_FALSE(page.macEdit->isEnabled());
+    EXPECT_TRUE(page.macBtn->isHidden());
+}
+
+TEST_F(OnuBasicTest, BindingTakesTwoWritesAndStaysPending) {
+    read(freeSlot());
+    test::click(*page.configBtn);
+    EXPECT_EQ(written(), (Pairs{{"onuBindMac", mac_}}));
+    finishWrite();
+    read(changed(freeSlot(), 19, "FFFFFFFFFFFF"));
+    EXPECT_EQ(maskedText(*page.macEdit), "00:1A:2B:3C:4D:5E") << "kept while a bind is pending";
+    test::click(*page.configBtn);
+    EXPECT_EQ(written(), (Pairs{{"MacRowStatus", "4"}}));
+    finishWrite();
+    read(changed(freeSlot(), 20, "1"));
+    test::click(*page.configBtn);
+    EXPECT_EQ(written(), (Pairs{{"MacRowStatus", "4"}}));
+}
+
+TEST_F(OnuBasicTest, AfterAFailedFirstReadConfigSendsMacAndName) {
+    ASSERT_TRUE(host.replyRead(kItem, {.errorText = "time-out", .errorStatus = -5}));
+    setControlText(*page.macEdit, "00:1A:2b:3c:4d:5e");
+    test::type(*page.nameEdit, QStringLiteral("cellar"));
+    test::click(*page.configBtn);
+    EXPECT_EQ(written(), (Pairs{{"onuBindMac", mac_}, {"onuName", "cellar"}}));
+}
+
+TEST_F(OnuBasicTest, RefusedActivationIsToldOnceAndTakenBack) {
+    read(changed(freeSlot(), 20, "3"));
+    EXPECT_TRUE(desk.takeBoxes().empty()) << "nothing is pending";
+    test::click(*page.configBtn);
+    written();
+    finishWrite();
+    desk.whileOpen = [&] { read(changed(freeSlot(), 20, "3")); }; // another answer meanwhile
+    read(changed(freeSlot(), 20, "3"));
+    desk.whileOpen = {};
+    const auto box = desk.takeBox();
+    EXPECT_EQ(box.text, messageText(3026));
+    EXPECT_EQ(box.caption, messageText(11054));
+    EXPECT_EQ(box.icon, PromptIcon::warning);
+    test::click(*page.configBtn);
+    EXPECT_EQ(written().front().first, "onuBindMac") << "the next Config starts over";
+}
+
+TEST_F(OnuBasicTest, RefusedActivationClearsTheMac) {
+    read(freeSlot());
+    test::click(*page.configBtn);
+    written();
+    finishWrite();
+    read(changed(freeSlot(), 20, "3"));
+    EXPECT_EQ(desk.takeBox().text, messageText(3026));
+    EXPECT_EQ(maskedText(*page.macEdit), kNoMac);
+}
+
+TEST_F(OnuBasicTest, BadMacsAreRefusedInPlace) {
+    struct Case {
+        const char* typed;
+        int textId;
+    };
+    const Case cases[] = {{"001g2b3c4d5e", 3028}, {"", 3029}, {"000000000000", 3029}};
+    page.show();
+    for (const Case& expected : cases) {
+        read(changed(freeSlot(), 19, ""));
+        page.macEdit->home(false);
+        test::type(*page.macEdit, QString::fromLatin1(expected.typed));
+        test::click(*page.configBtn);
+        const auto box = desk.takeBox();
+        EXPECT_EQ(box.text, messageText(expected.textId)) << expected.typed;
+        EXPECT_EQ(box.caption, messageText(113));
+        EXPECT_EQ(box.icon, PromptIcon::none);
+        EXPECT_EQ(page.focusWidget(), page.macEdit);
+        EXPECT_EQ(host.pending(), 0U);
+        EXPECT_TRUE(page.configBtn->isEnabled());
+    }
+}
+
+TEST_F(OnuBasicTest, TypedBlanksCountAsZeros) {
+    read(changed(freeSlot(), 19, ""));
+    page.macEdit->home(false);
+    test::type(*page.macEdit, QStringLiteral("a"));
+    test::click(*page.configBtn);
+    EXPECT_EQ(written(), (Pairs{{"onuBindMac", std::string("\xA0\0\0\0\0\0", 6)}}));
+}
+
+TEST_F(OnuBasicTest, LockedMacWritesTheNameOnly) {
+    read(registered());
+    page.nameEdit->selectAll();
+    test::type(*page.nameEdit, QStringLiteral("attic"));
+    test::click(*page.configBtn);
+    EXPECT_EQ(written(), (Pairs{{"onuName", "attic"}}));
+    EXPECT_FALSE(page.macBtn->isEnabled());
+    EXPECT_TRUE(page.nameBtn->isEnabled()) << "a write leaves the name's button alone";
+    finishWrite();
+    EXPECT_FALSE(page.nameBtn->isEnabled()) << "a refresh does not";
+}
+
+TEST_F(OnuBasicTest, NamesAreLimitedTo32TypedBytes) {
+    test::type(*page.nameEdit, QString(40, QLatin1Char('n')));
+    EXPECT_EQ(page.nameEdit->text().size(), 32);
+}
+
+TEST_F(OnuBasicTest, DeletingTheNameWritesAnEmptyOne) {
+    read(registered());
+    test::click(*page.nameBtn);
+    EXPECT_EQ(written(), (Pairs{{"onuName", ""}}));
+    EXPECT_FALSE(page.configBtn->isEnabled());
+    EXPECT_TRUE(page.Timer1->isActive());
+}
+
+TEST_F(OnuBasicTest, DeletingTheMacDestroysItsRow) {
+    read(freeSlot());
+    test::click(*page.macBtn);
+    EXPECT_EQ(written(), (Pairs{{"MacRowStatus", "6"}}));
+    EXPECT_FALSE(page.macEdit->isEnabled());
+}
+
+TEST_F(OnuBasicTest, DeletingNothingIsRefused) {
+    read(changed(freeSlot(), 19, "000000000000"));
+    test::click(*page.macBtn);
+    const auto box = desk.takeBox();
+    EXPECT_EQ(box.text, messageText(3030));
+    EXPECT_EQ(box.caption, messageText(113));
+    EXPECT_EQ(box.icon, PromptIcon::none);
+    EXPECT_EQ(host.pending(), 0U);
+    EXPECT_TRUE(page.macEdit->isEnabled());
+}
+
+TEST_F(OnuBasicTest, HelpOpensItsTopic) {
+    loadHelpIndexOnce(messageText(6201));
+    test::click(*page.helpBtn);
+    ASSERT_EQ(desk.help.size(), 1U);
+    EXPECT_EQ(desk.help[0].topic, "onuBasic.htm");
+}
+
+TEST_F(OnuBasicTest, ControlsAreNamedOnceAndTabInReadingOrder) {
+    std::set<QString> names;
+    for (const QWidget* control : page.findChildren<QWidget*>()) {
+        const QString name = control->objectName();
+        if (!name.isEmpty() && !name.startsWith(QStringLiteral("qt_"))) {
+            EXPECT_TRUE(names.insert(name).second) << bytesOf(name);
+        }
+    }
+    page.resize(635, 520);
+    page.show();
+    std::vector<const QWidget*> order;
+    for (const QWidget* next = page.nextInFocusChain(); next != &page;
+         next = next->nextInFocusChain()) {
+        if (next->focusPolicy() != Qt::NoFocus && next->isVisibleTo(&page) &&
+            qobject_cast<const QLineEdit*>(next) != nullptr) {
+            order.push_back(next);
+        }
+    }
+    const auto place = [&](const QWidget* control) {
+        const QPoint at = control->mapTo(&page, QPoint(0, 0));
+        return std::pair(at.y(), at.x());
+    };
+    for (std::size_t at = 1; at < order.size(); ++at) {
+        EXPECT_LT(place(order[at - 1]), place(order[at]))
+            << bytesOf(order[at - 1]->objectName()) << " before "
+            << bytesOf(order[at]->objectName());
+    }
+}
+
+} // namespace
+} // namespace onudesk

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#include "ui_test.h"
+
+#include "env/client_paths.h"
+#include "env/language_module.h"
+#include "platform/window_messages.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QTimer>
+
+namespace onudesk::test {
+
+namespace {
+
+LanguageModule english() {
+    return LanguageModule::load(std::string(ONUDESK_SOURCE_DIR) + "/client/lang/libonuconfig.ENU")
+        .value();
+}
+
+void mouse(QWidget& control, QEvent::Type type, QPoint position, Qt::MouseButton button) {
+    const Qt::MouseButtons held =
+        type == QEvent::MouseButtonRelease || type == QEvent::MouseMove ? Qt::NoButton : button;
+    QMouseEvent event(type, position, control.mapToGlobal(position), button, held, Qt::NoModifier);
+    QApplication::sendEvent(&control, &event);
+}
+
+} // namespace
+
+UiTest::UiTest() : tree_(ONUDESK_BUILD_CLIENT_DIR) {
+    installLanguage(english());
+}
+
+UiTest::~UiTest() {
+    EXPECT_EQ(platform::pendingWindowMessages(), 0U);
+    clearHelpIndex();
+    installLanguage({});
+}
+
+void clickAt(QWidget& control, QPoint position) {
+    if (control.isEnabled()) {
+        mouse(control, QEvent::MouseButtonPress, position, Qt::LeftButton);
+        mouse(control, QEvent::MouseButtonRelease, position, Qt::LeftButton);
+    }
+}
+
+void click(QWidget& control) {
+    clickAt(control, control.rect().center());
+}
+
+void doubleClickAt(QWidget& control, QPoint position) {
+    clickAt(control, position);
+    mouse(control, QEvent::MouseButtonDblClick, position, Qt::LeftButton);
+    mouse(control, QEvent::MouseButtonRelease, position, Qt::LeftButton);
+}
+
+void hover(QWidget& control) {
+    mouse(control, QEvent::MouseMove, control.rect().center(), Qt::NoButton);
+}
+
+void key(QWidget& control, int code, const QString& text) {
+    QKeyEvent press(QEvent::KeyPress, code, Qt::NoModifier, text);
+    QApplication::sendEvent(&control, &press);
+    QKeyEvent release(QEvent::KeyRelease, code, Qt::NoModifier, text);
+    QApplication::sendEvent(&control, &release);
+}
+
+void type(QWidget& control, const QString& text) {
+    for (const QChar c : text) {
+        key(control, Qt::Key_unknown, QString(c));
+    }
+}
+
+void elapse(const QObject& page) {
+    auto* timer = page.findChild<QTimer*>(QStringLiteral("Timer1"));
+    ASSERT_NE(timer, nullptr);
+    ASSERT_TRUE(timer->isActive());
+    QMetaObject::invokeMethod(timer, "timeout", Qt::DirectConnection);
+}
+
+} // namespace onudesk::test
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    testing::InitGoogleTest(&argc, argv);
+    const QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
