@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: MIT
+#include "ctl/control_snapshot.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QJsonArray>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTableWidget>
+#include <QTimer>
+
+namespace onudesk::ctl {
+
+namespace {
+
+QString property(const ControlSnapshot& control, const char* name) {
+    return control.properties[QLatin1String(name)].toString();
+}
+
+void describeCombo(const QComboBox& combo, QJsonObject& properties) {
+    QJsonArray items;
+    for (int row = 0; row < combo.count(); ++row) {
+        items.append(combo.itemText(row));
+    }
+    properties[QLatin1String("items")] = items;
+    properties[QLatin1String("index")] = combo.currentIndex();
+    properties[QLatin1String("text")] =
+        combo.currentIndex() < 0 ? combo.placeholderText() : combo.currentText();
+}
+
+void describeTable(const QTableWidget& table, QJsonObject& properties) {
+    QJsonArray columns;
+    for (int column = 0; column < table.columnCount(); ++column) {
+        if (!table.isColumnHidden(column)) {
+            const QTableWidgetItem* title = table.horizontalHeaderItem(column);
+            columns.append(title == nullptr ? QString() : title->text());
+        }
+    }
+    QJsonArray rows;
+    for (int row = 0; row < table.rowCount(); ++row) {
+        QJsonArray cells;
+        for (int column = 0; column < table.columnCount(); ++column) {
+            const QTableWidgetItem* cell = table.item(row, column);
+            if (!table.isColumnHidden(column)) {
+                cells.append(cell == nullptr ? QString() : cell->text());
+            }
+        }
+        rows.append(cells);
+    }
+    const QModelIndexList selected = table.selectionModel()->selectedRows();
+    properties[QLatin1String("columns")] = columns;
+    properties[QLatin1String("rows")] = rows;
+    properties[QLatin1String("selected")] = selected.isEmpty() ? -1 : selected.front().row();
+}
+
+// The kind of a control, and what only that kind has. Empty for widgets that are no controls.
+QString describeKind(const QWidget& widget, QJsonObject& properties) {
+    const QLatin1String text("text");
+    const QLatin1String checked("checked");
+    if (const auto* edit = qobject_cast<const QLineEdit*>(&widget)) {
+        properties[text] = edit->displayText();
+        return QStringLiteral("edit");
+    }
+    if (const auto* memo = qobject_cast<const QPlainTextEdit*>(&widget)) {
+        properties[text] = memo->toPlainText();
+        return QStringLiteral("memo");
+    }
+    if (const auto* combo = qobject_cast<const QComboBox*>(&widget)) {
+        describeCombo(*combo, properties);
+        return QStringLiteral("combo");
+    }
+    if (const auto* table = qobject_cast<const QTableWidget*>(&widget)) {
+        describeTable(*table, properties);
+        return QStringLiteral("table");
+    }
+    if (const auto* group = qobject_cast<const QGroupBox*>(&widget)) {
+        properties[text] = group->title();
+        return QStringLiteral("group");
+    }
+    if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
+        properties[text] = label->text();
+        return QStringLiteral("label");
+    }
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
+        properties[text] = button->text();
+        if (button->isCheckable()) {
+            properties[checked] = button->isChecked();
+        }
+        return qobject_cast<const QCheckBox*>(button) != nullptr      ? QStringLiteral("box")
+               : qobject_cast<const QRadioButton*>(button) != nullptr ? QStringLiteral("radio")
+                                                                      : QStringLiteral("button");
+    }
+    return {};
+}
+
+} // namespace
+
+std::vector<ControlSnapshot> snapshotControls(const QWidget& page) {
+    std::vector<ControlSnapshot> controls;
+    for (const QWidget* widget : page.findChildren<QWidget*>()) {
+        const QString name = widget->objectName();
+        if (name.isEmpty() || name.startsWith(QLatin1String("qt_"))) {
+            continue;
+        }
+        ControlSnapshot control{name, {}};
+        const QString kind = describeKind(*widget, control.properties);
+        if (!kind.isEmpty()) {
+            control.properties[QLatin1String("kind")] = kind;
+            control.properties[QLatin1String("enabled")] = widget->isEnabled();
+            control.properties[QLatin1String("visible")] = widget->isVisible();
+            controls.push_back(control);
+        }
+    }
+    for (const QTimer* timer : page.findChildren<QTimer*>()) {
+        if (!timer->objectName().isEmpty()) {
+            controls.push_back({timer->objectName(),
+                                {{QLatin1String("kind"), QLatin1String("timer")},
+                                 {QLatin1String("enabled"), timer->isActive()}}});
+        }
+    }
+    return controls;
+}
+
+QString describe(const ControlSnapshot& control) {
+    QString line = control.name.leftJustified(20) + QLatin1Char(' ') +
+                   property(control, "kind").leftJustified(7);
+    const QJsonObject& properties = control.properties;
+    if (properties.contains(QLatin1String("text"))) {
+        line += QLatin1Char('"') + property(control, "text") + QLatin1Char('"');
+    }
+    if (properties.contains(QLatin1String("checked"))) {
+        line += properties[QLatin1String("checked")].toBool() ? QStringLiteral(" [x]")
+                                                              : QStringLiteral(" [ ]");
+    }
+    for (const QJsonValue& row : properties[QLatin1String("rows")].toArray()) {
+        QStringList cells;
+        for (const QJsonValue& cell : row.toArray()) {
+            cells << cell.toString();
+        }
+        line += QStringLiteral("\n    ") + cells.join(QStringLiteral(" | "));
+    }
+    if (!properties[QLatin1String("enabled")].toBool()) {
+        line += QStringLiteral(" (disabled)");
+    }
+    if (properties.contains(QLatin1String("visible")) &&
+        !properties[QLatin1String("visible")].toBool()) {
+        line += QStringLiteral(" (hidden)");
+    }
+    return line;
+}
+
+} // namespace onudesk::ctl

@@ -1,0 +1,231 @@
+// SPDX-License-Identifier: MIT
+#include "ctl/options.h"
+
+#include <charconv>
+#include <map>
+#include <utility>
+
+#include <getopt.h>
+
+namespace onudesk::ctl {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+enum LongOption : int {
+    optSim = 256,
+    optAgent,
+    optOnu,
+    optSub,
+    optItem,
+    optMenu,
+    optClient,
+    optLocale,
+    optSecrets,
+    optTrace,
+    optJson,
+    optHelp,
+    optVersion,
+};
+
+constexpr option kLongOptions[] = {
+    {"sim", optional_argument, nullptr, optSim},
+    {"agent", required_argument, nullptr, optAgent},
+    {"onu", required_argument, nullptr, optOnu},
+    {"sub", required_argument, nullptr, optSub},
+    {"item", required_argument, nullptr, optItem},
+    {"menu", required_argument, nullptr, optMenu},
+    {"client", required_argument, nullptr, optClient},
+    {"locale", required_argument, nullptr, optLocale},
+    {"secrets", required_argument, nullptr, optSecrets},
+    {"trace", required_argument, nullptr, optTrace},
+    {"json", no_argument, nullptr, optJson},
+    {"help", no_argument, nullptr, optHelp},
+    {"version", no_argument, nullptr, optVersion},
+    {nullptr, 0, nullptr, 0},
+};
+
+template <typename Number>
+bool readNumber(const std::string& text, Number& number) {
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc() && end == text.data() + text.size() && number >= 0;
+}
+
+bool readVersion(const std::string& text, host::SnmpVersion& version) {
+    static const std::map<std::string, host::SnmpVersion> versions = {
+        {"1", host::SnmpVersion::v1}, {"2c", host::SnmpVersion::v2c}, {"3", host::SnmpVersion::v3}};
+    const auto found = versions.find(text);
+    if (found == versions.end()) {
+        return false;
+    }
+    version = found->second;
+    return true;
+}
+
+Result<bool> wrong(const std::string& name, const std::string& text, const std::string& wanted) {
+    return Error{name + " " + text + ": must be " + wanted};
+}
+
+fs::path outputPath(const std::string& text) {
+    return text == kStandardOutput ? fs::path(text) : fs::absolute(text);
+}
+
+Result<bool> takeOption(int code, const std::string& text, Options& options) {
+    host::OnuTarget& target = options.target;
+    switch (code) {
+    case optSim:
+        options.simulate = true;
+        if (!text.empty()) {
+            options.recording = fs::absolute(text);
+        }
+        return true;
+    case optAgent:
+        return host::parseAgent(text, target);
+    case 'v':
+        return readVersion(text, target.version) ? true : wrong("-v", text, "1, 2c or 3");
+    case optOnu:
+        return host::parseOnuIndex(text, target)
+                   ? true
+                   : wrong("--onu", text, "numbers as in OLT.PON.ONU");
+    case optSub:
+        return readNumber(text, target.subIndex) ? true : wrong("--sub", text, "a number");
+    case optItem:
+        return readNumber(text, target.subUnitItemType) ? true : wrong("--item", text, "a number");
+    case optMenu:
+        target.menuFileName = text;
+        return true;
+    case optClient:
+        options.clientDirectory = fs::absolute(text);
+        return true;
+    case optLocale:
+        return readNumber(text, target.localeId) ? true : wrong("--locale", text, "a number");
+    case optSecrets:
+        options.secretsFile = fs::absolute(text);
+        return true;
+    case optTrace:
+        options.traceFile = outputPath(text);
+        return true;
+    case optJson:
+        options.json = true;
+        return true;
+    case optHelp:
+        options.command = Command::help;
+        return true;
+    case optVersion:
+        options.command = Command::version;
+        return true;
+    default:
+        return Error{"unknown option or missing value; see onuctl --help"};
+    }
+}
+
+Result<bool> takeItem(const std::string& text, Options& options) {
+    return readNumber(text, options.item) ? true : wrong("item", text, "an item type number");
+}
+
+Result<bool> takeCommand(const std::vector<std::string>& words, Options& options) {
+    if (words.empty()) {
+        return Error{"no command; see onuctl --help"};
+    }
+    const std::string& name = words.front();
+    const std::size_t arguments = words.size() - 1;
+    if (name == "items" && arguments == 0) {
+        options.command = Command::items;
+        return true;
+    }
+    if (name == "show" && arguments == 1) {
+        options.command = Command::show;
+        return takeItem(words[1], options);
+    }
+    if (name == "screenshot" && arguments == 2) {
+        options.command = Command::screenshot;
+        options.outputFile = fs::absolute(words[2]);
+        return takeItem(words[1], options);
+    }
+    return Error{"unknown command or wrong number of arguments: " + name + "; see onuctl --help"};
+}
+
+Result<bool> checkConnection(const Options& options) {
+    const host::OnuTarget& target = options.target;
+    if (options.simulate == !target.agentAddress.empty()) {
+        return Error{"give either --sim or --agent"};
+    }
+    if ((target.subIndex >= 0) != (target.subUnitItemType > 0)) {
+        return Error{"--sub and --item go together"};
+    }
+    return true;
+}
+
+} // namespace
+
+Result<Options> parseOptions(const std::vector<std::string>& arguments) {
+    std::vector<std::string> copies = arguments;
+    copies.insert(copies.begin(), "onuctl");
+    std::vector<char*> pointers;
+    for (std::string& argument : copies) {
+        pointers.push_back(argument.data());
+    }
+    pointers.push_back(nullptr);
+
+    Options options;
+    options.target.menuFileName = "epononuother_menu.xml";
+    options.clientDirectory = host::ownClientDirectory();
+    const int count = static_cast<int>(copies.size());
+    optind = 0; // a fresh start, whatever was parsed before
+    opterr = 0;
+    for (int code = 0;
+         (code = ::getopt_long(count, pointers.data(), "+v:", kLongOptions, nullptr)) != -1;) {
+        const Result<bool> taken =
+            takeOption(code, optarg == nullptr ? std::string() : std::string(optarg), options);
+        if (!taken) {
+            return Error{taken.error()};
+        }
+        if (code == optHelp || code == optVersion) {
+            return options;
+        }
+    }
+    // Global options may also follow the command.
+    std::vector<std::string> words;
+    for (const std::string& word : std::vector(copies.begin() + optind, copies.end())) {
+        if (word == "--json") {
+            options.json = true;
+        } else {
+            words.push_back(word);
+        }
+    }
+    for (const Result<bool>& step : {takeCommand(words, options), checkConnection(options)}) {
+        if (!step) {
+            return Error{step.error()};
+        }
+    }
+    return options;
+}
+
+std::string usageText() {
+    return R"(usage: onuctl [CONNECTION] [OPTION]... COMMAND
+
+Connection:
+  --sim[=FILE.snmprec]    a private simulated agent on a free loopback port
+  --agent HOST[:PORT]     a real agent
+  -v 1|2c|3               SNMP version (2c)
+  --onu OLT.PON.ONU       the ONU
+  --sub N --item TYPE     show one page of one sub-index
+  --menu FILE             menu file below CONF/snmp (epononuother_menu.xml)
+  --client DIR            client tree (the one onuctl is in)
+  --locale ID             Windows locale identifier of the texts (1033)
+  --secrets FILE          communities and SNMPv3 pass phrases, mode 0600
+
+Options:
+  --trace FILE|-          one JSON line per request and reply
+  --json                  print JSON
+  --help, --version
+
+Commands:
+  items                   list the configuration items
+  show ITEM               read a page and print its controls
+  screenshot ITEM FILE    read a page and save a picture of the window
+)";
+}
+
+} // namespace onudesk::ctl

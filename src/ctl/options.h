@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "bridge/result.h"
+#include "host/client_host.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace onudesk::ctl {
+
+enum class Command { help, version, items, show, screenshot };
+
+// The command line, checked. File names are absolute.
+struct Options {
+    Command command = Command::help;
+    std::int32_t item = 0;            // of show and screenshot
+    std::filesystem::path outputFile; // of screenshot
+    bool simulate = false;
+    std::optional<std::filesystem::path> recording; // of the simulator; its own when absent
+    host::OnuTarget target;                         // communities and pass phrases still empty
+    std::optional<std::filesystem::path> secretsFile;
+    std::filesystem::path clientDirectory;
+    std::optional<std::filesystem::path> traceFile; // "-" for standard output
+    bool json = false;
+};
+
+inline constexpr const char* kStandardOutput = "-";
+
+// Arguments without the program's name. Errors are one line that names the argument.
+[[nodiscard]] Result<Options> parseOptions(const std::vector<std::string>& arguments);
+
+[[nodiscard]] std::string usageText();
+
+} // namespace onudesk::ctl

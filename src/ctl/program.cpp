@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: MIT
+#include "ctl/program.h"
+
+#include "ctl/commands.h"
+#include "ctl/options.h"
+#include "ctl/secrets.h"
+#include "host/agent_launcher.h"
+#include "host/trace.h"
+
+#include <fstream>
+#include <mutex>
+#include <ostream>
+#include <utility>
+
+#include <QApplication>
+
+namespace onudesk::ctl {
+
+namespace {
+
+using host::AgentLauncher;
+using host::ClientHost;
+
+constexpr const char* kVersion = "onuctl 0.1.0\n";
+
+// Writes the trace and keeps the first error, on the engine's thread; read after the engine stopped
+// or when it is quiet.
+class Observation {
+public:
+    explicit Observation(std::ostream* trace) : trace_(trace) {}
+
+    host::EngineObserver observer() {
+        return {[this](const host::RequestRecord& request) { write(host::traceLine(request)); },
+                [this](const host::ReplyRecord& reply) {
+                    write(host::traceLine(reply));
+                    note(reply.error);
+                }};
+    }
+    [[nodiscard]] host::ReplyError firstError() const {
+        const std::scoped_lock lock(mutex_);
+        return firstError_;
+    }
+
+private:
+    void write(const std::string& line) {
+        const std::scoped_lock lock(mutex_);
+        if (trace_ != nullptr) {
+            *trace_ << line << '\n' << std::flush;
+        }
+    }
+    void note(const host::ReplyError& error) {
+        const std::scoped_lock lock(mutex_);
+        if (firstError_.text.empty()) {
+            firstError_ = error;
+        }
+    }
+
+    mutable std::mutex mutex_;
+    std::ostream* trace_;
+    host::ReplyError firstError_;
+};
+
+Result<bool> readSecrets(Options& options) {
+    if (options.simulate) {
+        useDemoSecrets(options.target);
+    }
+    Result<bool> taken = readSecretsEnvironment(options.target);
+    if (taken && options.secretsFile) {
+        taken = readSecretsFile(*options.secretsFile, options.target);
+    }
+    return taken;
+}
+
+Result<AgentLauncher> startSimulator(Options& options) {
+    const auto& client = options.clientDirectory;
+    Result<AgentLauncher> agent = AgentLauncher::start(
+        {.program = client / "bin" / "onusim",
+         .access = client / "demo" / "demo.access",
+         .catalogue = client / "CONF" / "snmp" / "snmpconfig.xml",
+         .recording = options.recording.value_or(client / "demo" / "demo.snmprec"),
+         .arguments = {}});
+    if (agent) {
+        options.target.agentAddress = "127.0.0.1";
+        options.target.port = agent->port();
+    }
+    return agent;
+}
+
+ExitCode runCommand(const CommandContext& context) {
+    switch (context.options.command) {
+    case Command::items:
+        return listItems(context);
+    case Command::show:
+        return showPage(context);
+    case Command::screenshot:
+        return saveScreenshot(context);
+    case Command::help:
+    case Command::version:
+        break;
+    }
+    return exitOk;
+}
+
+// An error of the agent or of the way to it outweighs a command that did its part.
+ExitCode judge(ExitCode command, const host::ReplyError& error, std::ostream& err) {
+    if (command != exitOk || error.text.empty()) {
+        return command;
+    }
+    err << "onuctl: " << error.text << '\n';
+    return error.status > 0 ? exitAgentError : exitConnectionFailed;
+}
+
+ExitCode runWindow(const Options& options, std::ostream* trace, std::ostream& out,
+                   std::ostream& err) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    int argc = 1;
+    std::string name = "onuctl";
+    char* argv[] = {name.data(), nullptr};
+    QApplication application(argc, argv);
+    Result<std::unique_ptr<ClientHost>> host = ClientHost::open(options.clientDirectory);
+    if (!host) {
+        err << "onuctl: " << host.error() << '\n';
+        return exitClientFailed;
+    }
+    Observation observation(trace);
+    (*host)->engine().setObserver(observation.observer());
+    const Recorder recorder;
+    WindowDriver driver(application, **host);
+    ExitCode outcome = exitClientFailed;
+    driver.run(options.target, [&] {
+        outcome = runCommand({options, driver, recorder, out, err});
+    });
+    (*host)->engine().stop();
+    return judge(outcome, observation.firstError(), err);
+}
+
+} // namespace
+
+ExitCode runProgram(const std::vector<std::string>& arguments, std::ostream& out,
+                    std::ostream& err) {
+    Result<Options> options = parseOptions(arguments);
+    if (!options) {
+        err << "onuctl: " << options.error() << '\n';
+        return exitUsage;
+    }
+    if (options->command == Command::help || options->command == Command::version) {
+        out << (options->command == Command::help ? usageText() : kVersion);
+        return exitOk;
+    }
+    if (const Result<bool> secrets = readSecrets(*options); !secrets) {
+        err << "onuctl: " << secrets.error() << '\n';
+        return exitUsage;
+    }
+    std::ofstream traceFile;
+    std::ostream* trace = nullptr;
+    if (options->traceFile) {
+        if (*options->traceFile != kStandardOutput) {
+            traceFile.open(*options->traceFile);
+        }
+        if (!traceFile.is_open() && *options->traceFile != kStandardOutput) {
+            err << "onuctl: " << options->traceFile->string() << ": cannot be written\n";
+            return exitClientFailed;
+        }
+        trace = traceFile.is_open() ? &traceFile : &out;
+    }
+    std::optional<AgentLauncher> simulator;
+    if (options->simulate) {
+        Result<AgentLauncher> started = startSimulator(*options);
+        if (!started) {
+            err << "onuctl: " << started.error() << '\n';
+            return exitClientFailed;
+        }
+        simulator = std::move(started).value();
+    }
+    return runWindow(*options, trace, out, err);
+}
+
+} // namespace onudesk::ctl

@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: MIT
+#include "ctl/secrets.h"
+
+#include "env/xml_file.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <cstdlib>
+#include <map>
+#include <string_view>
+
+#include <sys/stat.h>
+
+namespace onudesk::ctl {
+
+namespace {
+
+using host::AuthProtocol;
+using host::OnuTarget;
+using host::PrivProtocol;
+using host::SecurityLevel;
+
+constexpr std::size_t kMaxSecretsBytes = 65536;
+
+template <typename Value>
+bool choose(const std::map<std::string, Value>& choices, const std::string& text, Value& value) {
+    const auto found = choices.find(text);
+    if (found == choices.end()) {
+        return false;
+    }
+    value = found->second;
+    return true;
+}
+
+bool takeText(std::string& field, const std::string& text) {
+    field = text;
+    return true;
+}
+
+// One setting by its name in the file. False when the value is none of its values.
+struct Setting {
+    const char* name;
+    bool (*take)(OnuTarget& target, const std::string& text);
+};
+
+constexpr std::array kSettings = {
+    Setting{"read-community",
+            [](OnuTarget& t, const std::string& v) { return takeText(t.readCommunity, v); }},
+    Setting{"write-community",
+            [](OnuTarget& t, const std::string& v) { return takeText(t.writeCommunity, v); }},
+    Setting{"v3-user", [](OnuTarget& t, const std::string& v) { return takeText(t.v3.user, v); }},
+    Setting{"v3-context",
+            [](OnuTarget& t, const std::string& v) { return takeText(t.v3.contextName, v); }},
+    Setting{"v3-level",
+            [](OnuTarget& t, const std::string& v) {
+                return choose<SecurityLevel>({{"noAuthNoPriv", SecurityLevel::noAuthNoPriv},
+                                              {"authNoPriv", SecurityLevel::authNoPriv},
+                                              {"authPriv", SecurityLevel::authPriv}},
+                                             v, t.v3.level);
+            }},
+    Setting{"v3-auth-protocol",
+            [](OnuTarget& t, const std::string& v) {
+                return choose<AuthProtocol>(
+                    {{"MD5", AuthProtocol::md5}, {"SHA", AuthProtocol::sha}}, v, t.v3.authProtocol);
+            }},
+    Setting{"v3-auth-passphrase",
+            [](OnuTarget& t, const std::string& v) { return takeText(t.v3.authPassphrase, v); }},
+    Setting{"v3-priv-protocol",
+            [](OnuTarget& t, const std::string& v) {
+                return choose<PrivProtocol>({{"DES", PrivProtocol::des}}, v, t.v3.privProtocol);
+            }},
+    Setting{"v3-priv-passphrase",
+            [](OnuTarget& t, const std::string& v) { return takeText(t.v3.privPassphrase, v); }},
+};
+
+std::string environmentName(const std::string& setting) {
+    std::string name = "ONUDESK_" + setting;
+    std::ranges::transform(name, name.begin(), [](unsigned char c) {
+        return c == '-' ? '_' : static_cast<char>(std::toupper(c));
+    });
+    return name;
+}
+
+// The value is never repeated in an error: it may be a secret that slipped into the wrong line.
+Result<bool> takeLine(const std::string& line, OnuTarget& target) {
+    const auto equals = line.find('=');
+    const std::string name = line.substr(0, equals);
+    const auto* const setting =
+        std::ranges::find_if(kSettings, [&](const Setting& known) { return name == known.name; });
+    if (equals == std::string::npos || setting == kSettings.end()) {
+        return Error{"no known NAME=VALUE"};
+    }
+    if (!setting->take(target, line.substr(equals + 1))) {
+        return Error{"unknown value of " + name};
+    }
+    return true;
+}
+
+} // namespace
+
+Result<bool> readSecretsFile(const std::filesystem::path& file, OnuTarget& target) {
+    struct stat status {};
+    if (::stat(file.c_str(), &status) == 0 && (status.st_mode & (S_IRWXG | S_IRWXO)) != 0) {
+        return Error{file.string() + ": others can read it; chmod 600 it first"};
+    }
+    const Result<std::string> text = readFile(file, kMaxSecretsBytes);
+    if (!text) {
+        return Error{text.error()};
+    }
+    int number = 0;
+    for (std::string_view rest = *text; !rest.empty();) {
+        const auto end = std::min(rest.find('\n'), rest.size());
+        std::string line(rest.substr(0, end));
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+        ++number;
+        if (line.ends_with('\r')) {
+            line.pop_back();
+        }
+        if (line.empty() || line.starts_with('#')) {
+            continue;
+        }
+        if (const Result<bool> taken = takeLine(line, target); !taken) {
+            return Error{file.string() + ":" + std::to_string(number) + ": " + taken.error()};
+        }
+    }
+    return true;
+}
+
+Result<bool> readSecretsEnvironment(OnuTarget& target) {
+    for (const Setting& setting : kSettings) {
+        const std::string name = environmentName(setting.name);
+        const char* value = std::getenv(name.c_str());
+        if (value != nullptr && !setting.take(target, value)) {
+            return Error{name + ": unknown value"};
+        }
+    }
+    return true;
+}
+
+void useDemoSecrets(OnuTarget& target) {
+    target.readCommunity = "public";
+    target.writeCommunity = "private";
+    target.v3 = {.user = "admin",
+                 .level = SecurityLevel::authPriv,
+                 .authProtocol = AuthProtocol::sha,
+                 .authPassphrase = "demo-auth-phrase",
+                 .privProtocol = PrivProtocol::des,
+                 .privPassphrase = "demo-priv-phrase"};
+}
+
+} // namespace onudesk::ctl
