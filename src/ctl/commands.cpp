@@ -133,6 +133,7 @@ ExitCode saveScreenshot(const CommandContext& context) {
     if (openPage(context) == nullptr) {
         return exitUsage;
     }
+    context.driver.window()->setUpdatesEnabled(true);
     const QString file = QString::fromStdString(context.options.outputFile.string());
     if (!context.driver.window()->grab().save(file, "PNG")) {
         context.err << "onuctl: " << context.options.outputFile.string()

@@ -8,8 +8,11 @@
 #include "host/trace.h"
 
 #include <fstream>
+#include <memory>
 #include <mutex>
+#include <optional>
 #include <ostream>
+#include <thread>
 #include <utility>
 
 #include <QApplication>
@@ -115,24 +118,36 @@ ExitCode runWindow(const Options& options, std::ostream* trace, std::ostream& ou
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
+    // The client opens while the toolkit starts: neither needs the other.
+    std::unique_ptr<ClientHost> opened;
+    std::string problem;
+    std::jthread opening([&] {
+        Result<std::unique_ptr<ClientHost>> result = ClientHost::open(options.clientDirectory);
+        if (result) {
+            opened = std::move(result).value();
+        } else {
+            problem = result.error();
+        }
+    });
     int argc = 1;
     std::string name = "onuctl";
     char* argv[] = {name.data(), nullptr};
     QApplication application(argc, argv);
-    Result<std::unique_ptr<ClientHost>> host = ClientHost::open(options.clientDirectory);
-    if (!host) {
-        err << "onuctl: " << host.error() << '\n';
+    opening.join();
+    if (!opened) {
+        err << "onuctl: " << problem << '\n';
         return exitClientFailed;
     }
+    ClientHost& host = *opened;
     Observation observation(trace);
-    (*host)->engine().setObserver(observation.observer());
+    host.engine().setObserver(observation.observer());
     const Recorder recorder;
-    WindowDriver driver(application, **host);
+    WindowDriver driver(application, host);
     ExitCode outcome = exitClientFailed;
     driver.run(options.target, [&] {
         outcome = runCommand({options, driver, recorder, out, err});
     });
-    (*host)->engine().stop();
+    host.engine().stop();
     return judge(outcome, observation.firstError(), err);
 }
 

@@ -47,6 +47,8 @@ void WindowDriver::run(const host::OnuTarget& target, const std::function<void()
             }
         }
         if (window_ != nullptr) {
+            // Nobody looks at it; a picture paints what it needs itself.
+            window_->setUpdatesEnabled(false);
             work();
             window_->close();
         }

@@ -8,6 +8,7 @@
 #include "platform/desktop.h"
 #include "snmp/request.h"
 
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QStyledItemDelegate>
@@ -95,6 +96,12 @@ void TConfigMainForm::buildFrame() {
     ConfigItemTree->setIndentation(kTreeIndent);
     ConfigItemTree->setEditTriggers(QAbstractItemView::NoEditTriggers);
     ConfigItemTree->setItemDelegate(new TreeDelegate(ConfigItemTree));
+    QPalette plain = ConfigItemTree->palette();
+    plain.setColor(QPalette::Highlight, plain.color(QPalette::Base));
+    ConfigItemTree->setPalette(plain);
+    // Long captions are scrolled to, not cut.
+    ConfigItemTree->header()->setStretchLastSection(false);
+    ConfigItemTree->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     connect(ConfigItemTree, &QTreeWidget::itemClicked, this, &TConfigMainForm::ConfigItemTreeClick);
     // The keyboard opens items as the mouse does.
     connect(ConfigItemTree, &QTreeWidget::itemActivated, this,

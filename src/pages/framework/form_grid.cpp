@@ -92,7 +92,8 @@ QWidget& FormGrid::place(QWidget& control, const char* name, int labelId, bool w
     lastLabel_->setBuddy(&control);
     control.setAccessibleName(lastLabel_->text());
     const int column = pair_ * kColumnsPerPair;
-    const int span = wholeRow ? pairs_ * kColumnsPerPair - 1 : 1;
+    // Up to the right edge of the last pair's controls.
+    const int span = wholeRow ? (pairs_ - 1) * kColumnsPerPair + 1 : 1;
     grid_->addWidget(lastLabel_, row_, column, wholeRow ? Qt::AlignTop : Qt::Alignment());
     grid_->addWidget(&control, row_, column + 1, 1, span);
     lastRow_ = row_;
