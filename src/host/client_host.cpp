@@ -144,7 +144,7 @@ Result<std::unique_ptr<ClientHost>> ClientHost::open(const fs::path& clientDirec
     auto host = std::unique_ptr<ClientHost>(new ClientHost);
     host->directory_ = directory;
     host->plugin_.reset(
-        ::dlopen((directory / "bin" / kPluginFileName).c_str(), RTLD_NOW | RTLD_LOCAL));
+        ::dlopen((directory / "bin" / kPluginFileName).c_str(), RTLD_LAZY | RTLD_LOCAL));
     if (!host->plugin_ || ::dlsym(host->plugin_.get(), kShowHolderConfigForm) == nullptr) {
         return Error{std::string(::dlerror())};
     }

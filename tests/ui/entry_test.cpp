@@ -2,6 +2,7 @@
 //
 // The plug-in as a host meets it: loaded by name, reached through its three exports.
 #include "bridge/code_para_access.h"
+#include "entry/show_form.h"
 #include "onudesk/exports.h"
 #include "platform/desktop.h"
 #include "platform/window_messages.h"
@@ -125,6 +126,23 @@ TEST_F(PluginTest, RunsASessionInsideTheHostsLoopAndReturnsWhenClosed) {
         EXPECT_EQ(window(), nullptr);
         EXPECT_TRUE(host.routes.routes.empty());
     }
+}
+
+TEST_F(PluginTest, SavesTheApplicationOnceAndGivesItBackAtTheEnd) {
+    auto* application = static_cast<QApplication*>(QApplication::instance());
+    auto* const own = reinterpret_cast<QApplication*>(&session); // never touched, only kept
+    platform::setCurrentApplication(own);
+    for (int call = 0; call < 2; ++call) {
+        QTimer::singleShot(0, [] { window()->close(); });
+        showConfigForm(application, &host.routes, param, host.threadId(),
+                       test::TestHost::releaseFn());
+        EXPECT_EQ(platform::currentApplication(), application);
+    }
+    restoreApplication();
+    EXPECT_EQ(platform::currentApplication(), own);
+    restoreApplication(); // nothing is saved any more
+    EXPECT_EQ(platform::currentApplication(), own);
+    platform::setCurrentApplication(application);
 }
 
 TEST_F(PluginTest, DeliversRepliesPostedWhileTheWindowIsOpen) {
