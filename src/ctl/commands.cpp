@@ -5,6 +5,7 @@
 
 #include <ostream>
 
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QPixmap>
@@ -134,6 +135,7 @@ ExitCode saveScreenshot(const CommandContext& context) {
         return exitUsage;
     }
     context.driver.window()->setUpdatesEnabled(true);
+    QCoreApplication::processEvents(); // lays out what the values changed
     const QString file = QString::fromStdString(context.options.outputFile.string());
     if (!context.driver.window()->grab().save(file, "PNG")) {
         context.err << "onuctl: " << context.options.outputFile.string()

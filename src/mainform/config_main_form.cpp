@@ -56,6 +56,7 @@ protected:
 
 void addItem(QTreeWidgetItem& parent, const MenuItem& item) {
     auto* node = new QTreeWidgetItem(&parent, {shown(messageText(item.itemType))});
+    node->setToolTip(0, node->text(0));
     node->setData(0, kItemTypeRole, item.itemType);
     for (const MenuItem& child : item.children) {
         addItem(*node, child);

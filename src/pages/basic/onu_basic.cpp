@@ -122,6 +122,7 @@ void TOnuBasic::buildIdentity(QWidget& group) {
     limitTyping(*nameEdit, kNameBytes);
     nameBtn = makeButton(&group, "nameBtn", 20004, [this] { nameBtnClick(); });
     form.beside(*nameBtn);
+    form.newRow();
     macEdit = form.edit("macEdit", 20014);
     macEdit->setInputMask(QStringLiteral("nn:nn:nn:nn:nn:nn;_"));
     macBtn = makeButton(&group, "macBtn", 20004, [this] { macBtnClick(); });

@@ -75,14 +75,18 @@ QPlainTextEdit* FormGrid::memo(const char* name, int labelId) {
     return control;
 }
 
+void FormGrid::newRow() {
+    row_ += pair_ == 0 ? 0 : 1;
+    pair_ = 0;
+}
+
 void FormGrid::beside(QWidget& widget) {
     grid_->addWidget(&widget, lastRow_, lastPair_ * kColumnsPerPair + 2);
 }
 
 QWidget& FormGrid::place(QWidget& control, const char* name, int labelId, bool wholeRow) {
-    if (wholeRow && pair_ != 0) {
-        pair_ = 0;
-        ++row_;
+    if (wholeRow) {
+        newRow();
     }
     control.setObjectName(QString::fromLatin1(name));
     lastLabel_ = new QLabel(&parent_);

@@ -35,6 +35,8 @@ public:
     QComboBox* combo(const char* name, int labelId);
     // Takes a whole row.
     QPlainTextEdit* memo(const char* name, int labelId);
+    // The next control starts a row of its own.
+    void newRow();
     // Puts a widget behind the control added last.
     void beside(QWidget& widget);
     // The label of the control added last.
