@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: MIT
+#include "sim/access.h"
+
+#include "env/xml_file.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace onudesk::sim {
+
+namespace {
+
+constexpr std::string_view kBlanks = " \t\r";
+constexpr std::size_t kMaxUserName = 32;
+constexpr std::size_t kMinPhrase = 8;
+constexpr const char* kUserForm = "expected user NAME noAuthNoPriv|authNoPriv|authPriv "
+                                  "[MD5|SHA AUTHPHRASE [DES PRIVPHRASE]] [read|write]";
+
+using Words = std::vector<std::string>;
+
+std::optional<Words> splitWords(std::string_view line) {
+    Words words;
+    while (true) {
+        line.remove_prefix(std::min(line.find_first_not_of(kBlanks), line.size()));
+        if (line.empty()) {
+            return words;
+        }
+        const bool quoted = line.front() == '"';
+        const auto end = quoted ? line.find('"', 1) : line.find_first_of(kBlanks);
+        if (quoted && end == std::string_view::npos) {
+            return std::nullopt;
+        }
+        words.emplace_back(quoted ? line.substr(1, end - 1) : line.substr(0, end));
+        line.remove_prefix(std::min(quoted ? end + 1 : end, line.size()));
+    }
+}
+
+// Takes a trailing "read" or "write" off; reads when there is none.
+bool takeWrite(Words& words, std::size_t shortest) {
+    if (words.size() <= shortest || (words.back() != "read" && words.back() != "write")) {
+        return false;
+    }
+    const bool write = words.back() == "write";
+    words.pop_back();
+    return write;
+}
+
+std::optional<Error> addCommunity(Access& access, const Words& words) {
+    if (words.size() != 3 || (words[1] != "read" && words[1] != "write")) {
+        return Error{"expected community read|write NAME"};
+    }
+    if (words[2].empty()) {
+        return Error{"a community has a name"};
+    }
+    if (!access.communities.emplace(words[2], words[1] == "write").second) {
+        return Error{"community \"" + words[2] + "\" is given twice"};
+    }
+    return std::nullopt;
+}
+
+std::optional<Error> readProtection(User& user, const Words& words) {
+    if (words[3] != "MD5" && words[3] != "SHA") {
+        return Error{"unknown digest \"" + words[3] + "\", expected MD5 or SHA"};
+    }
+    user.digest = words[3] == "MD5" ? Digest::md5 : Digest::sha;
+    user.authPhrase = words[4];
+    if (words.size() > 5) {
+        if (words[5] != "DES") {
+            return Error{"unknown cipher \"" + words[5] + "\", expected DES"};
+        }
+        user.privPhrase = words[6];
+    }
+    if (user.authPhrase.size() < kMinPhrase ||
+        (words.size() > 5 && user.privPhrase.size() < kMinPhrase)) {
+        return Error{"a pass phrase has at least 8 characters"};
+    }
+    return std::nullopt;
+}
+
+struct LevelForm {
+    std::string_view name;
+    SecurityLevel level;
+    std::size_t words; // of the line, without read or write
+};
+
+constexpr LevelForm kLevels[] = {{"noAuthNoPriv", SecurityLevel::noAuthNoPriv, 3},
+                                 {"authNoPriv", SecurityLevel::authNoPriv, 5},
+                                 {"authPriv", SecurityLevel::authPriv, 7}};
+
+std::optional<Error> addUser(Access& access, Words words) {
+    if (words.size() < 3) {
+        return Error{kUserForm};
+    }
+    const auto* const form = std::ranges::find(kLevels, words[2], &LevelForm::name);
+    if (form == std::end(kLevels)) {
+        return Error{"unknown security level \"" + words[2] + "\""};
+    }
+    User user;
+    user.level = form->level;
+    user.mayWrite = takeWrite(words, form->words);
+    if (words.size() != form->words) {
+        return Error{kUserForm};
+    }
+    if (words[1].empty() || words[1].size() > kMaxUserName) {
+        return Error{"a user name has 1 to 32 bytes"};
+    }
+    if (form->level != SecurityLevel::noAuthNoPriv) {
+        if (auto error = readProtection(user, words)) {
+            return error;
+        }
+    }
+    if (!access.users.emplace(words[1], std::move(user)).second) {
+        return Error{"user \"" + words[1] + "\" is given twice"};
+    }
+    return std::nullopt;
+}
+
+std::optional<Error> addLine(Access& access, std::string_view line) {
+    std::optional<Words> words = splitWords(line);
+    if (!words) {
+        return Error{"a quoted word does not end"};
+    }
+    if (words->empty() || words->front().starts_with('#')) {
+        return std::nullopt;
+    }
+    if (words->front() == "community") {
+        return addCommunity(access, *words);
+    }
+    if (words->front() == "user") {
+        return addUser(access, std::move(*words));
+    }
+    return Error{"expected community or user"};
+}
+
+} // namespace
+
+bool Access::allowsCommunity(const std::string& name, bool write) const {
+    const auto found = communities.find(name);
+    return found != communities.end() && (found->second || !write);
+}
+
+bool Access::allowsUser(const std::string& name, int level, bool write) const {
+    const auto found = users.find(name);
+    return found != users.end() && level >= static_cast<int>(found->second.level) &&
+           (found->second.mayWrite || !write);
+}
+
+Access defaultAccess() {
+    return {.communities = {{"public", false}, {"private", true}}};
+}
+
+Result<Access> parseAccess(std::string_view bytes, const std::string& name) {
+    Access access;
+    for (std::size_t number = 1; !bytes.empty(); ++number) {
+        const auto end = std::min(bytes.find('\n'), bytes.size());
+        if (const auto error = addLine(access, bytes.substr(0, end))) {
+            return Error{name + ":" + std::to_string(number) + ": " + error->text};
+        }
+        bytes.remove_prefix(std::min(end + 1, bytes.size()));
+    }
+    return access;
+}
+
+Result<Access> loadAccess(const std::filesystem::path& path) {
+    const Result<std::string> bytes = readFile(path);
+    if (!bytes) {
+        return Error{bytes.error()};
+    }
+    return parseAccess(*bytes, path.string());
+}
+
+} // namespace onudesk::sim

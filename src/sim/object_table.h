@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+//
+// The catalogue as an agent needs it: what an instance may hold and how its row works.
+#pragma once
+
+#include "bridge/result.h"
+#include "sim/value.h"
+#include "snmp/object_schema.h"
+
+#include <cstddef>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace onudesk::sim {
+
+struct ObjectRule {
+    std::string name; // "module 606, group maintable, object onuName"
+    Oid column;       // without instance
+    ObjectSchema schema;
+    std::optional<Oid> rowStatus; // column of the row status that governs this object's rows
+    std::size_t group = 0;        // the same for all objects of a group
+
+    [[nodiscard]] bool isRowStatus() const { return rowStatus == column; }
+    [[nodiscard]] Oid instanceOf(const Oid& oid) const { return oid.tail(column.size()); }
+};
+
+class ObjectTable {
+public:
+    // Objects without an OID are left out. Fails, naming the object, on an OID that is none, on a
+    // `row` that no object of the module has for its name, and when one OID stands twice with
+    // different attributes.
+    [[nodiscard]] static Result<ObjectTable> build(const CatalogueSchema& catalogue);
+
+    // The object an instance belongs to, or null. Pointers stay valid while the table lives.
+    [[nodiscard]] const ObjectRule* find(const Oid& instance) const;
+    // The objects whose rows the row status governs, itself included, in the order of their OIDs.
+    [[nodiscard]] std::vector<const ObjectRule*> rowObjects(const Oid& rowStatus) const;
+    // The objects of the group that exist whatever rows there are.
+    [[nodiscard]] std::vector<const ObjectRule*> rowlessObjects(std::size_t group) const;
+    // True when the group holds one instance of every object per ONU.
+    [[nodiscard]] bool isOnePerOnu(std::size_t group) const { return onePerOnu_[group]; }
+
+private:
+    [[nodiscard]] std::optional<Error> add(ObjectRule rule);
+    [[nodiscard]] std::optional<Error> addGroup(const ModuleSchema& module,
+                                                const GroupSchema& group, const std::string& name);
+
+    std::map<Oid, ObjectRule> objects_; // by column
+    std::vector<bool> onePerOnu_;       // by group
+};
+
+} // namespace onudesk::sim

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "sim_fixture.h"
+
+#include "env/xml_file.h"
+
+#include <gtest/gtest.h>
+
+namespace onudesk::sim::test {
+namespace {
+
+std::string moduleOf(const std::string& groups) {
+    return "<c><module name=\"900\">" + groups + "</module></c>";
+}
+
+std::string errorOf(const std::string& groups) {
+    const auto document = parseXml(moduleOf(groups), "test");
+    const auto schema = readSchema(*(*document)->RootElement());
+    const auto table = ObjectTable::build(*schema);
+    return table ? "" : table.error();
+}
+
+TEST(ObjectTable, FindsTheObjectOfAnInstance) {
+    const ObjectTable table = tableOf(
+        moduleOf("<group name=\"g\"><object name=\"outer\" oidstr=\"1.3.6.1.1\" type=\"2\"/>"
+                 "<object name=\"inner\" oidstr=\"1.3.6.1.1.5.2\" type=\"2\"/>"
+                 "<object name=\"nameless\" oidstr=\"\" type=\"2\"/></group>"));
+    const auto nameOf = [&](const char* oid) {
+        const ObjectRule* rule = table.find(Oid::parse(oid).value());
+        return rule == nullptr ? std::string() : rule->name;
+    };
+    EXPECT_EQ(nameOf("1.3.6.1.1.7"), "module 900, group g, object outer");
+    EXPECT_EQ(nameOf("1.3.6.1.1.5.2"), "module 900, group g, object outer");
+    EXPECT_EQ(nameOf("1.3.6.1.1.5.2.1"), "module 900, group g, object inner");
+    EXPECT_EQ(nameOf("1.3.6.1.1.6.1.1"), "module 900, group g, object outer");
+    EXPECT_EQ(nameOf("1.3.6.1.1"), "");
+    EXPECT_EQ(nameOf("1.3.6.1.2.1"), "");
+}
+
+TEST(ObjectTable, RowStatusMayStandInAnotherGroup) {
+    const ObjectTable table = tableOf(moduleOf(
+        "<group name=\"columns\"><object name=\"a\" oidstr=\"1.3.6.1.1.1\" row=\"s\"/></group>"
+        "<group name=\"rowstat\"><object name=\"s\" oidstr=\"1.3.6.1.1.2\" row=\"s\"/></group>"));
+    EXPECT_EQ(table.find(Oid({1, 3, 6, 1, 1, 1, 7}))->rowStatus, Oid({1, 3, 6, 1, 1, 2}));
+    EXPECT_EQ(table.rowObjects(Oid({1, 3, 6, 1, 1, 2})).size(), 2U);
+}
+
+TEST(ObjectTable, OneOidMayStandTwiceWhenItIsTheSame) {
+    EXPECT_EQ(errorOf("<group name=\"a\"><object name=\"x\" oidstr=\"1.3.6.1.1\" type=\"2\" "
+                      "range=\"1..2\"/></group>"
+                      "<group name=\"b\"><object name=\"y\" oidstr=\"1.3.6.1.1\" type=\"2\" "
+                      "range=\"1..2\"/></group>"),
+              "");
+    EXPECT_EQ(errorOf("<group name=\"a\"><object name=\"x\" oidstr=\"1.3.6.1.1\" type=\"2\" "
+                      "range=\"1..2\"/></group>"
+                      "<group name=\"b\"><object name=\"y\" oidstr=\"1.3.6.1.1\" type=\"2\" "
+                      "range=\"1..3\"/></group>"),
+              "module 900, group b, object y: OID 1.3.6.1.1 is that of module 900, group a, object "
+              "x, but other attributes are not the same");
+}
+
+TEST(ObjectTable, NamesWhatIsWrong) {
+    EXPECT_EQ(errorOf("<group name=\"g\"><object name=\"x\" oidstr=\"1.x\"/></group>"),
+              "module 900, group g, object x: bad OID \"1.x\"");
+    EXPECT_EQ(errorOf("<group name=\"g\"><object name=\"x\" oidstr=\"1.3.1\" row=\"y\"/></group>"),
+              "module 900, group g, object x: no row status y");
+    EXPECT_EQ(errorOf("<group name=\"g\"><object name=\"x\" oidstr=\"1.3.1\" row=\"y\"/>"
+                      "<object name=\"y\" oidstr=\"1.3.2\"/></group>"),
+              "module 900, group g, object x: no row status y");
+}
+
+} // namespace
+} // namespace onudesk::sim::test

@@ -1,0 +1,315 @@
+// SPDX-License-Identifier: MIT
+#include "simulator_process.h"
+#include "snmp_client.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include <poll.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace onudesk::sim::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string kRecording = ONUDESK_SOURCE_DIR "/client/demo/demo.snmprec";
+const std::string kAccess = ONUDESK_SOURCE_DIR "/client/demo/demo.access";
+const std::string kCatalogue = ONUDESK_SOURCE_DIR "/client/CONF/snmp/snmpconfig.xml";
+const std::string kObjects = "1.3.6.1.4.1.27315.606.1.1.";
+const std::string kName = kObjects + "19.1.2.5";
+const std::string kLlid = kObjects + "2.1.2.5";
+
+std::string contents(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::vector<std::string> linesWithoutComments(const std::string& text) {
+    std::vector<std::string> lines;
+    for (std::size_t at = 0; at < text.size();) {
+        const auto end = text.find('\n', at);
+        if (text[at] != '#') {
+            lines.push_back(text.substr(at, end - at));
+        }
+        at = end + 1;
+    }
+    return lines;
+}
+
+class Onusim : public testing::Test {
+protected:
+    Onusim() { fs::create_directories(directory_); }
+    ~Onusim() override { fs::remove_all(directory_); }
+
+    [[nodiscard]] static std::vector<std::string> arguments(std::vector<std::string> more = {}) {
+        more.insert(more.begin(), {"--listen", "127.0.0.1:0", "--catalogue", kCatalogue, "--access",
+                                   kAccess, kRecording});
+        return more;
+    }
+    [[nodiscard]] fs::path file(const std::string& name, const std::string& text) const {
+        std::ofstream(directory_ / name, std::ios::binary) << text;
+        return directory_ / name;
+    }
+
+    const fs::path directory_ =
+        fs::path(testing::TempDir()) /
+        (std::string("onusim_") + testing::UnitTest::GetInstance()->current_test_info()->name());
+};
+
+TEST_F(Onusim, AnswersVersion2c) {
+    SimulatorProcess simulator(arguments());
+    ASSERT_FALSE(simulator.endpoint().empty());
+    auto manager = SnmpClient::withCommunity(simulator.endpoint(), 2, "private");
+
+    const Reply got = manager.get({kName, kLlid, kObjects + "19.9.9.9", "1.3.6.1.9.1"});
+    EXPECT_EQ(got.outcome, "ok");
+    EXPECT_EQ(got.bindings, (std::vector<std::string>{kName + "|4|Fire station", kLlid + "|2|5",
+                                                      kObjects + "19.9.9.9|noSuchInstance",
+                                                      "1.3.6.1.9.1|noSuchObject"}));
+    EXPECT_EQ(manager.walk("1.3"), linesWithoutComments(contents(kRecording)));
+    EXPECT_EQ(
+        manager.getBulk(kObjects + "19.1.2.3", 3).bindings,
+        (std::vector<std::string>{kName + "|4|Fire station", kObjects + "20.1.1.1|4x|001a2b3c4d5e",
+                                  kObjects + "20.1.1.2|4x|001a2b3c4d71"}));
+    EXPECT_EQ(manager.getBulk(kObjects + "22.1.2.5", 3).bindings.front(),
+              kObjects + "22.1.2.5|endOfMibView");
+}
+
+TEST_F(Onusim, SetsAllBindingsOrNone) {
+    SimulatorProcess simulator(arguments());
+    auto manager = SnmpClient::withCommunity(simulator.endpoint(), 2, "private");
+    const auto name = [&] { return manager.get({kName}).bindings.front(); };
+
+    EXPECT_EQ(manager.set({kName + "|4|new", kLlid + "|2|1"}).outcome, "status 17 at 2");
+    EXPECT_EQ(manager.set({kName + "|2|1"}).outcome, "status 7 at 1");
+    EXPECT_EQ(manager.set({kName + "|4|" + std::string(33, 'a')}).outcome, "status 8 at 1");
+    EXPECT_EQ(manager.set({kName + "|4|new", kObjects + "21.1.2.5|2|9"}).outcome, "status 10 at 2");
+    EXPECT_EQ(manager.set({kObjects + "19.9.9.9|4|new"}).outcome, "status 11 at 1");
+    EXPECT_EQ(name(), kName + "|4|Fire station");
+    EXPECT_EQ(manager.set({kName + "|4x|42c3bc726f", kObjects + "19.1.2.1|4|"}).outcome, "ok");
+    EXPECT_EQ(name(), kName + "|4x|42c3bc726f");
+
+    EXPECT_EQ(manager.set({kObjects + "20.1.1.4|4x|00000000ab01"}).outcome, "ok");
+    EXPECT_EQ(manager.set({kObjects + "21.1.1.4|2|4"}).outcome, "ok");
+    EXPECT_EQ(manager.get({kObjects + "20.1.1.4", kObjects + "21.1.1.4"}).bindings,
+              (std::vector<std::string>{kObjects + "20.1.1.4|4x|00000000ab01",
+                                        kObjects + "21.1.1.4|2|1"}));
+    EXPECT_EQ(manager.set({kObjects + "21.1.1.4|2|6"}).outcome, "ok");
+    EXPECT_EQ(manager.get({kObjects + "20.1.1.4", kObjects + "21.1.1.4"}).bindings,
+              (std::vector<std::string>{kObjects + "20.1.1.4|noSuchInstance",
+                                        kObjects + "21.1.1.4|noSuchInstance"}));
+}
+
+TEST_F(Onusim, AnswersVersion1) {
+    SimulatorProcess simulator(arguments());
+    auto manager = SnmpClient::withCommunity(simulator.endpoint(), 1, "private");
+    EXPECT_EQ(manager.get({kName}).bindings.front(), kName + "|4|Fire station");
+    EXPECT_EQ(manager.get({kName, kObjects + "19.9.9.9"}).outcome, "status 2 at 2");
+    EXPECT_EQ(manager.walk("1.3"), linesWithoutComments(contents(kRecording)));
+    EXPECT_EQ(manager.getNext({kObjects + "22.1.2.5"}).outcome, "status 2 at 1");
+    EXPECT_EQ(manager.set({kName + "|4|new", kLlid + "|2|1"}).outcome, "status 2 at 2");
+    EXPECT_EQ(manager.set({kName + "|2|1"}).outcome, "status 3 at 1");
+    EXPECT_EQ(manager.get({kName}).bindings.front(), kName + "|4|Fire station");
+    EXPECT_EQ(manager.set({kName + "|4|new"}).outcome, "ok");
+    EXPECT_EQ(manager.get({kName}).bindings.front(), kName + "|4|new");
+}
+
+TEST_F(Onusim, GivesEveryTagToTheManager) {
+    const std::string text = "1.3.6.1.2.1.1|2|-2147483648\n"
+                             "1.3.6.1.2.1.2|4x|00ff\n"
+                             "1.3.6.1.2.1.4|6|1.3.6.1.4294967295\n"
+                             "1.3.6.1.2.1.5|64|192.0.2.1\n"
+                             "1.3.6.1.2.1.6|65|4294967295\n"
+                             "1.3.6.1.2.1.7|66|4294967295\n"
+                             "1.3.6.1.2.1.8|67|4294967295\n"
+                             "1.3.6.1.2.1.9|68|040300\n"
+                             "1.3.6.1.2.1.10|70|18446744073709551615\n";
+    const fs::path recording = file("tags.snmprec", "1.3.6.1.2.1.3|5|\n" + text);
+    SimulatorProcess simulator({"--catalogue", kCatalogue, recording.string()});
+    const auto expected = linesWithoutComments(text);
+    EXPECT_EQ(SnmpClient::withCommunity(simulator.endpoint(), 2, "public").walk("1.3"), expected);
+    auto bulk = SnmpClient::withCommunity(simulator.endpoint(), 2, "public").getBulk("1.3.6", 9);
+    EXPECT_EQ(bulk.bindings, expected);
+    // Version 1 does not know 64-bit counters.
+    EXPECT_EQ(SnmpClient::withCommunity(simulator.endpoint(), 1, "public").walk("1.3"),
+              std::vector<std::string>(expected.begin(), expected.end() - 1));
+}
+
+TEST_F(Onusim, KnowsItsCommunities) {
+    SimulatorProcess simulator(arguments());
+    auto reader = SnmpClient::withCommunity(simulator.endpoint(), 2, "public");
+    EXPECT_EQ(reader.get({kName}).outcome, "ok");
+    EXPECT_EQ(reader.set({kName + "|4|new"}).outcome, "status 6 at 1");
+    EXPECT_EQ(SnmpClient::withCommunity(simulator.endpoint(), 1, "public")
+                  .set({kName + "|4|new"})
+                  .outcome,
+              "status 2 at 1");
+    EXPECT_EQ(SnmpClient::withCommunity(simulator.endpoint(), 2, "other").get({kName}).outcome,
+              "Timeout");
+    EXPECT_EQ(reader.get({kName}).bindings.front(), kName + "|4|Fire station");
+}
+
+TEST_F(Onusim, AnswersEveryUserOfVersion3) {
+    const auto access = loadAccess(kAccess);
+    ASSERT_TRUE(access) << access.error();
+    SimulatorProcess simulator(arguments());
+    const std::string llid = kLlid + "|2|5";
+    const std::string newName = kName + "|4|new";
+    for (const auto& [name, user] : access->users) {
+        auto manager = SnmpClient::withUser(simulator.endpoint(), name, user);
+        const Reply got = manager.get({kLlid});
+        EXPECT_EQ(got.outcome, "ok") << name;
+        EXPECT_EQ(got.bindings, std::vector<std::string>{llid}) << name;
+        EXPECT_EQ(manager.getBulk(kLlid, 5).bindings.size(), 5U) << name;
+        EXPECT_EQ(manager.set({newName}).outcome, user.mayWrite ? "ok" : "status 6 at 1");
+        EXPECT_EQ(manager.set({llid}).outcome, user.mayWrite ? "status 17 at 1" : "status 6 at 1");
+    }
+    const User admin = access->users.at("admin");
+    auto manager = SnmpClient::withUser(simulator.endpoint(), "admin", admin);
+    EXPECT_EQ(manager.walk("1.3").size(), linesWithoutComments(contents(kRecording)).size());
+}
+
+TEST_F(Onusim, RefusesWhoIsNotAUserOfVersion3) {
+    const auto access = loadAccess(kAccess);
+    ASSERT_TRUE(access) << access.error();
+    SimulatorProcess simulator(arguments());
+    const User admin = access->users.at("admin");
+    EXPECT_EQ(SnmpClient::withUser(simulator.endpoint(), "admin", admin, SecurityLevel::authNoPriv)
+                  .get({kName})
+                  .outcome,
+              "status 16 at 0");
+    User wrongPhrase = admin;
+    wrongPhrase.authPhrase = "demo-auth-phrasE";
+    EXPECT_EQ(SnmpClient::withUser(simulator.endpoint(), "admin", wrongPhrase).get({kName}).outcome,
+              "Authentication failure (incorrect password, community or key)");
+    EXPECT_EQ(SnmpClient::withUser(simulator.endpoint(), "nobody", {}).get({kName}).outcome,
+              "Unknown user name");
+}
+
+TEST_F(Onusim, IsTheSameEngineAfterARestart) {
+    const auto access = loadAccess(kAccess);
+    ASSERT_TRUE(access) << access.error();
+    SimulatorProcess first(arguments());
+    auto manager = SnmpClient::withUser(first.endpoint(), "admin", access->users.at("admin"));
+    ASSERT_EQ(manager.get({kName}).outcome, "ok");
+    ASSERT_EQ(first.finish(SIGTERM).exitStatus, 0);
+    auto again = arguments();
+    again[1] = first.endpoint();
+    SimulatorProcess second(again);
+    ASSERT_EQ(second.endpoint(), first.endpoint());
+    EXPECT_EQ(manager.get({kName}).outcome, "ok");
+}
+
+TEST_F(Onusim, EndsCleanlyAndSaves) {
+    for (const int signal : {SIGTERM, SIGINT}) {
+        const fs::path saved = directory_ / "saved.snmprec";
+        SimulatorProcess simulator(arguments({"--save", saved.string()}));
+        const FinishedRun run = simulator.finish(signal);
+        EXPECT_EQ(run.exitStatus, 0);
+        EXPECT_EQ(run.output, "listening on " + simulator.endpoint() + "\n");
+        EXPECT_EQ(run.errors, "");
+        EXPECT_EQ(contents(saved), contents(kRecording));
+    }
+}
+
+TEST_F(Onusim, SavesWhatWasSetForTheNextRun) {
+    const fs::path saved = directory_ / "saved.snmprec";
+    SimulatorProcess first(arguments({"--save", saved.string()}));
+    EXPECT_EQ(SnmpClient::withCommunity(first.endpoint(), 2, "private")
+                  .set({kName + "|4|kept", kObjects + "21.1.1.1|2|6"})
+                  .outcome,
+              "ok");
+    ASSERT_EQ(first.finish(SIGTERM).exitStatus, 0);
+
+    SimulatorProcess second({"--catalogue", kCatalogue, saved.string()});
+    auto manager = SnmpClient::withCommunity(second.endpoint(), 2, "public");
+    EXPECT_EQ(manager.get({kName, kObjects + "20.1.1.1", kObjects + "21.1.1.1"}).bindings,
+              (std::vector<std::string>{kName + "|4|kept", kObjects + "20.1.1.1|noSuchInstance",
+                                        kObjects + "21.1.1.1|noSuchInstance"}));
+}
+
+TEST_F(Onusim, SaysWhyItDoesNotStart) {
+    const fs::path recording = file("bad.snmprec", "1.3.6.1.2|2|1\n1.3.6.1.3|3|1\n");
+    const fs::path access = file("bad.access", "community read public\nuser a\n");
+    const fs::path catalogue = file("bad.xml", "<a>\n<b></a>\n");
+    const std::string missing = (directory_ / "missing").string();
+    struct Case {
+        std::vector<std::string> arguments;
+        std::string errors; // the beginning
+    };
+    const std::vector<Case> cases = {
+        {{"--catalogue", kCatalogue, recording.string()},
+         recording.string() + ":2: unknown tag \"3\"\n"},
+        {{"--catalogue", kCatalogue, missing}, missing + ": No such file or directory\n"},
+        {{"--catalogue", kCatalogue, "--access", access.string(), kRecording},
+         access.string() + ":2: expected user NAME"},
+        {{"--catalogue", catalogue.string(), kRecording}, catalogue.string() + ":2: "},
+        {{"--catalogue", missing, kRecording}, missing + ": No such file or directory\n"},
+        {{"--port", "1", kRecording}, "onusim: unknown option --port\nusage: onusim"},
+        {{}, "onusim: recording missing\nusage: onusim"},
+    };
+    for (const Case& each : cases) {
+        SimulatorProcess simulator(each.arguments);
+        const FinishedRun run = simulator.finish(0);
+        EXPECT_EQ(run.exitStatus, 2) << each.errors;
+        EXPECT_EQ(run.output, "");
+        EXPECT_EQ(run.errors.substr(0, each.errors.size()), each.errors);
+    }
+}
+
+TEST_F(Onusim, TellsWhenItCannotListen) {
+    SimulatorProcess first(arguments());
+    auto same = arguments();
+    same[1] = first.endpoint();
+    SimulatorProcess second(same);
+    const FinishedRun run = second.finish(0);
+    EXPECT_EQ(run.exitStatus, 1);
+    EXPECT_EQ(run.output, "");
+    EXPECT_EQ(run.errors,
+              "onusim: cannot listen on " + first.endpoint() + ": Address already in use\n");
+}
+
+TEST_F(Onusim, TellsWhenItCannotSave) {
+    const std::string nowhere = (directory_ / "none" / "saved").string();
+    SimulatorProcess simulator(arguments({"--save", nowhere}));
+    const FinishedRun run = simulator.finish(SIGTERM);
+    EXPECT_EQ(run.exitStatus, 1);
+    EXPECT_EQ(run.errors, nowhere + ": No such file or directory\n");
+}
+
+TEST_F(Onusim, EndsWithItsParent) {
+    int fromChild[2];
+    ASSERT_EQ(::pipe(fromChild), 0);
+    const fs::path saved = directory_ / "saved.snmprec";
+    const pid_t parent = ::fork();
+    if (parent == 0) {
+        // The process in between starts the simulator and ends as soon as it serves, without a
+        // destructor: only the kernel tells the simulator.
+        const SimulatorProcess simulator(arguments({"--with-parent", "--save", saved.string()}));
+        const pid_t pid = simulator.endpoint().empty() ? -1 : simulator.pid();
+        ::_exit(::write(fromChild[1], &pid, sizeof pid) == sizeof pid ? 0 : 1);
+    }
+    ::close(fromChild[1]);
+    pid_t simulator = -1;
+    ASSERT_EQ(::read(fromChild[0], &simulator, sizeof simulator), sizeof simulator);
+    ::waitpid(parent, nullptr, 0);
+    ASSERT_GT(simulator, 0);
+    // The simulator inherited the writing end; the pipe hangs up when it is gone.
+    pollfd end{.fd = fromChild[0], .events = POLLIN, .revents = 0};
+    const bool gone = ::poll(&end, 1, 10'000) == 1;
+    EXPECT_TRUE(gone);
+    if (!gone) {
+        ::kill(simulator, SIGKILL);
+    }
+    ::close(fromChild[0]);
+    EXPECT_EQ(contents(saved), contents(kRecording));
+}
+
+} // namespace
+} // namespace onudesk::sim::test
