@@ -14,6 +14,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 
 namespace onudesk {
@@ -61,7 +62,9 @@ public:
     ByteString() : ByteString(std::string_view{}) {}
     explicit ByteString(std::string_view bytes);
     ByteString(const ByteString& other) : ByteString(other.view()) {}
-    ByteString(ByteString&&) noexcept = default;
+    ByteString(ByteString&& other) noexcept
+        : bytes_(std::move(other.bytes_)),
+          lengthBigEndian_(std::exchange(other.lengthBigEndian_, {})) {}
     ByteString& operator=(ByteString other) noexcept;
     ~ByteString() = default;
 

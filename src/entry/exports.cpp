@@ -3,8 +3,6 @@
 #include "bridge/code_para_access.h"
 #include "entry/show_form.h"
 
-#include <exception>
-
 #define ONUCONFIG_EXPORT extern "C" __attribute__((visibility("default")))
 
 ONUCONFIG_EXPORT int ShowHolderConfigForm(QApplication* application,
@@ -14,7 +12,7 @@ ONUCONFIG_EXPORT int ShowHolderConfigForm(QApplication* application,
                                           onudesk::ReleaseCodeParaFn releaseFn) {
     try {
         onudesk::showConfigForm(application, routeTable, *param, *hostThreadId, releaseFn);
-    } catch (const std::exception&) {
+    } catch (...) {
         // Nothing in the window throws; what the toolkit or a shortage of memory throws must not
         // cross into the host.
     }

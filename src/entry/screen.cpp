@@ -51,13 +51,14 @@ platform::PromptAnswer ScreenPrompter::ask(const platform::Prompt& prompt) {
                     QMessageBox::NoButton, QApplication::activeModalWidget());
     box.setTextFormat(Qt::PlainText);
     if (prompt.buttons == platform::PromptButtons::ok) {
-        box.addButton(shown(messageText(kOkCaption)), QMessageBox::AcceptRole);
+        box.addButton(withoutMnemonics(shown(messageText(kOkCaption))), QMessageBox::AcceptRole);
         box.exec();
         return platform::PromptAnswer::ok;
     }
     const QAbstractButton* yes =
-        box.addButton(shown(messageText(kYesCaption)), QMessageBox::YesRole);
-    QPushButton* no = box.addButton(shown(messageText(kNoCaption)), QMessageBox::NoRole);
+        box.addButton(withoutMnemonics(shown(messageText(kYesCaption))), QMessageBox::YesRole);
+    QPushButton* no =
+        box.addButton(withoutMnemonics(shown(messageText(kNoCaption))), QMessageBox::NoRole);
     box.setDefaultButton(no);
     box.setEscapeButton(no);
     box.exec();

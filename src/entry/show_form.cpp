@@ -45,6 +45,15 @@ private:
     ScreenDesktop desktop_;
 };
 
+// Remembers the open window for as long as it is open.
+class OpenForm {
+public:
+    explicit OpenForm(TConfigMainForm& form) { g_mainForm = &form; }
+    ~OpenForm() { g_mainForm = nullptr; }
+    OpenForm(const OpenForm&) = delete;
+    OpenForm& operator=(const OpenForm&) = delete;
+};
+
 void adoptApplication(QApplication* application) {
     if (!g_savedApplication) {
         g_savedApplication = platform::currentApplication();
@@ -72,10 +81,9 @@ void showConfigForm(QApplication* application, ReplyRouteTable* routeTable,
     const MessagePump pump;
     const ScreenServices services;
     TConfigMainForm form(session);
-    g_mainForm = &form;
+    const OpenForm open(form);
     startSession(param, session);
     form.exec();
-    g_mainForm = nullptr;
 }
 
 void restoreApplication() {

@@ -2,6 +2,7 @@
 #include "env/language_module.h"
 
 #include "env/xml_file.h"
+#include "platform/desktop.h"
 #include "platform/files.h"
 
 #include <utility>
@@ -84,6 +85,9 @@ bool LoadNewResourceModule(const std::string& libraryFile, std::uint32_t localeI
         if (module) {
             installLanguage(std::move(module).value());
             return true;
+        }
+        if (std::filesystem::exists(path)) {
+            platform::noteProblem(module.error());
         }
     }
     return false;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "env/xml_file.h"
 
+#include "platform/files.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -10,7 +12,6 @@
 #include <utility>
 
 #include <iconv.h>
-#include <strings.h>
 
 namespace onudesk {
 
@@ -18,61 +19,87 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n\v\f";
 
-// Walks the markup as TinyXML will, so that what it would nest too deeply is refused before.
-class DepthScanner {
-public:
-    explicit DepthScanner(std::string_view text) : text_(text) {}
+bool startsName(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
+           static_cast<unsigned char>(c) >= 0x80;
+}
 
-    [[nodiscard]] int deepest() {
-        while ((at_ = text_.find('<', at_)) != std::string_view::npos) {
-            if (skip("<!--", "-->") || skip("<![CDATA[", "]]>") || skip("<?", ">") ||
-                skip("<!", ">")) {
-                continue;
-            }
-            if (text_.substr(at_).starts_with("</")) {
-                --depth_;
-                ++at_;
-            } else {
-                tag();
-            }
+// Walks the markup before TinyXML does, which nests without limit and takes much that is no XML.
+// Whatever the two could read differently is refused.
+class MarkupCheck {
+public:
+    explicit MarkupCheck(std::string_view text) : text_(text) {}
+
+    // What is wrong with the text, empty when it may be parsed.
+    [[nodiscard]] std::string problem() {
+        while (problem_.empty() && (at_ = text_.find('<', at_)) != std::string_view::npos) {
+            markup();
         }
-        return deepest_;
+        return problem_.empty() ? std::string() : problem_ + " in line " + std::to_string(line());
     }
 
 private:
-    bool skip(std::string_view open, std::string_view close) {
-        if (!text_.substr(at_).starts_with(open)) {
-            return false;
+    [[nodiscard]] std::string_view rest() const { return text_.substr(at_); }
+
+    void markup() {
+        if (rest().starts_with("<?xml") && at_ == 0) {
+            declaration();
+        } else if (rest().starts_with("<!--")) {
+            skipTo("-->", 4);
+        } else if (rest().starts_with("<![CDATA[") && depth_ > 0) {
+            skipTo("]]>", 9);
+        } else if (rest().starts_with("</") && depth_ > 0) {
+            --depth_;
+            skipTo(">", 2);
+        } else if (rest().size() > 1 && startsName(rest()[1])) {
+            tag();
+        } else {
+            problem_ = "markup that is not allowed";
         }
-        const auto end = text_.find(close, at_ + open.size());
+    }
+
+    void skipTo(std::string_view close, std::size_t from) {
+        const auto end = text_.find(close, at_ + from);
         at_ = end == std::string_view::npos ? text_.size() : end + close.size();
-        return true;
+    }
+
+    void declaration() {
+        const auto end = text_.find('>');
+        if (end == std::string_view::npos || text_[end - 1] != '?' ||
+            text_.substr(1, end - 1).find('<') != std::string_view::npos) {
+            problem_ = "a declaration that does not end";
+            return;
+        }
+        at_ = end + 1;
     }
 
     void tag() {
         char quote = '\0';
-        ++at_;
-        for (; at_ < text_.size(); ++at_) {
+        for (++at_; at_ < text_.size(); ++at_) {
             const char c = text_[at_];
             if (quote != '\0') {
                 quote = c == quote ? '\0' : quote;
             } else if (c == '"' || c == '\'') {
                 quote = c;
-            } else if (c == '>') {
+            } else if (c == '>' || c == '<') {
                 break;
             }
         }
-        const bool empty = at_ < text_.size() && text_[at_ - 1] == '/';
-        deepest_ = std::max(deepest_, depth_ + 1);
-        if (!empty) {
-            ++depth_;
+        if (at_ >= text_.size() || text_[at_] == '<') {
+            problem_ = "a tag that does not end";
+        } else if (text_[at_ - 1] != '/' && ++depth_ > kMaxXmlDepth) {
+            problem_ = "elements nested more than " + std::to_string(kMaxXmlDepth) + " deep";
         }
+    }
+
+    [[nodiscard]] std::ptrdiff_t line() const {
+        return 1 + std::ranges::count(text_.substr(0, at_), '\n');
     }
 
     std::string_view text_;
     std::size_t at_ = 0;
     int depth_ = 0;
-    int deepest_ = 0;
+    std::string problem_;
 };
 
 std::string declaredEncoding(std::string_view text) {
@@ -92,7 +119,7 @@ std::string declaredEncoding(std::string_view text) {
 
 bool isChineseEncoding(const std::string& name) {
     return std::ranges::any_of(std::array{"GB2312", "GBK", "GB18030"}, [&](const char* known) {
-        return ::strcasecmp(name.c_str(), known) == 0;
+        return platform::sameIgnoringCase(name, known);
     });
 }
 
@@ -160,9 +187,8 @@ Result<XmlDocument> parseXml(std::string_view bytes, const std::string& name) {
     if (!text) {
         return Error{name + ": " + text.error()};
     }
-    if (DepthScanner(*text).deepest() > kMaxXmlDepth) {
-        return Error{name + ": elements are nested more than " + std::to_string(kMaxXmlDepth) +
-                     " deep"};
+    if (const std::string problem = MarkupCheck(*text).problem(); !problem.empty()) {
+        return Error{name + ": " + problem};
     }
     // Message texts keep their blanks: several are put together from two.
     TiXmlBase::SetCondenseWhiteSpace(false);

@@ -75,6 +75,7 @@ TConfigMainForm::TConfigMainForm(Session& session)
 
 TConfigMainForm::~TConfigMainForm() {
     FormClose();
+    pages_.clear();
 }
 
 void TConfigMainForm::buildFrame() {
@@ -200,11 +201,12 @@ void TConfigMainForm::detachPages() {
     for (const auto& [itemType, page] : pages_) {
         page->hide();
     }
+    snmpGroup->show();
 }
 
 void TConfigMainForm::showPage(bool isNew) {
     layoutPage();
-    currentPage_->raise();
+    snmpGroup->hide(); // covered anyway, and must not be reached with the tab key
     currentPage_->show();
     registerReadRoute(session_, currentPage_->itemType(), currentPage_->replyHandle());
     if (isNew) {
@@ -273,12 +275,34 @@ Qt::Edges TConfigMainForm::edgesAt(QPoint position) const {
 
 void TConfigMainForm::mousePressEvent(QMouseEvent* event) {
     const Qt::Edges edges = edgesAt(event->position().toPoint());
-    if (event->button() == Qt::LeftButton && edges != 0 && windowHandle() != nullptr) {
-        windowHandle()->startSystemResize(edges);
+    if (event->button() != Qt::LeftButton || edges == 0 ||
+        (windowHandle() != nullptr && windowHandle()->startSystemResize(edges))) {
+        return;
+    }
+    // Where no window manager resizes windows, the window does it.
+    resizing_ = Resizing{edges, event->globalPosition().toPoint(), geometry()};
+}
+
+void TConfigMainForm::mouseReleaseEvent(QMouseEvent* /*event*/) {
+    resizing_.reset();
+}
+
+void TConfigMainForm::resizeBy(QPoint moved) {
+    QRect wanted = resizing_->geometry;
+    wanted.adjust(resizing_->edges.testFlag(Qt::LeftEdge) ? moved.x() : 0,
+                  resizing_->edges.testFlag(Qt::TopEdge) ? moved.y() : 0,
+                  resizing_->edges.testFlag(Qt::RightEdge) ? moved.x() : 0,
+                  resizing_->edges.testFlag(Qt::BottomEdge) ? moved.y() : 0);
+    if (wanted.width() >= minimumWidth() && wanted.height() >= minimumHeight()) {
+        setGeometry(wanted);
     }
 }
 
 void TConfigMainForm::mouseMoveEvent(QMouseEvent* event) {
+    if (resizing_) {
+        resizeBy(event->globalPosition().toPoint() - resizing_->grip);
+        return;
+    }
     const Qt::Edges edges = edgesAt(event->position().toPoint());
     const bool sideways = (edges & (Qt::LeftEdge | Qt::RightEdge)) != 0;
     const bool upright = (edges & (Qt::TopEdge | Qt::BottomEdge)) != 0;
@@ -291,11 +315,11 @@ void TConfigMainForm::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void TConfigMainForm::FormClose() {
-    currentPage_ = nullptr;
+    // The pages go with the window: a box may still be open in one of their handlers.
+    detachPages();
     for (const auto& [itemType, page] : pages_) {
         unregisterRoutes(session_, itemType);
     }
-    pages_.clear();
     ConfigItemTree->clear();
 }
 

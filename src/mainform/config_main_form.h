@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include <QDialog>
@@ -46,7 +47,7 @@ public:
     // First call only: title, tree, and the settings panel or the single item.
     void FormActivate();
     void ConfigItemTreeClick();
-    // Unregisters the routes of every page and destroys the pages.
+    // Unregisters the routes of every page; the pages are destroyed with the window.
     void FormClose();
 
     void done(int result) override;
@@ -55,6 +56,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
@@ -71,16 +73,21 @@ private:
     [[nodiscard]] bool singleItem() const { return session_.context.subIndex != -1; }
     [[nodiscard]] Qt::Edges edgesAt(QPoint position) const;
 
-    struct DeletePage {
-        void operator()(ConfigPage* page) const { delete page; }
+    void resizeBy(QPoint moved);
+
+    struct Resizing {
+        Qt::Edges edges;
+        QPoint grip; // where the mouse was when it began, on the screen
+        QRect geometry;
     };
 
     Session& session_;
     const std::string helpBase_;
     std::string helpCommand_;
-    std::map<std::int32_t, std::unique_ptr<ConfigPage, DeletePage>> pages_;
+    std::map<std::int32_t, std::unique_ptr<ConfigPage>> pages_;
     ConfigPage* currentPage_ = nullptr;
     bool activated_ = false;
+    std::optional<Resizing> resizing_;
 };
 
 } // namespace onudesk

@@ -3,6 +3,7 @@
 
 #include "env/client_paths.h"
 #include "env/xml_file.h"
+#include "platform/desktop.h"
 #include "platform/files.h"
 #include "platform/prompter.h"
 
@@ -48,6 +49,7 @@ std::optional<Menu> loadMenu(const SessionContext& context) {
     }
     const Result<XmlDocument> document = loadXml(*path);
     if (!document) {
+        platform::noteProblem(document.error());
         return std::nullopt;
     }
     return readMenu(*(*document)->RootElement(), context.rootCaption);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop.h"
 
+#include <cstdio>
 #include <string_view>
 #include <thread>
 #include <utility>
@@ -46,6 +47,10 @@ bool runCommand(const std::string& line) {
     }
     openHelp(target.substr(0, split), target.substr(split + separator.size()));
     return true;
+}
+
+void noteProblem(const std::string& text) {
+    std::fprintf(stderr, "onuconfig: %s\n", text.c_str());
 }
 
 void pause(std::chrono::milliseconds time) {

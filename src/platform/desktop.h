@@ -36,6 +36,9 @@ ONUPLATFORM_API void openHelp(const std::string& book, const std::string& topic)
 // known; nothing ever reaches a shell. False when the line is not understood.
 ONUPLATFORM_API bool runCommand(const std::string& line);
 
+// Writes a line for whoever looks after the program to standard error.
+ONUPLATFORM_API void noteProblem(const std::string& text);
+
 // Blocks the calling thread.
 ONUPLATFORM_API void pause(std::chrono::milliseconds time);
 

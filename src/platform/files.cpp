@@ -9,7 +9,6 @@
 #include <utility>
 
 #include <dlfcn.h>
-#include <strings.h>
 
 namespace onudesk::platform {
 
@@ -46,7 +45,7 @@ std::optional<fs::path> findComponent(const fs::path& directory, const std::stri
     }
     for (fs::directory_iterator entry(directory, error), end; !error && entry != end;
          entry.increment(error)) {
-        if (::strcasecmp(entry->path().filename().c_str(), name.c_str()) == 0) {
+        if (sameIgnoringCase(entry->path().filename().string(), name)) {
             return entry->path();
         }
     }
@@ -55,13 +54,18 @@ std::optional<fs::path> findComponent(const fs::path& directory, const std::stri
 
 } // namespace
 
+bool sameIgnoringCase(std::string_view left, std::string_view right) {
+    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
+    return std::ranges::equal(left, right, {}, lower, lower);
+}
+
 std::string moduleFileName(const void* address) {
     Dl_info info{};
     if (::dladdr(address, &info) == 0 || info.dli_fname == nullptr) {
         return {};
     }
     std::error_code error;
-    const fs::path path = fs::canonical(info.dli_fname, error);
+    const fs::path path = fs::absolute(info.dli_fname, error);
     return error ? std::string(info.dli_fname) : path.string();
 }
 

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace onudesk::platform {
 
@@ -24,6 +25,9 @@ ONUPLATFORM_API void setHostFileName(std::string path);
 // Abbreviated language name of a Windows locale identifier, such as "ENU" for 1033 and "CHS" for
 // 2052; empty when the locale is unknown.
 [[nodiscard]] ONUPLATFORM_API std::string localeAbbreviation(std::uint32_t localeId);
+
+// Compares regardless of the letter case of A to Z, whatever the locale.
+[[nodiscard]] ONUPLATFORM_API bool sameIgnoringCase(std::string_view left, std::string_view right);
 
 // Resolves a path as clients write them: "\" separates like "/", and a component that does not
 // exist as written is looked up regardless of ASCII letter case. Relative paths start at the

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/thread_queue.h"
 
+#include <cerrno>
 #include <map>
 #include <mutex>
+#include <system_error>
 #include <utility>
 
 #include <poll.h>
@@ -18,7 +20,11 @@ struct ThreadQueue::State {
     std::deque<ThreadMessage> messages;
     bool open = true;
 
-    State() = default;
+    State() {
+        if (eventDescriptor < 0) {
+            throw std::system_error(errno, std::generic_category(), "eventfd");
+        }
+    }
     State(const State&) = delete;
     State& operator=(const State&) = delete;
     ~State() { ::close(eventDescriptor); }

@@ -27,6 +27,7 @@ struct ThreadMessage {
 // One thread takes; any thread posts.
 class ONUPLATFORM_API ThreadQueue {
 public:
+    // Throws std::system_error when the system has no more descriptors.
     ThreadQueue();
     ~ThreadQueue();
     ThreadQueue(const ThreadQueue&) = delete;

@@ -30,6 +30,17 @@ Windows& windows() {
     return instance;
 }
 
+// Takes back the mark of a message being handled, however its handler ends.
+struct HandlingDone {
+    HandlingDone() = default;
+    ~HandlingDone() {
+        const std::scoped_lock lock(windows().mutex);
+        --windows().handling;
+    }
+    HandlingDone(const HandlingDone&) = delete;
+    HandlingDone& operator=(const HandlingDone&) = delete;
+};
+
 void discard(const WindowMessage& message) {
     if (message.discard != nullptr) {
         message.discard(message);
@@ -95,13 +106,12 @@ void dispatchWindowMessages() {
             const auto found = windows().receivers.find(next.handle);
             receiver = found == windows().receivers.end() ? nullptr : found->second;
         }
+        const HandlingDone done;
         if (receiver != nullptr) {
             receiver->handleMessage(next.message);
         } else {
             discard(next.message);
         }
-        const std::scoped_lock lock(windows().mutex);
-        --windows().handling;
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include "env/client_paths.h"
 #include "env/language_module.h"
+#include "platform/desktop.h"
 #include "platform/files.h"
 #include "platform/prompter.h"
 
@@ -21,7 +22,11 @@ ObjectCatalogue readCatalogue(std::int32_t itemType) {
         return {};
     }
     const Result<XmlDocument> document = loadXml(*path);
-    return document ? catalogueModule(*(*document)->RootElement(), itemType) : ObjectCatalogue{};
+    if (!document) {
+        platform::noteProblem(document.error());
+        return {};
+    }
+    return catalogueModule(*(*document)->RootElement(), itemType);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 
 #include "onudesk/messages.h"
 
+#include <algorithm>
 #include <utility>
 
 #include <arpa/inet.h>
@@ -80,7 +81,9 @@ void addWriteBinding(DllClientCodePara& para, const std::string& value, const CO
     }
     appendByteString(para, CP_NAME_LIST, object.name.c_str(), 0);
     appendByteString(para, CP_OID_LIST, oid.c_str(), 0);
-    appendByteString(para, CP_VALUE_LIST, value.c_str(), length);
+    std::string bytes = value;
+    bytes.resize(std::max(length, bytes.size())); // never read beyond what the caller has
+    appendByteString(para, CP_VALUE_LIST, bytes.c_str(), length);
     appendInteger(para, CP_TYPE_LIST, code(object.type));
 }
 

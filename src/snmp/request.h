@@ -27,8 +27,9 @@ void fillReadRequest(DllClientCodePara& para, Session& session, std::int32_t ite
 [[nodiscard]] CodeParaPtr createWriteRequest(const Session& session, std::int32_t itemType);
 
 // One binding: position k of the name, OID, value and type lists describes binding k. With length 0
-// the value's text (up to a zero byte) is sent, otherwise its first `length` bytes. An empty suffix
-// adds nothing to the OID, and an object without OID gives an empty one.
+// the value's text (up to a zero byte) is sent, otherwise its first `length` bytes, followed by
+// zero bytes where it has fewer. An empty suffix adds nothing to the OID, and an object without OID
+// gives an empty one.
 void addWriteBinding(DllClientCodePara& para, const std::string& value, const CONFIG_OID_T& object,
                      const std::string& suffix, std::size_t length = 0);
 

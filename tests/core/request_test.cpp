@@ -126,14 +126,17 @@ TEST(WriteRequest, ListsRunInParallelInTheOrderAdded) {
     addWriteBinding(*request, "cellar", {"onuName", "1.3.6.1.8", 4}, "1.2.5");
     addWriteBinding(*request, "1", {"noOid", "", 2}, "1.2.5");
     addWriteBinding(*request, "", {"noSuffix", "1.3.6.1.7", 2}, "");
+    addWriteBinding(*request, "\x01", {"short", "1.3.6.1.6", 4}, "1", 3);
     ASSERT_TRUE(postWrite(session, std::move(request)));
     const auto posted = host.take();
     EXPECT_EQ(posted->kind, CP_KIND_WRITE);
     EXPECT_EQ(posted->suffix, std::nullopt);
-    EXPECT_EQ(posted->bindings, (std::vector<Binding>{{"onuBindMac", "1.3.6.1.9.1.2.5", mac, 4},
-                                                      {"onuName", "1.3.6.1.8.1.2.5", "cellar", 4},
-                                                      {"noOid", "", "1", 2},
-                                                      {"noSuffix", "1.3.6.1.7", "", 2}}));
+    EXPECT_EQ(posted->bindings,
+              (std::vector<Binding>{{"onuBindMac", "1.3.6.1.9.1.2.5", mac, 4},
+                                    {"onuName", "1.3.6.1.8.1.2.5", "cellar", 4},
+                                    {"noOid", "", "1", 2},
+                                    {"noSuffix", "1.3.6.1.7", "", 2},
+                                    {"short", "1.3.6.1.6.1", std::string("\x01\0\0", 3), 4}}));
 }
 
 TEST(WriteRequest, WithoutBindingsIsNotSent) {

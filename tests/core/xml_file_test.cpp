@@ -23,6 +23,13 @@ std::string nested(int depth) {
 TEST(XmlFile, RefusesHostileAndBrokenFilesByName) {
     const std::pair<std::string, std::string> cases[] = {
         {nested(kMaxXmlDepth + 1), "nested"},
+        // What TinyXML would take for something harmless, or deeper than it looks.
+        {"</a></a></a>" + nested(kMaxXmlDepth + 1), "not allowed"},
+        {"<1 '>" + nested(kMaxXmlDepth + 1) + "<x y='", "not allowed"},
+        {"<?xml version=\"><!--\"?>" + nested(kMaxXmlDepth + 1), "declaration"},
+        {"<a><?xml?></a>", "not allowed"},
+        {"<!DOCTYPE a><a/>", "not allowed"},
+        {"<a <b/></a>", "tag that does not end"},
         {nested(50000), "nested"},
         // Comments and quoted brackets must not hide depth from the check.
         {"<!-- " + nested(2) + " -->" + nested(kMaxXmlDepth + 1), "nested"},
@@ -31,7 +38,7 @@ TEST(XmlFile, RefusesHostileAndBrokenFilesByName) {
         {"", "test"},
         {"   ", "test"},
         {"<a><b></a>", "test"},
-        {"<a", "test"},
+        {"<a", "tag that does not end in line 1"},
         {"<!-- only a comment -->", "no root element"},
         {"<a>\xC3\x28</a>", "line 1 is not valid UTF-8"},
         {"<a>\n\n\xFF</a>", "line 3 is not valid UTF-8"},

@@ -4,6 +4,7 @@
 #include "mainform/config_main_form.h"
 #include "pages/basic/onu_basic.h"
 #include "pages/framework/controls.h"
+#include "platform/window_messages.h"
 #include "ui_test.h"
 
 #include <QLabel>
@@ -14,6 +15,11 @@ namespace {
 using test::Answer;
 
 using Texts = std::vector<std::string>;
+
+void giveBack(const platform::WindowMessage& message) {
+    auto* reply = static_cast<CodeParaReply*>(message.payload);
+    test::TestHost::releaseFn()(&reply);
+}
 
 class MainFormTest : public test::UiTest {
 protected:
@@ -226,11 +232,73 @@ TEST_F(MainFormTest, ClosingWithdrawsRoutesAndDropsLateReplies) {
     const std::uint32_t window = form.currentPage()->replyHandle();
     registerWriteRoute(session, 606, window);
     registerReadRoute(session, 4711, 99); // somebody else's
+    // A reply that is queued already when the window closes.
+    ASSERT_TRUE(platform::postWindowMessage(
+        window, {WM_CODEPARA_READ_REPLY, test::TestHost::makeReply({}), 0, &giveBack}));
     form.close();
-    EXPECT_EQ(form.pageCount(), 0U);
     EXPECT_EQ(host.routes.routes.size(), 1U);
     EXPECT_FALSE(host.replyRead(606, {.values = Texts{"1"}}));
     EXPECT_EQ(form.ConfigItemTree->topLevelItemCount(), 0);
+    EXPECT_EQ(form.currentPage(), nullptr);
+    close();
+    EXPECT_EQ(test::TestHost::outstandingReplies(), 0U);
+    EXPECT_EQ(platform::pendingWindowMessages(), 0U);
+    EXPECT_FALSE(platform::postWindowMessage(window, {}));
+}
+
+TEST_F(MainFormTest, ClosingUnderAnOpenBoxIsSafe) {
+    TConfigMainForm& form = open();
+    choose(node(606));
+    host.take();
+    auto* page = dynamic_cast<TOnuBasic*>(form.currentPage());
+    ASSERT_NE(page, nullptr);
+    page->configBtn->setEnabled(true);
+    desk.whileOpen = [&] { form.close(); }; // as a log-out does
+    test::click(*page->configBtn);          // the empty MAC is refused
+    EXPECT_EQ(desk.takeBox().caption, messageText(113));
+    EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(MainFormTest, BrokenOrMissingMenusLeaveAnEmptyTree) {
+    const test::TemporaryDirectory directory;
+    directory.write("CONF/snmp/broken.xml", "<menu><CONFIG_ITEM");
+    directory.write("CONF/snmp/root.xml", "<menu type='only a root'/>");
+    const test::ClientTree tree(directory.path());
+    session.context.menuFileName = "broken.xml";
+    EXPECT_EQ(open().ConfigItemTree->topLevelItemCount(), 0);
+    session.context.menuFileName = "root.xml";
+    TConfigMainForm& rootOnly = open();
+    ASSERT_EQ(rootOnly.ConfigItemTree->topLevelItemCount(), 1);
+    choose(rootOnly.ConfigItemTree->topLevelItem(0)); // a leaf without item type
+    EXPECT_EQ(rootOnly.currentPage(), nullptr);
+    session.context.menuFileName = "missing.xml";
+    EXPECT_EQ(open().ConfigItemTree->topLevelItemCount(), 0);
+    EXPECT_EQ(desk.takeBox().text, "File ..\\CONF\\snmp\\epononuother_menu.xml not found!");
+    EXPECT_EQ(host.pending(), 0U);
+}
+
+TEST_F(MainFormTest, PagesCoverTheSettingsWholly) {
+    TConfigMainForm& form = open();
+    choose(node(606));
+    host.take();
+    EXPECT_FALSE(form.snmpGroup->isVisible()) << "the tab key must not reach it";
+    const auto* bottom = form.currentPage()->findChild<QFrame*>(QStringLiteral("bottomPanel"));
+    const int area = form.Panel1->width() - form.ConfigItemTree->width();
+    EXPECT_EQ(bottom->x(), (area - bottom->width()) / 2);
+    choose(node(826));
+    EXPECT_TRUE(form.snmpGroup->isVisible());
+}
+
+TEST_F(MainFormTest, BorderAndTitleMoveTheWindowWithoutWindowManager) {
+    TConfigMainForm& form = open();
+    const QRect before = form.geometry();
+    test::drag(form, QPoint(form.width() - 1, 300), QPoint(40, 25));
+    EXPECT_EQ(form.geometry(), before.adjusted(0, 0, 40, 0));
+    test::drag(*form.TitlePanel, QPoint(100, 10), QPoint(15, 20));
+    EXPECT_EQ(form.pos(), before.topLeft() + QPoint(15, 20));
+    test::drag(*form.TitlePanel->ClosePanel, QPoint(5, 5), QPoint(-60, 40));
+    EXPECT_EQ(form.pos(), before.topLeft() + QPoint(15, 20)) << "the close panel drags nothing";
+    EXPECT_TRUE(form.isVisible()) << "released elsewhere";
 }
 
 TEST_F(MainFormTest, ShowingAgainAddsNoSecondTree) {

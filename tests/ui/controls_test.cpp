@@ -85,6 +85,13 @@ TEST_F(ControlsTest, TypingLimitsCountBytesAndNeverCutTheProgramsText) {
     EXPECT_EQ(edit.text(), QStringLiteral("longer than four"));
     test::key(edit, Qt::Key_Backspace);
     EXPECT_EQ(edit.text(), QStringLiteral("longer than fou"));
+    edit.selectAll();
+    test::type(edit, QStringLiteral("afresh"));
+    EXPECT_EQ(edit.text(), QStringLiteral("afre")) << "the old length is no licence";
+    setControlText(edit, "\xD6\xD0\xCE\xC4\xB2\xE2"); // no UTF-8: shown longer than it is
+    edit.end(false);
+    test::type(edit, QStringLiteral("x"));
+    EXPECT_EQ(bytesOf(edit.text()).find('x'), std::string::npos);
 }
 
 TEST_F(ControlsTest, DigitsOnlyLimitsTypingNotSetting) {
@@ -94,6 +101,9 @@ TEST_F(ControlsTest, DigitsOnlyLimitsTypingNotSetting) {
     EXPECT_EQ(edit.text(), QStringLiteral("123"));
     setControlText(edit, "n/a");
     EXPECT_EQ(edit.text(), QStringLiteral("n/a"));
+    edit.end(false);
+    test::type(edit, QStringLiteral("x1"));
+    EXPECT_EQ(edit.text(), QStringLiteral("n/a1"));
 }
 
 TEST_F(ControlsTest, StatesReadWhatIsShown) {
@@ -116,6 +126,9 @@ TEST_F(ControlsTest, UntouchedTextGoesBackByteForByte) {
     QLineEdit edit;
     setControlText(edit, "ab\xFF"); // no valid UTF-8
     EXPECT_EQ(stateOf(edit).text, "ab\xFF");
+    QPlainTextEdit memo;
+    setControlText(memo, "two\r\nlines\xC2\xA0");
+    EXPECT_EQ(stateOf(memo).text, "two\r\nlines\xC2\xA0");
     edit.end(false);
     test::type(edit, QStringLiteral("c"));
     EXPECT_EQ(stateOf(edit).text, "ab\xEF\xBF\xBD"

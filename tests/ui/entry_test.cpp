@@ -58,6 +58,22 @@ TEST(Exports, AreThreeAndNoMore) {
                                      "deleteDllClientCodePara"}));
 }
 
+// Closes the window at the end of a step inside it, also when an assertion ends the step early.
+class CloseAtEnd {
+public:
+    explicit CloseAtEnd(QWidget* form) : form_(form) {}
+    ~CloseAtEnd() {
+        if (form_ != nullptr) {
+            form_->close();
+        }
+    }
+    CloseAtEnd(const CloseAtEnd&) = delete;
+    CloseAtEnd& operator=(const CloseAtEnd&) = delete;
+
+private:
+    QWidget* form_;
+};
+
 class PluginTest : public test::UiTest {
 protected:
     PluginTest() : library_(::dlopen(ONUCONFIG_FILE, RTLD_NOW | RTLD_LOCAL)) {
@@ -113,13 +129,13 @@ TEST_F(PluginTest, RunsASessionInsideTheHostsLoopAndReturnsWhenClosed) {
         bool seen = false;
         QTimer::singleShot(0, [&] {
             QWidget* form = window();
+            const CloseAtEnd closing(form);
             ASSERT_NE(form, nullptr);
             seen = true;
             EXPECT_TRUE(form->isModal());
             EXPECT_TRUE(
                 form->windowTitle().contains(QStringLiteral("(IP:10.1.1.1  OLT:1 PON:2 ONU:5)")));
             EXPECT_EQ(platform::currentApplication(), QApplication::instance());
-            form->close();
         });
         show();
         EXPECT_TRUE(seen);
@@ -149,6 +165,7 @@ TEST_F(PluginTest, DeliversRepliesPostedWhileTheWindowIsOpen) {
     std::string llid;
     QTimer::singleShot(0, [&] {
         QWidget* form = window();
+        const CloseAtEnd closing(form);
         auto* tree = form->findChild<QTreeWidget*>(QStringLiteral("ConfigItemTree"));
         for (QTreeWidgetItem* item :
              tree->findItems(QString(), Qt::MatchContains | Qt::MatchRecursive)) {
@@ -167,10 +184,10 @@ TEST_F(PluginTest, DeliversRepliesPostedWhileTheWindowIsOpen) {
             route->second.window,
             {route->second.message, test::TestHost::makeReply({.values = values, .status = 1}), 0,
              nullptr}));
-        QTimer::singleShot(0, form, [form, &llid] {
-            llid = form->findChild<QLineEdit*>(QStringLiteral("llidEdt"))->text().toStdString();
-            form->close();
-        });
+        while (platform::pendingWindowMessages() > 0) {
+            QCoreApplication::processEvents();
+        }
+        llid = form->findChild<QLineEdit*>(QStringLiteral("llidEdt"))->text().toStdString();
     });
     show();
     EXPECT_EQ(llid, "1A");

@@ -158,13 +158,45 @@ TEST_F(ListPageTest, DialogsAreClosedByCancelOrPanelAndMakeThePageReadAgain) {
     }
 }
 
-TEST_F(ListPageTest, OkClosesWithoutEmptyingTwice) {
+class QuietItem : public SampleItem {
+public:
+    using SampleItem::SampleItem;
+
+protected:
+    void FormClose() override {} // closing does not read again
+};
+
+TEST_F(ListPageTest, CancelEmptiesTheTableItselfAndOkDoesNot) {
+    const auto page = makeList();
+    row("7", {"a", "1"});
+    QuietItem accepted(*page);
+    QTimer::singleShot(0, &accepted, [&] { test::click(*accepted.okBtn); });
+    EXPECT_EQ(accepted.exec(), QDialog::Accepted);
+    EXPECT_EQ(page->mainTable->rowCount(), 1);
+    QuietItem cancelled(*page);
+    QTimer::singleShot(0, &cancelled, [&] { test::click(*cancelled.cancelBtn); });
+    EXPECT_EQ(cancelled.exec(), QDialog::Rejected);
+    EXPECT_EQ(page->mainTable->rowCount(), 0);
+    EXPECT_EQ(host.pending(), 0U);
+}
+
+TEST_F(ListPageTest, OkReadsOnce) {
     const auto page = makeList();
     SampleItem dialog(*page);
     QTimer::singleShot(0, &dialog, [&] { test::click(*dialog.okBtn); });
     EXPECT_EQ(dialog.exec(), QDialog::Accepted);
     EXPECT_EQ(host.pending(), 1U);
     host.take();
+}
+
+TEST_F(ListPageTest, RawKeysAndCellsStayWhole) {
+    const auto page = makeList();
+    const std::string raw("\x00\x1A", 2);
+    row("7", {"a", "1", raw});
+    EXPECT_EQ(page->mainTable->cell(0, 3), raw);
+    ASSERT_TRUE(host.replyRead(kItem, {.values = Texts{"b"}, .status = 1}));
+    ASSERT_TRUE(host.replyRead(kItem, {.values = Texts{"c"}, .status = 1}));
+    EXPECT_EQ(page->mainTable->rowCount(), 3) << "replies without row index have no key";
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "pages/basic/onu_basic.h"
 #include "ui_test.h"
 
+#include <cstdlib>
 #include <set>
 
 #include <QPlainTextEdit>
@@ -178,6 +179,37 @@ TEST_F(OnuBasicTest, NamesComeAsTextOrAsHexadecimal) {
     }
 }
 
+TEST_F(OnuBasicTest, NamesWithoutLengthsAreShownAsTheyAre) {
+    ASSERT_TRUE(host.replyRead(kItem, {.values = changed(registered(), 18, "cellar")}));
+    EXPECT_EQ(text("nameEdit"), "cellar");
+}
+
+TEST_F(OnuBasicTest, FailedPostsLeaveRecoveryToTheTimer) {
+    read(freeSlot());
+    host.goAway();
+    test::click(*page.configBtn);
+    EXPECT_FALSE(page.configBtn->isEnabled());
+    EXPECT_EQ(host.routedWindow(CP_KIND_WRITE, kItem), page.replyHandle());
+    test::elapse(page);
+    EXPECT_TRUE(page.refreshBtn->isEnabled());
+    read(changed(freeSlot(), 19, "FFFFFFFFFFFF"));
+    EXPECT_EQ(maskedText(*page.macEdit), "00:1A:2B:3C:4D:5E") << "the bind is pending all the same";
+}
+
+TEST_F(OnuBasicTest, WithoutCataloguePostsNothing) {
+    const test::TemporaryDirectory directory;
+    const test::ClientTree empty(directory.path());
+    TOnuBasic bare(session, kItem, nullptr);
+    EXPECT_EQ(desk.takeBox().text, messageText(11140));
+    registerReadRoute(session, kItem, bare.replyHandle());
+    read(freeSlot());
+    test::click(*bare.configBtn);
+    EXPECT_EQ(host.pending(), 0U);
+    EXPECT_FALSE(bare.configBtn->isEnabled());
+    test::elapse(bare);
+    EXPECT_TRUE(bare.refreshBtn->isEnabled());
+}
+
 TEST_F(OnuBasicTest, RegisteredOrLockedMacsGiveTheNameFree) {
     read(freeSlot());
     EXPECT_TRUE(page.macEdit->isEnabled());
@@ -262,6 +294,7 @@ TEST_F(OnuBasicTest, BadMacsAreRefusedInPlace) {
         read(changed(freeSlot(), 19, ""));
         page.macEdit->home(false);
         test::type(*page.macEdit, QString::fromLatin1(expected.typed));
+        page.helpBtn->setFocus();
         test::click(*page.configBtn);
         const auto box = desk.takeBox();
         EXPECT_EQ(box.text, messageText(expected.textId)) << expected.typed;
@@ -342,19 +375,22 @@ TEST_F(OnuBasicTest, ControlsAreNamedOnceAndTabInReadingOrder) {
     page.resize(635, 520);
     page.show();
     std::vector<const QWidget*> order;
-    for (const QWidget* next = page.nextInFocusChain(); next != &page;
+    for (const QWidget* next = page.llidEdt; order.empty() || next != page.llidEdt;
          next = next->nextInFocusChain()) {
-        if (next->focusPolicy() != Qt::NoFocus && next->isVisibleTo(&page) &&
-            qobject_cast<const QLineEdit*>(next) != nullptr) {
+        if ((next->focusPolicy() & Qt::TabFocus) != 0 && next->isVisibleTo(&page)) {
             order.push_back(next);
         }
     }
-    const auto place = [&](const QWidget* control) {
-        const QPoint at = control->mapTo(&page, QPoint(0, 0));
-        return std::pair(at.y(), at.x());
+    ASSERT_EQ(order.size(), 5U + 2U + 12U + 3U); // identity, its buttons, capabilities, bottom
+    // Reading order: rows from above, in a row from the left.
+    const auto comesBefore = [&](const QWidget* first, const QWidget* second) {
+        const QPoint from = first->mapTo(&page, first->rect().center());
+        const QPoint to = second->mapTo(&page, second->rect().center());
+        const bool sameRow = std::abs(from.y() - to.y()) < first->height() / 2;
+        return sameRow ? from.x() < to.x() : from.y() < to.y();
     };
     for (std::size_t at = 1; at < order.size(); ++at) {
-        EXPECT_LT(place(order[at - 1]), place(order[at]))
+        EXPECT_TRUE(comesBefore(order[at - 1], order[at]))
             << bytesOf(order[at - 1]->objectName()) << " before "
             << bytesOf(order[at]->objectName());
     }

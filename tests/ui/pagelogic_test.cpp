@@ -132,6 +132,7 @@ TEST(Conversions, OfMacsAndNumbers) {
     EXPECT_EQ(hexOfDecimal("26", 2), "1A");
     EXPECT_EQ(hexOfDecimal("3", 4), "0003");
     EXPECT_EQ(hexOfDecimal("4294967295", 4), "FFFFFFFF");
+    EXPECT_EQ(hexOfDecimal("-1", 4), "FFFFFFFF");
     EXPECT_EQ(hexOfDecimal("many", 2), "00");
 }
 

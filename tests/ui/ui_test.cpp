@@ -55,6 +55,19 @@ void doubleClickAt(QWidget& control, QPoint position) {
     mouse(control, QEvent::MouseButtonRelease, position, Qt::LeftButton);
 }
 
+void drag(QWidget& control, QPoint from, QPoint by) {
+    // What is dragged moves, so the places on the screen are fixed first.
+    const QPoint begin = control.mapToGlobal(from);
+    const auto send = [&](QEvent::Type type, QPoint global, Qt::MouseButtons held) {
+        QMouseEvent event(type, control.mapFromGlobal(global), global, Qt::LeftButton, held,
+                          Qt::NoModifier);
+        QApplication::sendEvent(&control, &event);
+    };
+    send(QEvent::MouseButtonPress, begin, Qt::LeftButton);
+    send(QEvent::MouseMove, begin + by, Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, begin + by, Qt::NoButton);
+}
+
 void hover(QWidget& control) {
     mouse(control, QEvent::MouseMove, control.rect().center(), Qt::NoButton);
 }

@@ -35,6 +35,8 @@ private:
 void click(QWidget& control);
 void clickAt(QWidget& control, QPoint position);
 void doubleClickAt(QWidget& control, QPoint position);
+// Presses the left button at a place, moves it by so much and releases it there.
+void drag(QWidget& control, QPoint from, QPoint by);
 void hover(QWidget& control);
 void key(QWidget& control, int code, const QString& text = {});
 // Types a text character by character.

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 #include <utility>
 
 #include <QGroupBox>
@@ -71,10 +72,10 @@ bool isZeroHex(std::string_view digits) {
     return digits.find_first_of("123456789abcdefABCDEF") == std::string_view::npos;
 }
 
-// The name as the agent returned it: plain when it came through whole, else as hexadecimal text
-// that ends at the first zero byte.
-std::string decodedName(const std::string& value, std::uint32_t length) {
-    if (value.size() == length) {
+// The name as the agent returned it: plain when it came through whole (or nobody says), else as
+// hexadecimal text that ends at the first zero byte.
+std::string decodedName(const std::string& value, std::optional<std::uint32_t> length) {
+    if (!length || value.size() == *length) {
         return value;
     }
     return value.size() % 2 != 0 ? std::string() : std::string(textUpToZero(bytesOfHex(value)));
@@ -158,7 +159,8 @@ void TOnuBasic::showMac(const ReadResult& result) {
 }
 
 void TOnuBasic::showName(const ReadResult& result) {
-    const std::uint32_t length = kName < result.lengths.size() ? result.lengths[kName] : 0;
+    const auto length =
+        kName < result.lengths.size() ? std::optional(result.lengths[kName]) : std::nullopt;
     setControlText(*nameEdit, decodedName(valueAt(result, kName), length));
 }
 

@@ -20,8 +20,6 @@ public:
     TOnuBasic(Session& session, std::int32_t itemType, QWidget* parent);
 
     QLineEdit* llidEdt;
-    QLineEdit* rttEdit;
-    QLineEdit* timeEdit;
     QLineEdit* nameEdit;
     QLineEdit* macEdit; // masked, six pairs of characters
     QPushButton* nameBtn;

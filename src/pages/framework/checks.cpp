@@ -100,8 +100,8 @@ std::string colonSeparated(const std::string& digits) {
 
 std::string hexOfDecimal(std::string_view decimal, int width) {
     std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), "%0*llX", width,
-                  static_cast<unsigned long long>(leadingNumber(decimal).value_or(0)));
+    std::snprintf(text.data(), text.size(), "%0*X", width,
+                  static_cast<std::uint32_t>(leadingNumber(decimal).value_or(0)));
     return text.data();
 }
 

@@ -64,7 +64,8 @@ struct MacCheck {
 // The text with ":" between every two characters; unchanged when its length is odd.
 [[nodiscard]] std::string colonSeparated(const std::string& digits);
 
-// The decimal number in upper-case hexadecimal with at least `width` digits; 0 when it is none.
+// The decimal 32-bit number in upper-case hexadecimal with at least `width` digits; 0 when it is
+// none.
 [[nodiscard]] std::string hexOfDecimal(std::string_view decimal, int width);
 
 } // namespace onudesk

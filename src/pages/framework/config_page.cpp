@@ -72,6 +72,7 @@ void ConfigPage::start(std::vector<QAbstractButton*> request, std::vector<QAbstr
     writeButtons_ = std::move(write);
     writeButtons_.insert(writeButtons_.begin(), {configBtn, refreshBtn});
     bottomPanel->adjustSize();
+    orderTabs();
     if (rules_.start == StartState::waiting) {
         enableRequestButtons(false);
         refreshBtn->setEnabled(false);
@@ -79,11 +80,27 @@ void ConfigPage::start(std::vector<QAbstractButton*> request, std::vector<QAbstr
     }
 }
 
+void ConfigPage::orderTabs() {
+    // The buttons were made first and stand below everything else.
+    QWidget* before = nullptr;
+    for (QWidget* control : listPanel->findChildren<QWidget*>()) {
+        before = (control->focusPolicy() & Qt::TabFocus) != 0 ? control : before;
+    }
+    for (QWidget* button : bottomPanel->findChildren<QPushButton*>()) {
+        if (before != nullptr) {
+            setTabOrder(before, button);
+        }
+        before = button;
+    }
+}
+
 void ConfigPage::setFields(std::vector<Field> fields) {
     fields_.clear();
     for (Field& field : fields) {
         auto* control = findChild<QWidget*>(QString::fromStdString(field.control));
-        Q_ASSERT(control != nullptr);
+        if (control == nullptr) {
+            qFatal("no control named %s", field.control.c_str());
+        }
         auto* box =
             field.box.empty() ? nullptr : findChild<QCheckBox*>(QString::fromStdString(field.box));
         fields_.push_back({std::move(field), control, box});
@@ -93,7 +110,9 @@ void ConfigPage::setFields(std::vector<Field> fields) {
 Field& ConfigPage::field(const std::string& control) {
     const auto found = std::ranges::find_if(
         fields_, [&](const BoundField& bound) { return bound.field.control == control; });
-    Q_ASSERT(found != fields_.end());
+    if (found == fields_.end()) {
+        qFatal("no field named %s", control.c_str());
+    }
     return found->field;
 }
 

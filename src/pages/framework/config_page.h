@@ -61,9 +61,9 @@ public:
     ConfigPage(const ConfigPage&) = delete;
     ConfigPage& operator=(const ConfigPage&) = delete;
 
-    QPushButton* configBtn;
-    QPushButton* refreshBtn;
-    QPushButton* helpBtn;
+    QPushButton* configBtn = nullptr;
+    QPushButton* refreshBtn = nullptr;
+    QPushButton* helpBtn = nullptr;
     QTimer* Timer1; // 4000 ms after a request, gives refreshBtn back
 
     [[nodiscard]] std::int32_t itemType() const { return itemType_; }
@@ -129,6 +129,7 @@ private:
     void writeReply(void* reply);
     void enableRequestButtons(bool enabled);
     void showFields(const ReadResult& result);
+    void orderTabs();
     [[nodiscard]] static FieldState boundState(const BoundField& bound);
 
     Session& session_;

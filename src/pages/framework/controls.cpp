@@ -10,6 +10,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QValidator>
 
 namespace onudesk {
@@ -20,11 +21,17 @@ constexpr int kFirstCaptionId = 500;
 constexpr int kLastCaptionId = 4000;
 constexpr int kFontPixels = 12;
 
-// The bytes that the program put into a control last.
+// The bytes that the program put into a control last, and what the control made of them.
 constexpr const char* kProgramText = "programText";
+constexpr const char* kProgramShown = "programShown";
 
-// What may be typed. A text set by the program is never refused: it raises the limit to its own
-// length.
+// Counts what is no digit.
+qsizetype otherThanDigits(const QString& text) {
+    return std::ranges::count_if(text, [](QChar c) { return c < u'0' || c > u'9'; });
+}
+
+// What may be typed. A text set by the program is taken as it is; from there on no edit may take
+// the text further beyond the limits than it is.
 class TypingRule : public QValidator {
 public:
     explicit TypingRule(QLineEdit& edit) : QValidator(&edit) {}
@@ -32,29 +39,43 @@ public:
     int limit = -1; // bytes of UTF-8, -1 without limit
     bool digits = false;
 
+    void takeProgramText(const QString& text) { accepted_ = text; }
+
     State validate(QString& text, int& /*cursor*/) const override {
-        const bool wellFormed =
-            !digits || std::ranges::all_of(text, [](QChar c) { return c >= u'0' && c <= u'9'; });
-        const qsizetype programBytes = parent()->property(kProgramText).toByteArray().size();
-        const bool fits =
-            limit < 0 || text.toUtf8().size() <= std::max<qsizetype>(limit, programBytes);
-        return wellFormed && fits ? Acceptable : Invalid;
+        const qsizetype bytes = text.toUtf8().size();
+        const bool fits = limit < 0 || bytes <= limit || bytes <= accepted_.toUtf8().size();
+        if (!fits || (digits && otherThanDigits(text) > otherThanDigits(accepted_))) {
+            return Invalid;
+        }
+        accepted_ = text;
+        return Acceptable;
     }
+
+private:
+    mutable QString accepted_; // the text before the edit that is being judged
 };
 
+TypingRule* findTypingRule(QLineEdit& edit) {
+    return dynamic_cast<TypingRule*>(
+        edit.findChild<QValidator*>(QString(), Qt::FindDirectChildrenOnly));
+}
+
 TypingRule& typingRule(QLineEdit& edit) {
-    if (auto* rule = dynamic_cast<TypingRule*>(const_cast<QValidator*>(edit.validator()))) {
+    if (TypingRule* rule = findTypingRule(edit)) {
         return *rule;
     }
     auto* rule = new TypingRule(edit);
+    rule->takeProgramText(edit.text());
     edit.setValidator(rule);
     return *rule;
 }
 
 // A text the operator left alone goes back byte for byte, even where it is not valid UTF-8.
 std::string editedBytes(const QWidget& control, const QString& text) {
-    const std::string program = control.property(kProgramText).toByteArray().toStdString();
-    return shown(program) == text ? program : bytesOf(text);
+    const QVariant shownText = control.property(kProgramShown);
+    return shownText.isValid() && shownText.toString() == text
+               ? control.property(kProgramText).toByteArray().toStdString()
+               : bytesOf(text);
 }
 
 void select(QComboBox& combo, int row, bool keepWhenUnknown) {
@@ -75,14 +96,18 @@ std::string bytesOf(const QString& text) {
     return text.toStdString();
 }
 
+QString withoutMnemonics(QString text) {
+    return text.replace(u'&', QStringLiteral("&&"));
+}
+
 void setCaption(QWidget& control, int messageId) {
-    QString text = shown(messageText(messageId));
+    const QString text = shown(messageText(messageId));
     if (auto* label = qobject_cast<QLabel*>(&control)) {
-        label->setText(text);
+        label->setText(label->buddy() == nullptr ? text : withoutMnemonics(text));
     } else if (auto* button = qobject_cast<QAbstractButton*>(&control)) {
-        button->setText(text.replace(u'&', QStringLiteral("&&")));
+        button->setText(withoutMnemonics(text));
     } else if (auto* group = qobject_cast<QGroupBox*>(&control)) {
-        group->setTitle(text.replace(u'&', QStringLiteral("&&")));
+        group->setTitle(withoutMnemonics(text));
     } else {
         control.setWindowTitle(text);
     }
@@ -148,13 +173,21 @@ FieldState stateOf(const QWidget& control) {
 
 void setControlText(QWidget& control, std::string_view text) {
     const QSignalBlocker quiet(control);
-    control.setProperty(kProgramText, QByteArray::fromStdString(std::string(textUpToZero(text))));
+    const QString wanted = shown(text);
+    QString made;
     if (auto* edit = qobject_cast<QLineEdit*>(&control)) {
-        edit->setText(shown(text));
+        if (TypingRule* rule = findTypingRule(*edit)) {
+            rule->takeProgramText(wanted);
+        }
+        edit->setText(wanted);
         edit->setCursorPosition(0);
+        made = edit->text();
     } else if (auto* memo = qobject_cast<QPlainTextEdit*>(&control)) {
-        memo->setPlainText(shown(text));
+        memo->setPlainText(wanted);
+        made = memo->toPlainText();
     }
+    control.setProperty(kProgramShown, made);
+    control.setProperty(kProgramText, QByteArray::fromStdString(std::string(textUpToZero(text))));
 }
 
 void limitTyping(QLineEdit& edit, int bytes) {
@@ -170,14 +203,15 @@ std::string maskedText(const QLineEdit& edit) {
 }
 
 void refuse(const CheckFailure& failure, QWidget* focus, std::uint32_t owner) {
+    const QPointer<QWidget> target(focus); // the box may outlive it
     if (failure.textId != 0) {
         platform::prompt({.text = fillPlaces(messageText(failure.textId), failure.arguments),
                           .caption = messageText(failure.captionId),
                           .icon = failure.icon,
                           .owner = owner});
     }
-    if (focus != nullptr) {
-        focus->setFocus();
+    if (target) {
+        target->setFocus();
     }
 }
 

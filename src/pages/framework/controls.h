@@ -24,6 +24,9 @@ namespace onudesk {
 [[nodiscard]] QString shown(std::string_view bytes);
 [[nodiscard]] std::string bytesOf(const QString& text);
 
+// The text as captions take it, with every "&" meaning itself.
+[[nodiscard]] QString withoutMnemonics(QString text);
+
 // The message's text as caption, for ids 500 to 4000; other ids leave the caption as it is.
 // Knows labels, buttons, group boxes and windows.
 void loadCaption(QWidget& control, int messageId);

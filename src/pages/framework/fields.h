@@ -42,7 +42,7 @@ struct FieldCheck {
 
 inline constexpr std::size_t kNotRead = static_cast<std::size_t>(-1);
 
-enum class ControlKind { edit, memo, combo, box };
+enum class ControlKind { edit, memo, combo };
 
 struct Field {
     std::string control; // object name

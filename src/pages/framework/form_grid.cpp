@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "pages/framework/form_grid.h"
 
+#include "env/language_module.h"
 #include "pages/framework/controls.h"
 
-#include <QCheckBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -48,9 +48,6 @@ void FormGrid::addField(const Field& field) {
     case ControlKind::combo:
         fillCombo(*combo(name, field.labelId), *field.map);
         break;
-    case ControlKind::box:
-        place(*new QCheckBox(&parent_), name, field.labelId, false).setEnabled(!readOnly);
-        break;
     }
 }
 
@@ -92,9 +89,9 @@ QWidget& FormGrid::place(QWidget& control, const char* name, int labelId, bool w
     lastLabel_ = new QLabel(&parent_);
     lastLabel_->setObjectName(QString::fromLatin1(name) + QStringLiteral("Label"));
     lastLabel_->setTextFormat(Qt::PlainText);
-    setCaption(*lastLabel_, labelId);
     lastLabel_->setBuddy(&control);
-    control.setAccessibleName(lastLabel_->text());
+    setCaption(*lastLabel_, labelId);
+    control.setAccessibleName(shown(messageText(labelId)));
     const int column = pair_ * kColumnsPerPair;
     // Up to the right edge of the last pair's controls.
     const int span = wholeRow ? (pairs_ - 1) * kColumnsPerPair + 1 : 1;

@@ -16,6 +16,7 @@ namespace {
 
 constexpr int kRowIndexRole = Qt::UserRole;
 constexpr int kKeyRole = Qt::UserRole + 1;
+constexpr int kBytesRole = Qt::UserRole + 2;
 
 std::string cellText(const Column& column, const ReadResult& result, const std::string& rowIndex) {
     if (column.position == kRowIndex) {
@@ -60,21 +61,29 @@ void RowTable::putReply(const ReadResult& result) {
         cells.push_back(cellText(column, result, index));
         key = column.isKey ? cells.back() : key;
     }
-    int row = 0;
-    while (row < rowCount() && item(row, 0)->data(kKeyRole).toString() != shown(key)) {
-        ++row;
-    }
+    const int row = rowOf(key);
     if (row == rowCount()) {
         insertRow(row);
     }
     for (std::size_t at = 0; at < cells.size(); ++at) {
-        setItem(row, static_cast<int>(at), new QTableWidgetItem(shown(cells[at])));
+        auto* cell = new QTableWidgetItem(shown(cells[at]));
+        cell->setData(kBytesRole, QByteArray::fromStdString(cells[at]));
+        setItem(row, static_cast<int>(at), cell);
     }
-    item(row, 0)->setData(kRowIndexRole, shown(index));
-    item(row, 0)->setData(kKeyRole, shown(key));
+    item(row, 0)->setData(kRowIndexRole, QByteArray::fromStdString(index));
+    item(row, 0)->setData(kKeyRole, QByteArray::fromStdString(key));
     if (0 <= remembered_ && remembered_ < rowCount()) {
         selectRow(remembered_);
     }
+}
+
+int RowTable::rowOf(const std::string& key) const {
+    int row = 0;
+    while (row < rowCount() &&
+           (key.empty() || item(row, 0)->data(kKeyRole).toByteArray().toStdString() != key)) {
+        ++row;
+    }
+    return row;
 }
 
 void RowTable::clearRows() {
@@ -83,12 +92,13 @@ void RowTable::clearRows() {
 
 std::string RowTable::cell(int row, std::size_t column) const {
     const QTableWidgetItem* found = item(row, static_cast<int>(column));
-    return found == nullptr ? std::string() : bytesOf(found->text());
+    return found == nullptr ? std::string() : found->data(kBytesRole).toByteArray().toStdString();
 }
 
 std::string RowTable::rowIndex(int row) const {
     const QTableWidgetItem* found = item(row, 0);
-    return found == nullptr ? std::string() : bytesOf(found->data(kRowIndexRole).toString());
+    return found == nullptr ? std::string()
+                            : found->data(kRowIndexRole).toByteArray().toStdString();
 }
 
 int RowTable::selectedRow() const {

@@ -42,7 +42,7 @@ public:
     void putReply(const ReadResult& result);
     void clearRows();
 
-    // Cell texts of a row, hidden cells included.
+    // Whole bytes of a cell, hidden ones included.
     [[nodiscard]] std::string cell(int row, std::size_t column) const;
     // The row's number in its table on the agent.
     [[nodiscard]] std::string rowIndex(int row) const;
@@ -60,6 +60,8 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
+    // The row with the key, or where a new one goes; an empty key is no key.
+    [[nodiscard]] int rowOf(const std::string& key) const;
     void clearSelectionBeside(const QMouseEvent& event);
 
     std::vector<Column> columns_;

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "pages/framework/title_bar.h"
 
-#include <utility>
-
 #include <QHBoxLayout>
 #include <QMouseEvent>
 #include <QWindow>
@@ -24,9 +22,9 @@ void paintPlain(QWidget& widget, const QColor& colour) {
     widget.setAutoFillBackground(true);
 }
 
-TitleBar::TitleBar(QWidget* window, QColor normal)
+TitleBar::TitleBar(QWidget* window, const QColor& normal)
     : QFrame(window), TitleLabel(new QLabel(this)),
-      ClosePanel(new QLabel(QStringLiteral("X"), this)), normal_(std::move(normal)) {
+      ClosePanel(new QLabel(QStringLiteral("X"), this)), normal_(normal) {
     setObjectName(QStringLiteral("TitlePanel"));
     setFixedHeight(kHeight);
     setMouseTracking(true);
@@ -55,31 +53,47 @@ TitleBar::TitleBar(QWidget* window, QColor normal)
 }
 
 bool TitleBar::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::MouseMove) {
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+        return true; // a press here must not start dragging
+    case QEvent::MouseMove:
         colourClosePanel(kHot);
         return true;
-    }
-    if (event->type() == QEvent::Leave) {
+    case QEvent::Leave:
         colourClosePanel(normal_);
-    }
-    if (event->type() == QEvent::MouseButtonRelease &&
-        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton && onClose) {
-        onClose();
+        break;
+    case QEvent::MouseButtonRelease: {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        if (mouse->button() == Qt::LeftButton && onClose &&
+            ClosePanel->rect().contains(mouse->position().toPoint())) {
+            onClose();
+        }
         return true;
+    }
+    default:
+        break;
     }
     return QFrame::eventFilter(watched, event);
 }
 
-void TitleBar::mouseMoveEvent(QMouseEvent* event) {
-    colourClosePanel(normal_);
-    QFrame::mouseMoveEvent(event);
-}
-
 void TitleBar::mousePressEvent(QMouseEvent* event) {
     QWindow* const native = window()->windowHandle();
-    if (event->button() == Qt::LeftButton && native != nullptr) {
-        native->startSystemMove();
+    if (event->button() != Qt::LeftButton || (native != nullptr && native->startSystemMove())) {
+        return;
     }
+    // Where no window manager moves windows, the bar does it.
+    grip_ = event->globalPosition().toPoint() - window()->pos();
+}
+
+void TitleBar::mouseMoveEvent(QMouseEvent* event) {
+    colourClosePanel(normal_);
+    if (grip_) {
+        window()->move(event->globalPosition().toPoint() - *grip_);
+    }
+}
+
+void TitleBar::mouseReleaseEvent(QMouseEvent* /*event*/) {
+    grip_.reset();
 }
 
 void TitleBar::colourClosePanel(const QColor& colour) {

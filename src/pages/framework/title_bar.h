@@ -2,10 +2,12 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include <QColor>
 #include <QFrame>
 #include <QLabel>
+#include <QPoint>
 
 namespace onudesk {
 
@@ -16,7 +18,7 @@ class TitleBar : public QFrame {
     Q_OBJECT
 public:
     // `normal` is the colour of both panels. The window is the parent.
-    TitleBar(QWidget* window, QColor normal);
+    TitleBar(QWidget* window, const QColor& normal);
 
     QLabel* TitleLabel;
     QLabel* ClosePanel;
@@ -30,11 +32,13 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     void colourClosePanel(const QColor& colour);
 
     QColor normal_;
+    std::optional<QPoint> grip_; // of the mouse in the window, while it is dragged
 };
 
 // Fills the widget with a plain colour.
