@@ -1,0 +1,259 @@
+// SPDX-License-Identifier: MIT
+#include "host/snmp_engine.h"
+
+#include "bridge/code_para_access.h"
+#include "host/error_names.h"
+#include "host/read_job.h"
+#include "host/snmp_library.h"
+#include "host/write_job.h"
+#include "onudesk/messages.h"
+#include "platform/window_messages.h"
+#include "snmp/request.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+namespace onudesk::host {
+
+namespace {
+
+void discardReply(const platform::WindowMessage& message) {
+    auto* reply = static_cast<CodeParaReply*>(message.payload);
+    releaseReply(&reply);
+}
+
+CodeParaPtr takeOwnership(const platform::ThreadMessage& message) {
+    return CodeParaPtr(message.number == WM_CODEPARA_REQUEST
+                           ? static_cast<DllClientCodePara*>(message.payload)
+                           : nullptr);
+}
+
+int pollTimeout(const std::optional<SnmpClient::Clock::time_point>& deadline) {
+    if (!deadline) {
+        return -1;
+    }
+    const auto left = *deadline - std::min(*deadline, SnmpClient::Clock::now());
+    return static_cast<int>(std::chrono::ceil<std::chrono::milliseconds>(left).count());
+}
+
+} // namespace
+
+SnmpEngine::SnmpEngine(CatalogueSchema catalogue, const EngineOptions& options)
+    : catalogue_(std::move(catalogue)), options_(options), routes_{&routeMutex_, {}},
+      threadId_(queue_.id()) {
+    initSnmpLibrary();
+    worker_ = std::thread([this] { run(); });
+}
+
+SnmpEngine::~SnmpEngine() {
+    stop();
+}
+
+void SnmpEngine::setV3Defaults(const V3Access& settings) {
+    const std::scoped_lock lock(settingsMutex_);
+    v3Defaults_ = settings;
+}
+
+void SnmpEngine::setObserver(EngineObserver observer) {
+    const std::scoped_lock lock(settingsMutex_);
+    observer_ = std::move(observer);
+}
+
+// In this order: a request is counted as in progress before it leaves the queue.
+std::size_t SnmpEngine::outstanding() const {
+    const std::size_t waiting = queue_.pending();
+    return waiting + inProgress_;
+}
+
+void SnmpEngine::stop() {
+    if (!worker_.joinable()) {
+        return;
+    }
+    stopping_ = true;
+    queue_.wake();
+    worker_.join();
+    for (const platform::ThreadMessage& message : queue_.close()) {
+        const CodeParaPtr dropped = takeOwnership(message);
+    }
+    inProgress_ = 0;
+}
+
+void SnmpEngine::run() {
+    SnmpClient client(options_.timeoutUnit);
+    std::vector<pollfd> descriptors;
+    while (!stopping_) {
+        waitForWork(client, descriptors);
+        takeRequests(client);
+        client.process(descriptors);
+        reap();
+        startReady();
+    }
+    jobs_.clear();
+}
+
+void SnmpEngine::waitForWork(SnmpClient& client, std::vector<pollfd>& descriptors) {
+    descriptors.assign(1, {.fd = queue_.pollDescriptor(), .events = POLLIN, .revents = 0});
+    client.addDescriptors(descriptors);
+    if (::poll(descriptors.data(), descriptors.size(), pollTimeout(client.nextDeadline())) < 0) {
+        // Interrupted: nothing is known to be readable.
+        std::ranges::for_each(descriptors, [](pollfd& descriptor) { descriptor.revents = 0; });
+    }
+}
+
+void SnmpEngine::takeRequests(SnmpClient& client) {
+    queue_.acknowledge();
+    while (!stopping_) {
+        ++inProgress_;
+        const auto message = queue_.take();
+        const CodeParaPtr para = message ? takeOwnership(*message) : nullptr;
+        if (!para) {
+            --inProgress_;
+            if (!message) {
+                return;
+            }
+            continue;
+        }
+        accept(client, *para);
+    }
+}
+
+void SnmpEngine::accept(SnmpClient& client, const DllClientCodePara& para) {
+    observe(para);
+    V3Access defaults;
+    {
+        const std::scoped_lock lock(settingsMutex_);
+        defaults = v3Defaults_;
+    }
+    Result<HostRequest> request = decodeRequest(para, defaults);
+    if (!request) {
+        answerBadRequest(para, request.error());
+        --inProgress_;
+        return;
+    }
+    const JobTools tools{client, catalogue_, options_.walkLimits};
+    const Job::ReplySink sink = [this](const HostRequest& answered, const ReplyRecord& reply) {
+        onReply(answered, reply);
+    };
+    std::unique_ptr<Job> job;
+    if (request->kind == RequestKind::read) {
+        job = std::make_unique<ReadJob>(tools, std::move(request).value(), sink);
+    } else {
+        job = std::make_unique<WriteJob>(tools, std::move(request).value(), sink);
+    }
+    jobs_.push_back({std::move(job), false});
+}
+
+// Jobs stand in the order in which their requests came.
+void SnmpEngine::startReady() {
+    std::vector<std::int32_t> itemsBeingWritten;
+    for (Running& running : jobs_) {
+        const HostRequest& request = running.job->request();
+        const bool waits =
+            std::ranges::find(itemsBeingWritten, request.itemType) != itemsBeingWritten.end();
+        if (!running.started && !waits) {
+            running.started = true;
+            running.job->start();
+        }
+        if (request.kind == RequestKind::write && !running.job->done()) {
+            itemsBeingWritten.push_back(request.itemType);
+        }
+    }
+    reap();
+}
+
+void SnmpEngine::reap() {
+    const auto finished =
+        std::erase_if(jobs_, [](const Running& running) { return running.job->done(); });
+    inProgress_ -= finished;
+}
+
+void SnmpEngine::answerBadRequest(const DllClientCodePara& para, const std::string& problem) {
+    const CodeParaReader reader(para);
+    ReplyRecord reply;
+    reply.kind = requestKind(para);
+    reply.itemType = itemTypeOf(para);
+    reply.agentAddress = reader.integer(CP_AGENT_ADDR).value_or(0);
+    reply.error = {.status = error_status::badRequest,
+                   .index = 0,
+                   .text = errorName(error_status::badRequest) + ": " + problem};
+    HostRequest header;
+    header.kind = reply.kind;
+    header.itemType = reply.itemType;
+    header.firstOfTwo = reader.has(CP_FLAG_130);
+    onReply(header, std::move(reply));
+}
+
+// Nobody waits for the reply to the first of two writes: what went wrong with it is told with the
+// second one.
+void SnmpEngine::onReply(const HostRequest& request, ReplyRecord reply) {
+    if (request.kind == RequestKind::read) {
+        deliver(std::move(reply));
+        return;
+    }
+    if (request.firstOfTwo) {
+        if (reply.error.text.empty()) {
+            failedFirstWrites_.erase(request.itemType);
+        } else {
+            failedFirstWrites_.insert_or_assign(request.itemType, reply.error);
+        }
+        observe(reply);
+        return;
+    }
+    const auto first = failedFirstWrites_.extract(request.itemType);
+    if (!first.empty() && reply.error.text.empty()) {
+        reply.status = 0;
+        reply.error = first.mapped();
+        reply.error.text = "first of two writes: " + reply.error.text;
+    }
+    deliver(std::move(reply));
+}
+
+void SnmpEngine::deliver(ReplyRecord reply) {
+    reply.delivered = post(reply);
+    observe(reply);
+}
+
+bool SnmpEngine::post(const ReplyRecord& reply) {
+    std::optional<ReplyRoute> route;
+    {
+        const std::scoped_lock lock(routeMutex_);
+        const auto kind = reply.kind == RequestKind::read ? CP_KIND_READ : CP_KIND_WRITE;
+        const auto found = routes_.routes.find(routeKey(kind, reply.itemType));
+        if (found != routes_.routes.end()) {
+            route = found->second;
+        }
+    }
+    if (!route || stopping_) {
+        return false;
+    }
+    CodeParaReply* posted = makeReply(reply);
+    if (platform::postWindowMessage(route->window, {.number = route->message,
+                                                    .payload = posted,
+                                                    .parameter = 0,
+                                                    .discard = discardReply})) {
+        return true;
+    }
+    releaseReply(&posted);
+    return false;
+}
+
+void SnmpEngine::observe(const ReplyRecord& reply) {
+    const std::scoped_lock lock(settingsMutex_);
+    if (observer_.onReply) {
+        observer_.onReply(reply);
+    }
+}
+
+void SnmpEngine::observe(const DllClientCodePara& para) {
+    const std::scoped_lock lock(settingsMutex_);
+    if (observer_.onRequest) {
+        observer_.onRequest(
+            {.kind = requestKind(para),
+             .itemType = itemTypeOf(para),
+             .suffix = CodeParaReader(para).text(CP_INDEX_SUFFIX).value_or(std::string()),
+             .bindings = readableBindings(para)});
+    }
+}
+
+} // namespace onudesk::host

@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: MIT
+//
+// The engine against a real agent in another process.
+#include "engine_fixture.h"
+
+#include "host/agent_launcher.h"
+#include "onudesk/messages.h"
+
+#include <fstream>
+
+#include <unistd.h>
+
+namespace onudesk::host::test {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr const char* kAccess = "community read readers\n"
+                                "community write writers\n"
+                                "user open noAuthNoPriv write\n"
+                                "user md5user authNoPriv MD5 authphrase1 write\n"
+                                "user shauser authNoPriv SHA authphrase1 write\n"
+                                "user privuser authPriv SHA authphrase1 DES privphrase1 write\n"
+                                "user md5priv authPriv MD5 authphrase1 DES privphrase1 write\n";
+constexpr const char* kRecording = "1.3.6.1.4.1.27315.606.1.1.2.1.2.5|2|17\n"
+                                   "1.3.6.1.4.1.27315.606.1.1.19.1.2.5|4|first\n";
+
+// A directory of its own with what the agent needs.
+class AgentFiles {
+public:
+    AgentFiles() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "onudesk-XXXXXX").string();
+        directory_ = ::mkdtemp(pattern.data());
+        std::ofstream(directory_ / "access") << kAccess;
+        std::ofstream(directory_ / "data.snmprec") << kRecording;
+        std::filesystem::permissions(directory_ / "access",
+                                     std::filesystem::perms::owner_read |
+                                         std::filesystem::perms::owner_write);
+    }
+    ~AgentFiles() { std::filesystem::remove_all(directory_); }
+    AgentFiles(const AgentFiles&) = delete;
+    AgentFiles& operator=(const AgentFiles&) = delete;
+
+    [[nodiscard]] LaunchOptions options() const {
+        return {.program = ONUSIM_PROGRAM,
+                .access = directory_ / "access",
+                .catalogue =
+                    std::filesystem::path(ONUDESK_SOURCE_DIR) / "client/CONF/snmp/snmpconfig.xml",
+                .recording = directory_ / "data.snmprec"};
+    }
+
+private:
+    std::filesystem::path directory_;
+};
+
+class AgentV3Test : public EngineTest {
+protected:
+    void SetUp() override {
+        if (std::string_view(ONUSIM_PROGRAM).empty()) {
+            GTEST_SKIP() << "the simulated agent is not part of this build";
+        }
+        launch(files_.options());
+        CatalogueSchema catalogue = testCatalogue();
+        catalogue.merge(loadSchema(files_.options().catalogue).value());
+        useCatalogue(std::move(catalogue));
+        startEngine();
+        useAgent(agent_->port());
+        session.context.snmpVersion = 3;
+    }
+    void launch(const LaunchOptions& options) {
+        agent_.reset();
+        Result<AgentLauncher> started = AgentLauncher::start(options);
+        ASSERT_TRUE(started.ok()) << started.error();
+        agent_.emplace(std::move(started).value());
+    }
+    void useUser(const std::string& name, int level, int auth = 1,
+                 const std::string& authPhrase = {}, const std::string& privPhrase = {}) {
+        session.context.v3UserName = name;
+        session.context.securityLevel = level;
+        session.context.authProtocol = auth;
+        session.context.authPassword = authPhrase;
+        session.context.privProtocol = level == 3 ? 2 : 1;
+        session.context.privPassword = privPhrase;
+    }
+    void useGoodUser() { useUser("privuser", 3, 3, "authphrase1", "privphrase1"); }
+    // One value of the ONU, or the error of reading it.
+    std::string readValue(std::size_t position) {
+        const auto& replies = readAll(606);
+        if (replies.size() != 1) {
+            return std::to_string(replies.size()) + " replies";
+        }
+        return replies[0].errorText.value_or(
+            position < replies[0].values.size() ? replies[0].values[position] : "value missing");
+    }
+    std::string readLlid() { return readValue(1); }
+
+    AgentFiles files_;
+    std::optional<AgentLauncher> agent_;
+};
+
+} // namespace
+
+TEST_F(AgentV3Test, EveryLevelAndProtocolReads) {
+    useUser("open", 1);
+    EXPECT_EQ(readLlid(), "17");
+    useUser("md5user", 2, 2, "authphrase1");
+    EXPECT_EQ(readLlid(), "17");
+    useUser("shauser", 2, 3, "authphrase1");
+    EXPECT_EQ(readLlid(), "17");
+    useUser("md5priv", 3, 2, "authphrase1", "privphrase1");
+    EXPECT_EQ(readLlid(), "17");
+    useGoodUser();
+    EXPECT_EQ(readLlid(), "17");
+    for (const int version : {0, 1}) {
+        session.context.snmpVersion = version;
+        EXPECT_EQ(readLlid(), "17");
+    }
+}
+
+TEST_F(AgentV3Test, WriteAndReadBack) {
+    useGoodUser();
+    CodeParaPtr para = createWriteRequest(session, 606);
+    addWriteBinding(*para, "M\xC3\xBCller", {"onuName", "1.3.6.1.4.1.27315.606.1.1.19", 4},
+                    session.OnuIndexText);
+    EXPECT_EQ(writeAll(std::move(para)).status, 1U);
+    EXPECT_EQ(readValue(18), "M\xC3\xBCller");
+    para = createWriteRequest(session, 606);
+    addWriteBinding(*para, "1", {"onuLlid", "1.3.6.1.4.1.27315.606.1.1.2", 2},
+                    session.OnuIndexText);
+    const SeenReply refused = writeAll(std::move(para));
+    EXPECT_EQ(refused.errorText, "notWritable: onuLlid (binding 1)");
+}
+
+TEST_F(AgentV3Test, WrongSecretsAreToldApart) {
+    useUser("nobody", 1);
+    EXPECT_EQ(readLlid().rfind("unknown user: ", 0), 0U) << readLlid();
+    useUser("nobody", 3, 3, "authphrase1", "privphrase1");
+    EXPECT_EQ(readLlid().rfind("unknown user: ", 0), 0U) << readLlid();
+    useUser("privuser", 3, 3, "authphrase2", "privphrase1");
+    EXPECT_EQ(readLlid().rfind("wrong digest: ", 0), 0U) << readLlid();
+    useUser("privuser", 3, 2, "authphrase1", "privphrase1");
+    EXPECT_EQ(readLlid().rfind("wrong digest: ", 0), 0U) << readLlid();
+    useUser("open", 3, 3, "authphrase1", "privphrase1");
+    EXPECT_EQ(readLlid().rfind("unsupported security level: ", 0), 0U) << readLlid();
+    // Nothing of this is left behind.
+    useGoodUser();
+    EXPECT_EQ(readLlid(), "17");
+}
+
+TEST_F(AgentV3Test, WrongPrivacyPassPhraseIsToldFromALostNetwork) {
+    startEngine(50ms);
+    session.context.timeout = 4;
+    useUser("privuser", 3, 3, "authphrase1", "privphrase2");
+    EXPECT_EQ(readLlid().rfind("decryption error: ", 0), 0U) << readLlid();
+    session.context.retries = 0;
+    EXPECT_EQ(readLlid().rfind("decryption error: ", 0), 0U) << readLlid();
+    useGoodUser();
+    EXPECT_EQ(readLlid(), "17");
+    agent_.reset();
+    EXPECT_EQ(readLlid().rfind("time-out: ", 0), 0U) << readLlid();
+}
+
+TEST_F(AgentV3Test, ShortPassPhrasesAreRefusedBeforeAnythingIsSent) {
+    useUser("privuser", 3, 3, "short", "privphrase1");
+    EXPECT_EQ(readLlid(),
+              "bad request: the authentication pass phrase is shorter than 8 characters");
+    useUser("privuser", 3, 3, "authphrase1", "seven77");
+    EXPECT_EQ(readLlid(), "bad request: the privacy pass phrase is shorter than 8 characters");
+}
+
+// Two sessions with the same user and different keys share the library's table of users.
+TEST_F(AgentV3Test, RightAndWrongKeysOfOneUserSideBySide) {
+    FakeWindow other;
+    for (int round = 0; round < 5; ++round) {
+        window->replies.clear();
+        other.replies.clear();
+        useUser("privuser", 3, 3, "authphrase2", "privphrase1");
+        registerReadRoute(session, 601, other.handle());
+        registerReadRoute(session, 606, window->handle());
+        ASSERT_TRUE(sendReadRequest(session, 601));
+        useGoodUser();
+        ASSERT_TRUE(sendReadRequest(session, 606));
+        waitUntilIdle();
+        ASSERT_EQ(other.replies.size(), 1U);
+        EXPECT_EQ(other.replies[0].errorStatus, error_status::wrongDigest);
+        ASSERT_EQ(window->replies.size(), 1U);
+        EXPECT_EQ(window->replies[0].values[1], "17");
+    }
+}
+
+// The restarted agent has the same engine id and another number of boots.
+TEST_F(AgentV3Test, RestartedAgentIsFoundAgainWithinOneRead) {
+    useGoodUser();
+    EXPECT_EQ(readLlid(), "17");
+    LaunchOptions options = files_.options();
+    options.arguments = {"--listen", "127.0.0.1:" + std::to_string(agent_->port())};
+    launch(options);
+    EXPECT_EQ(agent_->port(), session.context.snmpPort);
+    EXPECT_EQ(readLlid(), "17");
+}
+
+} // namespace onudesk::host::test

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+//
+// Drives an engine as the configuration window does: posts records, owns windows and routes, takes
+// replies on the user-interface thread.
+#pragma once
+
+#include "bridge/session.h"
+#include "host/snmp_engine.h"
+#include "platform/window_messages.h"
+#include "scripted_agent.h"
+#include "snmp/request.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <functional>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace onudesk::host::test {
+
+// What a window learns from a reply.
+struct SeenReply {
+    std::uint32_t message = 0;
+    std::uint32_t status = 0;
+    std::string resultText;
+    std::optional<std::string> errorText;
+    std::int32_t errorStatus = 0;
+    std::int32_t errorIndex = 0;
+    std::vector<std::string> oids;
+    std::vector<std::string> values;
+    std::vector<std::uint32_t> lengths;
+    std::uint32_t agentAddress = 0;
+};
+
+class FakeWindow : public platform::WindowReceiver {
+public:
+    void handleMessage(const platform::WindowMessage& message) override;
+    [[nodiscard]] std::uint32_t handle() const { return registration_.handle(); }
+
+    std::vector<SeenReply> replies;
+
+private:
+    platform::WindowRegistration registration_{*this};
+};
+
+// Catalogue items: 600 scalars of every type, 601 a table, 602 scalars, written-only objects, a
+// table and scalars, 603 objects to write, 604 only written ones. All below kBase.ITEM.
+inline const std::string kBase = "1.3.6.1.4.1.27315";
+[[nodiscard]] CatalogueSchema testCatalogue();
+
+class EngineTest : public ::testing::Test {
+protected:
+    EngineTest();
+    ~EngineTest() override;
+
+    // For engines made after this; testCatalogue() otherwise.
+    void useCatalogue(CatalogueSchema catalogue) { catalogue_ = std::move(catalogue); }
+    // Makes the engine; a request's time-out then counts `timeoutUnit`.
+    void startEngine(std::chrono::milliseconds timeoutUnit = std::chrono::seconds(1),
+                     const WalkLimits& limits = {});
+    // Makes requests go to the agent: v2c, ONU 1.2.5, one retry.
+    void useAgent(std::uint16_t port);
+    [[nodiscard]] SnmpEngine& engine() { return *engine_; }
+
+    // Registers the read route for the window and posts a read.
+    void read(std::int32_t itemType);
+    // A write request with its bindings to come; post() registers the write route and sends it.
+    [[nodiscard]] CodeParaPtr newWrite(std::int32_t itemType);
+    void bind(DllClientCodePara& para, const std::string& object, const std::string& value,
+              std::size_t length = 0);
+    void post(CodeParaPtr para);
+    void postUnrouted(CodeParaPtr para);
+    // Reads, or writes, and waits for the end of it.
+    const std::vector<SeenReply>& readAll(std::int32_t itemType);
+    SeenReply writeAll(CodeParaPtr para);
+
+    // Dispatches window messages until the condition holds; fails the test after 20 seconds.
+    void waitUntil(const std::function<bool()>& condition);
+    void waitUntilIdle();
+    // Replies that the engine reported, the undelivered ones included.
+    [[nodiscard]] std::vector<ReplyRecord> observedReplies();
+    [[nodiscard]] std::vector<RequestRecord> observedRequests();
+
+    Session session;
+    std::optional<FakeWindow> window;
+
+private:
+    void wake();
+
+    CatalogueSchema catalogue_;
+    std::mutex mutex_;
+    std::condition_variable woken_;
+    std::vector<ReplyRecord> observedReplies_;
+    std::vector<RequestRecord> observedRequests_;
+    std::optional<SnmpEngine> engine_;
+};
+
+// An agent that never answers.
+[[nodiscard]] Script silent();
+
+} // namespace onudesk::host::test

@@ -1,0 +1,250 @@
+// SPDX-License-Identifier: MIT
+#include "host/host_request.h"
+
+#include "bridge/code_para_access.h"
+#include "bridge/session.h"
+#include "onudesk/messages.h"
+#include "snmp/request.h"
+
+#include <functional>
+
+#include <gtest/gtest.h>
+
+namespace onudesk::host::test {
+
+namespace {
+
+// Fills a record's entry anew, whatever it held.
+void replace(DllClientCodePara& para, std::uint8_t id, std::uint32_t value) {
+    para.entries->erase(id);
+    setInteger(para, id, value);
+}
+
+void replace(DllClientCodePara& para, std::uint8_t id, const std::string& text) {
+    para.entries->erase(id);
+    setText(para, id, text);
+}
+
+Session goodSession() {
+    Session session;
+    session.context.agentAddress = "192.168.1.2";
+    session.context.snmpPort = 1161;
+    session.context.snmpVersion = 3;
+    session.context.readCommunity = "readers";
+    session.context.writeCommunity = "writers";
+    session.context.oltNumber = 1;
+    session.context.ponNumber = 2;
+    session.context.onuNumber = 5;
+    session.context.v3UserName = "operator";
+    session.context.v3ContextName = "olt";
+    session.context.v3EngineId = "8000000001";
+    session.context.securityLevel = 3;
+    session.context.authProtocol = 3;
+    session.context.authPassword = "authphrase";
+    session.context.privProtocol = 2;
+    session.context.privPassword = "privphrase";
+    return session;
+}
+
+CodeParaPtr goodRead() {
+    Session session = goodSession();
+    CodeParaPtr para = createCodePara();
+    fillReadRequest(*para, session, 606);
+    return para;
+}
+
+CodeParaPtr goodWrite() {
+    const Session session = goodSession();
+    CodeParaPtr para = createWriteRequest(session, 606);
+    addWriteBinding(*para, std::string("\0\x1A\x2B", 3), {"onuBindMac", "1.3.6", 4}, "1.2.5", 3);
+    addWriteBinding(*para, "4", {"MacRowStatus", "1.3.7", 2}, "1.2.5");
+    return para;
+}
+
+std::string problemOf(const DllClientCodePara& para, const V3Access& defaults = {}) {
+    const Result<HostRequest> request = decodeRequest(para, defaults);
+    return request ? "no problem" : request.error();
+}
+
+struct Damage {
+    std::function<void(DllClientCodePara&)> apply;
+    const char* problem;
+};
+
+} // namespace
+
+TEST(HostRequestTest, ReadRecord) {
+    const Result<HostRequest> request = decodeRequest(*goodRead(), {});
+    ASSERT_TRUE(request.ok()) << request.error();
+    EXPECT_EQ(request->kind, RequestKind::read);
+    EXPECT_EQ(request->itemType, 606);
+    EXPECT_EQ(request->suffix, ".1.2.5");
+    EXPECT_EQ(request->instance, (Oid{1, 2, 5}));
+    EXPECT_FALSE(request->firstOfTwo);
+    const AgentAccess& access = request->access;
+    EXPECT_EQ(agentName(access), "192.168.1.2:1161");
+    EXPECT_EQ(access.version, SnmpVersion::v3);
+    EXPECT_EQ(access.readCommunity, "readers");
+    EXPECT_EQ(access.writeCommunity, "writers");
+    EXPECT_EQ(access.timeout, 5);
+    EXPECT_EQ(access.retries, 1);
+    EXPECT_EQ(access.v3, (V3Access{.user = "operator",
+                                   .contextName = "olt",
+                                   .engineId = std::string("\x80\0\0\0\x01", 5),
+                                   .level = SecurityLevel::authPriv,
+                                   .authProtocol = AuthProtocol::sha,
+                                   .authPassphrase = "authphrase",
+                                   .privProtocol = PrivProtocol::des,
+                                   .privPassphrase = "privphrase"}));
+}
+
+TEST(HostRequestTest, WriteRecord) {
+    CodeParaPtr para = goodWrite();
+    setInteger(*para, CP_FLAG_130, 0);
+    const Result<HostRequest> request = decodeRequest(*para, {});
+    ASSERT_TRUE(request.ok()) << request.error();
+    EXPECT_EQ(request->kind, RequestKind::write);
+    EXPECT_TRUE(request->firstOfTwo);
+    ASSERT_EQ(request->bindings.size(), 2U);
+    EXPECT_EQ(request->bindings[0].value, std::string("\0\x1A\x2B", 3));
+    EXPECT_EQ(request->bindings[1].name, "MacRowStatus");
+    EXPECT_EQ(request->bindings[1].oid, "1.3.7.1.2.5");
+    EXPECT_EQ(request->bindings[1].type, 2U);
+}
+
+TEST(HostRequestTest, RecordWithoutOltReadsTheObjectsThemselves) {
+    CodeParaPtr para = goodRead();
+    para->entries->erase(CP_INDEX_SUFFIX);
+    const Result<HostRequest> request = decodeRequest(*para, {});
+    ASSERT_TRUE(request.ok()) << request.error();
+    EXPECT_TRUE(request->instance.empty());
+}
+
+TEST(HostRequestTest, TimeOutAndRetriesAreBroughtIntoRange) {
+    struct Case {
+        std::int32_t timeout, retries, seenTimeout, seenRetries;
+    };
+    for (const Case& known : {Case{0, -1, 1, 0}, Case{-2147483647, 10, 1, 9}, Case{60, 9, 60, 9},
+                              Case{61, 0, 60, 0}, Case{2147483647, 2147483647, 60, 9}}) {
+        CodeParaPtr para = goodRead();
+        replace(*para, CP_TIMEOUT, static_cast<std::uint32_t>(known.timeout));
+        replace(*para, CP_RETRIES, static_cast<std::uint32_t>(known.retries));
+        const Result<HostRequest> request = decodeRequest(*para, {});
+        ASSERT_TRUE(request.ok()) << request.error();
+        EXPECT_EQ(request->access.timeout, known.seenTimeout);
+        EXPECT_EQ(request->access.retries, known.seenRetries);
+    }
+}
+
+TEST(HostRequestTest, DamagedRecordsAreRefusedByName) {
+    using Para = DllClientCodePara;
+    const std::vector<Damage> damages = {
+        {[](Para& para) { para.serviceCode = 4; }, "unknown service 4"},
+        {[](Para& para) { para.requestKind = 2; }, "unknown request kind 2"},
+        {[](Para& para) { para.entries->clear(); },
+         "the agent address is missing or of the wrong kind"},
+        {[](Para& para) { replace(para, CP_AGENT_ADDR, "192.168.1.2"); },
+         "the agent address is missing or of the wrong kind"},
+        {[](Para& para) { replace(para, CP_AGENT_ADDR, 0xFFFFFFFFU); },
+         "the agent address is no IPv4 address"},
+        {[](Para& para) { replace(para, CP_SNMP_PORT, 0); }, "port 0 is not between 1 and 65535"},
+        {[](Para& para) { replace(para, CP_SNMP_PORT, 65697); },
+         "port 65697 is not between 1 and 65535"},
+        {[](Para& para) { replace(para, CP_SNMP_VERSION, 2); }, "unknown SNMP version 2"},
+        {[](Para& para) { replace(para, CP_SNMP_VERSION, 259); }, "unknown SNMP version 259"},
+        {[](Para& para) { replace(para, CP_TIMEOUT, "5"); },
+         "the time-out is missing or of the wrong kind"},
+        {[](Para& para) { para.entries->erase(CP_RETRIES); },
+         "the number of retries is missing or of the wrong kind"},
+        {[](Para& para) { replace(para, CP_WRITE_COMMUNITY, 1); },
+         "the write community is missing or of the wrong kind"},
+        {[](Para& para) { replace(para, CP_INDEX_SUFFIX, 1); },
+         "the instance suffix \"\" is no list of numbers"},
+        {[](Para& para) { replace(para, CP_INDEX_SUFFIX, ".1.2."); },
+         "the instance suffix \".1.2.\" is no list of numbers"},
+        {[](Para& para) { replace(para, CP_INDEX_SUFFIX, ".1.-1.5"); },
+         "the instance suffix \".1.-1.5\" is no list of numbers"},
+        {[](Para& para) { para.entries->erase(CP_V3_SEC_LEVEL); },
+         "the security level is missing or of the wrong kind"},
+        {[](Para& para) { replace(para, CP_V3_USER, 7); },
+         "the user name is missing or of the wrong kind"},
+        {[](Para& para) { replace(para, CP_V3_SEC_LEVEL, 4); }, "unknown security level 4"},
+        {[](Para& para) { replace(para, CP_V3_AUTH_PROTO, 9); },
+         "unknown authentication protocol 9"},
+        {[](Para& para) { replace(para, CP_V3_AUTH_PROTO, 1); },
+         "the security level needs an authentication protocol"},
+        {[](Para& para) { replace(para, CP_V3_AUTH_PROTO, 0xFFFFFFFFU); },
+         "the security level needs an authentication protocol"},
+        {[](Para& para) { replace(para, CP_V3_PRIV_PROTO, 3); }, "unknown privacy protocol 3"},
+        {[](Para& para) { replace(para, CP_V3_PRIV_PROTO, 1); },
+         "the security level needs a privacy protocol"},
+        {[](Para& para) { replace(para, CP_V3_AUTH_KEY, "1234567"); },
+         "the authentication pass phrase is shorter than 8 characters"},
+        {[](Para& para) { replace(para, CP_V3_PRIV_KEY, ""); },
+         "the privacy pass phrase is shorter than 8 characters"},
+        {[](Para& para) { replace(para, CP_V3_ENGINE_ID, "8000zz"); },
+         "the engine id is not in hexadecimal digits"},
+        {[](Para& para) { replace(para, CP_V3_ENGINE_ID, "80000001"); },
+         "the engine id must have 5 to 32 bytes"},
+    };
+    for (const Damage& damage : damages) {
+        CodeParaPtr para = goodRead();
+        damage.apply(*para);
+        EXPECT_EQ(problemOf(*para), damage.problem);
+    }
+}
+
+TEST(HostRequestTest, DamagedBindingsAreRefusedByName) {
+    using Para = DllClientCodePara;
+    const char* const differ = "the lists of the bindings differ in length";
+    const char* const absent = "a list of the bindings is missing or of the wrong kind";
+    const std::vector<Damage> damages = {
+        {[](Para& para) { appendByteString(para, CP_NAME_LIST, "x", 1); }, differ},
+        {[](Para& para) { appendByteString(para, CP_OID_LIST, "x", 1); }, differ},
+        {[](Para& para) { appendByteString(para, CP_VALUE_LIST, "x", 1); }, differ},
+        {[](Para& para) { appendInteger(para, CP_TYPE_LIST, 1); }, differ},
+        {[](Para& para) { para.entries->erase(CP_NAME_LIST); }, absent},
+        {[](Para& para) { para.entries->erase(CP_TYPE_LIST); }, absent},
+        {[](Para& para) { replace(para, CP_VALUE_LIST, "x"); }, absent},
+    };
+    for (const Damage& damage : damages) {
+        CodeParaPtr para = goodWrite();
+        damage.apply(*para);
+        EXPECT_EQ(problemOf(*para), damage.problem);
+    }
+}
+
+TEST(HostRequestTest, SettingsOfOtherVersionsDoNotMatter) {
+    CodeParaPtr para = goodRead();
+    replace(*para, CP_SNMP_VERSION, 1);
+    replace(*para, CP_V3_SEC_LEVEL, 77);
+    replace(*para, CP_V3_AUTH_KEY, "short");
+    EXPECT_EQ(problemOf(*para), "no problem");
+}
+
+TEST(HostRequestTest, OpenSecuritySettingsComeFromTheProfile) {
+    const V3Access profile{.user = "profile", .level = SecurityLevel::noAuthNoPriv};
+    CodeParaPtr para = goodRead();
+    replace(*para, CP_V3_SEC_LEVEL, 0xFFFFFFFFU);
+    EXPECT_EQ(decodeRequest(*para, profile)->access.v3, profile);
+    EXPECT_EQ(problemOf(*para), "SNMPv3 needs a user name");
+    EXPECT_EQ(problemOf(*para, {.user = "profile"}), "SNMPv3 needs a security level");
+    EXPECT_EQ(problemOf(*para, {.user = "profile",
+                                .level = SecurityLevel::authNoPriv,
+                                .authProtocol = AuthProtocol::md5,
+                                .authPassphrase = "short"}),
+              "the authentication pass phrase is shorter than 8 characters");
+}
+
+TEST(HostRequestTest, LevelDecidesWhichSettingsCount) {
+    CodeParaPtr para = goodRead();
+    replace(*para, CP_V3_SEC_LEVEL, 1);
+    replace(*para, CP_V3_AUTH_KEY, "short");
+    const Result<HostRequest> request = decodeRequest(*para, {});
+    ASSERT_TRUE(request.ok()) << request.error();
+    EXPECT_EQ(request->access.v3.authProtocol, AuthProtocol::none);
+    EXPECT_TRUE(request->access.v3.authPassphrase.empty());
+    EXPECT_TRUE(request->access.v3.privPassphrase.empty());
+}
+
+} // namespace onudesk::host::test

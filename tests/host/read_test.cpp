@@ -1,0 +1,374 @@
+// SPDX-License-Identifier: MIT
+#include "engine_fixture.h"
+
+#include "onudesk/messages.h"
+
+#include <algorithm>
+#include <atomic>
+
+namespace onudesk::host::test {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+using Texts = std::vector<std::string>;
+
+Oid scalar(int item, int object) {
+    return oidOf(kBase + "." + std::to_string(item) + ".1." + std::to_string(object) + ".1.2.5");
+}
+
+// All objects of item 600.
+Mib fullMib() {
+    return Mib({{scalar(600, 1), integerValue(-7)},
+                {scalar(600, 2), octetsValue("caf\xC3\xA9")},
+                {scalar(600, 3), octetsValue("ABCDEF")},
+                {scalar(600, 4), {.tag = tag::ipAddress, .octets = "\x0A\x01\x02\xFE"}}});
+}
+
+class ReadTest : public EngineTest {
+protected:
+    // One read of item 600 from an agent with that script.
+    std::vector<SeenReply> readFrom(const Script& script, std::chrono::milliseconds unit = 1s) {
+        ScriptedAgent agent(script);
+        startEngine(unit);
+        useAgent(agent.port());
+        auto replies = readAll(600);
+        requests_ = agent.requests();
+        return replies;
+    }
+    // The same, of which exactly one reply is expected.
+    SeenReply readOne(const Script& script, std::chrono::milliseconds unit = 1s) {
+        const auto replies = readFrom(script, unit);
+        EXPECT_EQ(replies.size(), 1U);
+        return replies.empty() ? SeenReply{} : replies.front();
+    }
+    std::vector<AgentRequest> requests_;
+    Mib mib = fullMib();
+};
+
+// Two valid answers for one question, or answers that do not belong to it.
+AgentResponse wrongValues(const AgentRequest& request) {
+    AgentResponse response{.bindings = request.bindings};
+    for (VarBind& binding : response.bindings) {
+        binding.value = integerValue(666);
+    }
+    return response;
+}
+
+} // namespace
+
+TEST_F(ReadTest, ScalarGroupIsReadWithOneGetInTheOrderOfTheCatalogue) {
+    const SeenReply reply = readOne(honest(mib));
+    EXPECT_EQ(reply.message, WM_CODEPARA_READ_REPLY);
+    EXPECT_EQ(reply.status, 1U);
+    EXPECT_EQ(reply.resultText, "maintable");
+    EXPECT_FALSE(reply.errorText.has_value());
+    EXPECT_EQ(reply.agentAddress, 0x7F000001U);
+    EXPECT_EQ(reply.values, (Texts{"-7", "caf\xC3\xA9", "414243444546", "10.1.2.254"}));
+    EXPECT_EQ(reply.lengths, (std::vector<std::uint32_t>{1, 5, 6, 4}));
+    EXPECT_EQ(reply.oids, (Texts{kBase + ".600.1.1.1.2.5", kBase + ".600.1.2.1.2.5",
+                                 kBase + ".600.1.3.1.2.5", kBase + ".600.1.4.1.2.5"}));
+    ASSERT_EQ(requests_.size(), 1U);
+    EXPECT_EQ(requests_[0].pdu, kGet);
+    EXPECT_EQ(requests_[0].community, "readers");
+}
+
+TEST_F(ReadTest, MissingObjectKeepsItsPlace) {
+    mib.values().erase(scalar(600, 2));
+    for (const int version : {0, 1}) {
+        session.context.snmpVersion = version;
+        const SeenReply reply = readOne(honest(mib));
+        EXPECT_EQ(reply.status, 1U);
+        EXPECT_EQ(reply.values, (Texts{"-7", "", "414243444546", "10.1.2.254"}));
+        EXPECT_EQ(reply.lengths, (std::vector<std::uint32_t>{1, 0, 6, 4}));
+        EXPECT_EQ(reply.oids.size(), 4U);
+        EXPECT_EQ(requests_.size(), version == 0 ? 2U : 1U);
+    }
+}
+
+TEST_F(ReadTest, GroupWithoutAnyObjectIsAnError) {
+    mib.values().clear();
+    for (const int version : {0, 1}) {
+        session.context.snmpVersion = version;
+        const SeenReply reply = readOne(honest(mib));
+        EXPECT_EQ(reply.status, 0U);
+        EXPECT_EQ(reply.errorStatus, error_status::noSuchName);
+        EXPECT_EQ(reply.errorIndex, 1);
+        EXPECT_EQ(reply.errorText, "noSuchName: count (object 1)");
+        EXPECT_TRUE(reply.values.empty());
+    }
+}
+
+TEST_F(ReadTest, TooBigIsSplitUntilItFits) {
+    const SeenReply reply = readOne([&](const AgentRequest& request, Outbox& outbox) {
+        outbox.answer(request, request.bindings.size() > 1 ? AgentResponse{.status = 1}
+                                                           : mib.answer(request));
+    });
+    EXPECT_EQ(reply.values, (Texts{"-7", "caf\xC3\xA9", "414243444546", "10.1.2.254"}));
+    EXPECT_EQ(requests_.size(), 7U); // 4, 2, 1, 1, 2, 1, 1
+}
+
+TEST_F(ReadTest, TooBigForASingleObjectIsAnError) {
+    const SeenReply reply = readOne(
+        [](const AgentRequest& request, Outbox& outbox) { outbox.answer(request, {.status = 1}); });
+    EXPECT_EQ(reply.errorStatus, error_status::tooBig);
+    EXPECT_EQ(reply.errorText, "tooBig");
+}
+
+TEST_F(ReadTest, AgentErrorsAreNamedWithTheirObject) {
+    struct Case {
+        std::int32_t status;
+        std::int32_t index;
+        std::int32_t seenIndex;
+        const char* text;
+    };
+    for (const Case& known :
+         {Case{5, 3, 3, "genErr: mac (object 3)"}, Case{6, 1, 1, "noAccess: count (object 1)"},
+          Case{16, 0, 0, "authorizationError"}, Case{5, 9, 0, "genErr"}, Case{5, -1, 0, "genErr"},
+          Case{77, 2, 2, "error 77: label (object 2)"}}) {
+        const SeenReply reply = readOne([&](const AgentRequest& request, Outbox& outbox) {
+            outbox.answer(
+                request,
+                {.status = known.status, .index = known.index, .bindings = request.bindings});
+        });
+        EXPECT_EQ(reply.status, 0U);
+        EXPECT_EQ(reply.errorStatus, known.status);
+        EXPECT_EQ(reply.errorIndex, known.seenIndex);
+        EXPECT_EQ(reply.errorText, known.text);
+    }
+}
+
+TEST_F(ReadTest, AnswersThatDoNotFitTheQuestionAreRefused) {
+    const std::vector<std::function<void(VarBinds&)>> faults = {
+        [](VarBinds& bindings) { bindings.pop_back(); },
+        [](VarBinds& bindings) { bindings.clear(); },
+        [](VarBinds& bindings) { bindings.push_back(bindings.back()); },
+        [](VarBinds& bindings) { std::swap(bindings[1], bindings[2]); },
+        [](VarBinds& bindings) { bindings[3].oid.back() = 6; },
+    };
+    for (const auto& fault : faults) {
+        const SeenReply reply = readOne([&](const AgentRequest& request, Outbox& outbox) {
+            AgentResponse response = mib.answer(request);
+            fault(response.bindings);
+            outbox.answer(request, response);
+        });
+        EXPECT_EQ(reply.status, 0U);
+        EXPECT_EQ(reply.errorStatus, error_status::badReply);
+        EXPECT_TRUE(reply.values.empty());
+    }
+}
+
+TEST_F(ReadTest, SilentAgentIsATimeOut) {
+    session.context.retries = 2;
+    const SeenReply reply = readOne(silent(), 2ms);
+    EXPECT_EQ(reply.status, 0U);
+    EXPECT_EQ(reply.errorStatus, error_status::timeout);
+    EXPECT_EQ(reply.errorText->rfind("time-out: no answer from 127.0.0.1:", 0), 0U);
+    EXPECT_EQ(requests_.size(), 3U);
+}
+
+TEST_F(ReadTest, ClosedPortIsATimeOutThatSaysSo) {
+    std::uint16_t port = 0;
+    {
+        const ScriptedAgent agent(silent());
+        port = agent.port();
+    }
+    startEngine(2ms);
+    useAgent(port);
+    const auto& replies = readAll(600);
+    ASSERT_EQ(replies.size(), 1U);
+    EXPECT_EQ(replies[0].errorStatus, error_status::timeout);
+    EXPECT_EQ(replies[0].errorText,
+              "time-out: no answer from 127.0.0.1:" + std::to_string(port) + " (port closed)");
+}
+
+TEST_F(ReadTest, LostMessagesAreSentAgain) {
+    int lost = 1;
+    const SeenReply reply = readOne(
+        [&](const AgentRequest& request, Outbox& outbox) {
+            if (lost-- <= 0) {
+                outbox.answer(request, mib.answer(request));
+            }
+        },
+        40ms);
+    EXPECT_EQ(reply.status, 1U);
+    EXPECT_EQ(reply.values.size(), 4U);
+}
+
+TEST_F(ReadTest, AnswerToAnEarlierAttemptCounts) {
+    std::optional<AgentRequest> first;
+    const SeenReply reply = readOne(
+        [&](const AgentRequest& request, Outbox& outbox) {
+            if (first) {
+                outbox.answer(*first, mib.answer(*first));
+            } else {
+                first = request;
+            }
+        },
+        40ms);
+    EXPECT_EQ(reply.status, 1U);
+    EXPECT_EQ(reply.values.size(), 4U);
+}
+
+TEST_F(ReadTest, OnlyTheFirstOfSeveralAnswersCounts) {
+    ScriptedAgent agent([&](const AgentRequest& request, Outbox& outbox) {
+        outbox.answer(request, mib.answer(request));
+        outbox.answer(request, wrongValues(request));
+        outbox.answer(request, mib.answer(request));
+    });
+    startEngine();
+    useAgent(agent.port());
+    for (int round = 0; round < 3; ++round) {
+        const auto& replies = readAll(600);
+        ASSERT_EQ(replies.size(), 1U);
+        EXPECT_EQ(replies[0].values.front(), "-7");
+    }
+}
+
+TEST_F(ReadTest, StrangeDatagramsAreIgnored) {
+    const SeenReply reply = readOne([&](const AgentRequest& request, Outbox& outbox) {
+        AgentRequest other = request;
+        ++other.requestId;
+        const std::string good = encodeResponse(request, wrongValues(request));
+        outbox.sendBytes("");
+        outbox.sendBytes("no SNMP at all");
+        outbox.sendBytes(good.substr(0, good.size() - 1));
+        outbox.sendBytes(good.substr(0, 9));
+        outbox.answer(other, wrongValues(other));
+        outbox.answerFromElsewhere(request, wrongValues(request));
+        outbox.answer(request, mib.answer(request));
+    });
+    EXPECT_EQ(reply.values.front(), "-7");
+}
+
+TEST_F(ReadTest, EveryTruncationOfAnAnswerIsSurvived) {
+    const SeenReply reply = readOne([&](const AgentRequest& request, Outbox& outbox) {
+        const std::string good = encodeResponse(request, mib.answer(request));
+        for (std::size_t length = 0; length < good.size(); ++length) {
+            outbox.sendBytes(good.substr(0, length));
+        }
+        outbox.sendBytes(good);
+    });
+    EXPECT_EQ(reply.values.front(), "-7");
+}
+
+// A damaged answer may pass for an answer, but then it is one reply all the same.
+TEST_F(ReadTest, EveryDamagedByteOfAnAnswerIsSurvived) {
+    const std::string engineId = AgentResponse().engineId;
+    session.context.v3UserName = "operator";
+    session.context.securityLevel = 1;
+    std::atomic<std::size_t> position = 0;
+    std::atomic<std::size_t> size = 1;
+    std::atomic<char> damage = 0;
+    ScriptedAgent agent([&](const AgentRequest& request, Outbox& outbox) {
+        const bool known = request.version != 3 || request.engineId == engineId;
+        const std::string good = encodeResponse(
+            request, known ? mib.answer(request)
+                           : AgentResponse{.bindings = {{oidOf("1.3.6.1.6.3.15.1.1.4.0"),
+                                                         {.tag = tag::counter, .number = 1}}},
+                                           .pdu = kReport});
+        std::string bad = good;
+        bad[std::min<std::size_t>(position, bad.size() - 1)] ^= damage;
+        size = std::max<std::size_t>(size, good.size());
+        outbox.sendBytes(bad);
+        outbox.sendBytes(good);
+    });
+    startEngine();
+    useAgent(agent.port());
+    for (const int version : {0, 1, 3}) {
+        session.context.snmpVersion = version;
+        size = 1;
+        for (position = 0; position < size; ++position) {
+            for (const int bits : {0x01, 0x80, 0xFF}) {
+                damage = static_cast<char>(bits);
+                const auto& replies = readAll(600);
+                ASSERT_EQ(replies.size(), 1U) << version << " at " << position;
+                ASSERT_TRUE(replies[0].errorText || replies[0].values.size() == 4);
+            }
+        }
+        damage = 0;
+        EXPECT_EQ(readAll(600)[0].values.size(), 4U) << version;
+    }
+}
+
+TEST_F(ReadTest, RequestsOfDifferentItemsDoNotWaitForEachOther) {
+    std::optional<AgentRequest> held;
+    ScriptedAgent agent([&](const AgentRequest& request, Outbox& outbox) {
+        if (request.bindings.size() == 4) {
+            held = request; // item 600 is answered last
+            return;
+        }
+        outbox.answer(request, {.bindings = {{request.bindings[0].oid, integerValue(1)}}});
+        if (request.pdu == kGet && request.bindings[0].oid[8] == 4 && held) {
+            outbox.answer(*held, mib.answer(*held));
+        }
+    });
+    startEngine();
+    useAgent(agent.port());
+    FakeWindow other;
+    registerReadRoute(session, 602, other.handle());
+    read(600);
+    ASSERT_TRUE(sendReadRequest(session, 602));
+    waitUntil([&] { return other.replies.size() == 3; });
+    waitUntilIdle();
+    ASSERT_EQ(window->replies.size(), 1U);
+    EXPECT_EQ(window->replies[0].values.size(), 4U);
+}
+
+TEST_F(ReadTest, GroupsAnswerInOrderAndOnlyTheLastReplyCompletes) {
+    mib = Mib({{oidOf(kBase + ".602.1.1.1.2.5"), integerValue(11)},
+               {oidOf(kBase + ".602.2.1.1.2.5"), integerValue(99)},
+               {oidOf(kBase + ".602.3.1.1.2.5.1"), integerValue(21)},
+               {oidOf(kBase + ".602.3.1.1.2.5.2"), integerValue(22)},
+               {oidOf(kBase + ".602.4.1.1.2.5"), integerValue(31)}});
+    ScriptedAgent agent(honest(mib));
+    startEngine();
+    useAgent(agent.port());
+    const auto& replies = readAll(602);
+    ASSERT_EQ(replies.size(), 4U);
+    const std::vector<std::pair<std::string, Texts>> expected = {
+        {"first", {"11"}}, {"rows", {"21"}}, {"rows", {"22"}}, {"last", {"31"}}};
+    for (std::size_t at = 0; at < replies.size(); ++at) {
+        EXPECT_EQ(replies[at].resultText, expected[at].first);
+        EXPECT_EQ(replies[at].values, expected[at].second);
+        EXPECT_EQ(replies[at].status, at + 1 == replies.size() ? 1U : 0U);
+    }
+}
+
+TEST_F(ReadTest, FailedGroupLeavesTheOthersAlone) {
+    mib = Mib({{oidOf(kBase + ".602.4.1.1.2.5"), integerValue(31)}});
+    ScriptedAgent agent(honest(mib));
+    startEngine();
+    useAgent(agent.port());
+    const auto& replies = readAll(602);
+    ASSERT_EQ(replies.size(), 2U);
+    EXPECT_EQ(replies[0].errorStatus, error_status::noSuchName);
+    EXPECT_EQ(replies[0].resultText, "first");
+    EXPECT_EQ(replies[1].values, Texts{"31"});
+    EXPECT_EQ(replies[1].status, 1U);
+}
+
+TEST_F(ReadTest, UnreachableAgentEndsTheWholeRead) {
+    ScriptedAgent agent(silent());
+    startEngine(2ms);
+    useAgent(agent.port());
+    const auto& replies = readAll(602);
+    ASSERT_EQ(replies.size(), 1U);
+    EXPECT_EQ(replies[0].errorStatus, error_status::timeout);
+    EXPECT_EQ(agent.count(kGet), 2U);
+}
+
+TEST_F(ReadTest, ItemsWithoutAPlanAreNamed) {
+    startEngine();
+    for (const auto& [item, text] : std::vector<std::pair<int, std::string>>{
+             {604, "not in the catalogue: item 604 has no group to read"},
+             {777, "not in the catalogue: item 777 is unknown"}}) {
+        const auto& replies = readAll(item);
+        ASSERT_EQ(replies.size(), 1U);
+        EXPECT_EQ(replies[0].errorStatus, error_status::noPlan);
+        EXPECT_EQ(replies[0].errorText, text);
+    }
+}
+
+} // namespace onudesk::host::test
