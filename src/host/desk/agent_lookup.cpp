@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#include "host/desk/agent_lookup.h"
+
+#include <mutex>
+#include <optional>
+#include <thread>
+
+#include <QMetaObject>
+#include <QObject>
+
+#include <arpa/inet.h>
+
+namespace onudesk::desk {
+
+namespace {
+
+Result<host::OnuTarget> find(const std::string& agent) {
+    host::OnuTarget target;
+    const Result<bool> found = host::parseAgent(agent, target);
+    if (!found) {
+        return Error{found.error()};
+    }
+    return target;
+}
+
+bool isAddress(const std::string& host) {
+    in_addr address{};
+    return ::inet_pton(AF_INET, host.c_str(), &address) == 1;
+}
+
+} // namespace
+
+// Outlives the lookup for as long as a name server keeps a thread waiting.
+struct AgentLookup::Receiver {
+    std::mutex mutex;
+    std::optional<QObject> context{std::in_place};
+};
+
+AgentLookup::AgentLookup() : receiver_(std::make_shared<Receiver>()) {}
+
+AgentLookup::~AgentLookup() {
+    const std::scoped_lock lock(receiver_->mutex);
+    receiver_->context.reset();
+}
+
+void AgentLookup::start(const std::string& agent, const Done& done) {
+    if (isAddress(agent.substr(0, agent.find(':')))) {
+        done(find(agent));
+        return;
+    }
+    // Detached: nothing can end a look-up under way, and closing the program must not wait for it.
+    std::thread([receiver = receiver_, agent, done] {
+        const Result<host::OnuTarget> target = find(agent);
+        const std::scoped_lock lock(receiver->mutex);
+        if (receiver->context) {
+            QMetaObject::invokeMethod(
+                &*receiver->context, [done, target] { done(target); }, Qt::QueuedConnection);
+        }
+    }).detach();
+}
+
+} // namespace onudesk::desk

@@ -1,0 +1,220 @@
+// SPDX-License-Identifier: MIT
+#include "host/desk/inventory.h"
+
+#include "host/client_host.h"
+#include "host/snmp_value.h"
+#include "platform/files.h"
+
+#include <algorithm>
+#include <charconv>
+#include <string_view>
+
+#include <arpa/inet.h>
+
+namespace onudesk::desk {
+
+namespace {
+
+using MaybeProblem = std::optional<Problem>;
+
+struct TextCheck {
+    const char* field;
+    const char* label;
+    const std::string& text;
+    std::size_t least;
+    std::size_t most;
+};
+
+MaybeProblem checkText(const TextCheck& check) {
+    const std::string label = check.label;
+    if (check.text.empty() && check.least > 0) {
+        return Problem{check.field, label + " is missing"};
+    }
+    if (check.text.size() < check.least) {
+        return Problem{check.field,
+                       label + " needs at least " + std::to_string(check.least) + " characters"};
+    }
+    if (check.text.size() > check.most) {
+        return Problem{check.field,
+                       label + " is longer than " + std::to_string(check.most) + " bytes"};
+    }
+    if (!host::isText(check.text)) {
+        return Problem{check.field, label + " contains a control character"};
+    }
+    return std::nullopt;
+}
+
+template <std::size_t count>
+MaybeProblem checkTexts(const TextCheck (&checks)[count]) {
+    for (const TextCheck& check : checks) {
+        if (MaybeProblem problem = checkText(check)) {
+            return problem;
+        }
+    }
+    return std::nullopt;
+}
+
+bool isHostName(const std::string& host) {
+    constexpr std::string_view digits = "0123456789";
+    constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
+    if (host.find_first_not_of(std::string(digits) + '.') == std::string::npos) {
+        in_addr address{};
+        return ::inet_pton(AF_INET, host.c_str(), &address) == 1;
+    }
+    return host.front() != '-' && host.front() != '.' &&
+           host.find_first_not_of(std::string(digits) + std::string(letters) + ".-_") ==
+               std::string::npos;
+}
+
+bool isPort(std::string_view text) {
+    std::uint16_t port = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), port);
+    return error == std::errc() && end == text.data() + text.size() && port != 0;
+}
+
+MaybeProblem checkAgent(const std::string& agent) {
+    const auto colon = agent.find(':');
+    if (!isHostName(agent.substr(0, colon))) {
+        return Problem{"agent", "Agent \"" + agent +
+                                    "\" does not begin with an IPv4 address or a host name"};
+    }
+    if (colon != std::string::npos && !isPort(std::string_view(agent).substr(colon + 1))) {
+        return Problem{"agent",
+                       "Agent \"" + agent + "\": the port must be a number from 1 to 65535"};
+    }
+    return std::nullopt;
+}
+
+MaybeProblem checkPlace(const OnuEntry& onu) {
+    host::OnuTarget target;
+    if (!host::parseOnuIndex(onu.onu, target) || target.onuNumber < 0) {
+        return Problem{"onu",
+                       "ONU \"" + onu.onu + "\" is not of the form OLT.PON.ONU, such as 1.2.5"};
+    }
+    if (onu.menuFile.find_first_of("/\\") != std::string::npos) {
+        return Problem{"menu", "Menu file \"" + onu.menuFile +
+                                   "\" must be the name of a file in CONF/snmp, without a folder"};
+    }
+    if (onu.localeId != 0 && platform::localeAbbreviation(onu.localeId).empty()) {
+        return Problem{"locale", "Language " + std::to_string(onu.localeId) + " is not known"};
+    }
+    return checkAgent(onu.agent);
+}
+
+MaybeProblem checkCommunities(const AccessProfile& profile) {
+    const TextCheck checks[] = {
+        {"readCommunity", "Read community", profile.readCommunity, 1, kMaxTextBytes},
+        {"writeCommunity", "Write community", profile.writeCommunity, 0, kMaxTextBytes}};
+    return checkTexts(checks);
+}
+
+MaybeProblem checkAuthentication(const host::V3Access& v3) {
+    if (v3.authProtocol == host::AuthProtocol::none) {
+        return Problem{"authProtocol", "Authentication protocol is missing"};
+    }
+    return checkText({"authPassphrase", "Authentication pass phrase", v3.authPassphrase,
+                      kMinPassphraseBytes, kMaxLongTextBytes});
+}
+
+MaybeProblem checkPrivacy(const host::V3Access& v3) {
+    if (v3.privProtocol == host::PrivProtocol::none) {
+        return Problem{"privProtocol", "Privacy protocol is missing"};
+    }
+    return checkText({"privPassphrase", "Privacy pass phrase", v3.privPassphrase,
+                      kMinPassphraseBytes, kMaxLongTextBytes});
+}
+
+MaybeProblem checkV3(const host::V3Access& v3) {
+    const TextCheck checks[] = {{"user", "User", v3.user, 1, kMaxUserBytes},
+                                {"context", "Context", v3.contextName, 0, kMaxLongTextBytes}};
+    MaybeProblem problem = checkTexts(checks);
+    if (!problem && v3.level == host::SecurityLevel::notSet) {
+        problem = Problem{"level", "Security level is missing"};
+    }
+    if (!problem && v3.level >= host::SecurityLevel::authNoPriv) {
+        problem = checkAuthentication(v3);
+    }
+    if (!problem && v3.level == host::SecurityLevel::authPriv) {
+        problem = checkPrivacy(v3);
+    }
+    return problem;
+}
+
+MaybeProblem checkProfile(const AccessProfile& profile) {
+    if (MaybeProblem problem = checkText({"name", "Name", profile.name, 1, kMaxTextBytes})) {
+        return problem;
+    }
+    return profile.version == host::SnmpVersion::v3 ? checkV3(profile.v3)
+                                                    : checkCommunities(profile);
+}
+
+MaybeProblem checkOnu(const OnuEntry& onu) {
+    const TextCheck checks[] = {{"name", "Name", onu.name, 1, kMaxTextBytes},
+                                {"agent", "Agent", onu.agent, 1, kMaxLongTextBytes},
+                                {"onu", "ONU", onu.onu, 1, kMaxTextBytes},
+                                {"menu", "Menu file", onu.menuFile, 1, kMaxTextBytes},
+                                {"profile", "Access profile", onu.profile, 1, kMaxTextBytes}};
+    MaybeProblem problem = checkTexts(checks);
+    return problem ? problem : checkPlace(onu);
+}
+
+template <typename Entry>
+MaybeProblem checkName(const std::map<std::string, Entry>& entries, const std::string& name,
+                       const std::string& replaced, const char* what) {
+    if (name != replaced && entries.contains(name)) {
+        return Problem{"name", std::string("There is already ") + what + " \"" + name + "\""};
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+MaybeProblem Inventory::putOnu(const OnuEntry& onu, const std::string& replaced) {
+    MaybeProblem problem = checkOnu(onu);
+    if (!problem) {
+        problem = checkName(onus_, onu.name, replaced, "an ONU");
+    }
+    if (!problem && !profiles_.contains(onu.profile)) {
+        problem = Problem{"profile", "There is no access profile \"" + onu.profile + "\""};
+    }
+    if (!problem) {
+        onus_.erase(replaced);
+        onus_.insert_or_assign(onu.name, onu);
+    }
+    return problem;
+}
+
+void Inventory::removeOnu(const std::string& name) {
+    onus_.erase(name);
+}
+
+MaybeProblem Inventory::putProfile(const AccessProfile& profile, const std::string& replaced) {
+    MaybeProblem problem = checkProfile(profile);
+    if (!problem) {
+        problem = checkName(profiles_, profile.name, replaced, "an access profile");
+    }
+    if (problem) {
+        return problem;
+    }
+    profiles_.erase(replaced);
+    profiles_.insert_or_assign(profile.name, profile);
+    for (auto& [name, onu] : onus_) {
+        if (!replaced.empty() && onu.profile == replaced) {
+            onu.profile = profile.name;
+        }
+    }
+    return std::nullopt;
+}
+
+MaybeProblem Inventory::removeProfile(const std::string& name) {
+    const auto user = std::ranges::find_if(
+        onus_, [&name](const auto& entry) { return entry.second.profile == name; });
+    if (user != onus_.end()) {
+        return Problem{"name",
+                       "Access profile \"" + name + "\" is in use by ONU \"" + user->first + "\""};
+    }
+    profiles_.erase(name);
+    return std::nullopt;
+}
+
+} // namespace onudesk::desk

@@ -1,0 +1,6 @@
+// SPDX-License-Identifier: MIT
+#include "host/desk/program.h"
+
+int main(int argc, char** argv) {
+    return onudesk::desk::runProgram(argc, argv);
+}

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <stdexcept>
+#include <string>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QString>
+#include <QWidget>
+
+#include <gtest/gtest.h>
+
+namespace onudesk::test {
+
+// Runs `action`, which opens a modal window, and `drive` on that window as soon as it is open.
+// Fails the test when no window opens or `drive` leaves it open.
+void withModal(const std::function<void()>& action, const std::function<void(QWidget&)>& drive);
+
+// Runs `action` and answers the message boxes that it opens, one after the other, with these
+// buttons. Returns the text of the last box. Fails the test when there are fewer boxes.
+std::string answerBoxes(const std::function<void()>& action,
+                        std::deque<QMessageBox::StandardButton> buttons);
+std::string answerBox(const std::function<void()>& action,
+                      QMessageBox::StandardButton button = QMessageBox::Ok);
+
+// Calls `then` once, from whichever event loop runs, as soon as the condition holds. When it does
+// not hold in time the test fails and every window is closed.
+void whenReady(const std::function<bool()>& condition, const std::function<void()>& then);
+
+// Processes events until the condition holds; false when it does not in time.
+[[nodiscard]] bool waitUntil(const std::function<bool()>& condition);
+
+// The control of that name; fails the test when there is none.
+template <typename Control>
+Control& control(const QObject& parent, const char* name) {
+    auto* found = parent.findChild<Control*>(QString::fromLatin1(name));
+    EXPECT_NE(found, nullptr) << name;
+    if (found == nullptr) {
+        throw std::out_of_range(name);
+    }
+    return *found;
+}
+
+void enter(const QWidget& dialog, const char* edit, const char* text);
+void choose(const QWidget& dialog, const char* comboBox, const char* text);
+// Clicks OK or Cancel of the dialog.
+void press(const QWidget& dialog, int standardButton);
+// The text beside the buttons of a dialog that refuses its entry.
+[[nodiscard]] std::string problemIn(const QWidget& dialog);
+
+} // namespace onudesk::test
