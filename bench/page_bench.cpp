@@ -3,7 +3,6 @@
 // Reading the basic page through the whole stack against a bare Net-SNMP session with the same
 // objects and the same agent, in turns; the time to the window's first paint; and its memory.
 #include "bare_session.h"
-#include "ctl/secrets.h"
 #include "ctl/window_driver.h"
 #include "host/agent_launcher.h"
 #include "memory.h"
@@ -163,11 +162,7 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const bool memoryOnly = argc > 1 && std::string(argv[1]) == "--memory";
     TimedApplication application(argc, argv);
-    auto agent = AgentLauncher::start({.program = kClient / "bin/onusim",
-                                       .access = kClient / "demo/demo.access",
-                                       .catalogue = kClient / "CONF/snmp/snmpconfig.xml",
-                                       .recording = kClient / "demo/demo.snmprec",
-                                       .arguments = {}});
+    auto agent = AgentLauncher::start(onudesk::host::demoAgent(kClient));
     auto host = ClientHost::open(kClient);
     if (!agent || !host) {
         std::cerr << (agent ? host.error() : agent.error()) << '\n';
@@ -181,7 +176,7 @@ int main(int argc, char** argv) {
     if (!onudesk::host::parseOnuIndex("1.2.5", target)) {
         return 1;
     }
-    onudesk::ctl::useDemoSecrets(target);
+    onudesk::host::useDemoAccess(target);
     if (memoryOnly) {
         return printMemory(application, **host, target);
     }

@@ -3,7 +3,7 @@
 // Whole programs, from start to end, in turns: onuctl showing the basic page, snmpget asking for
 // the same objects, and a Qt program that only shows an empty window. Then the memory of the
 // window.
-#include "host/agent_launcher.h"
+#include "host/client_host.h"
 #include "snmp/object_schema.h"
 
 #include <algorithm>
@@ -34,6 +34,7 @@ struct Run {
 
 Run run(std::vector<std::string> words) {
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words) {
         arguments.push_back(word.data());
     }
@@ -128,12 +129,7 @@ void compareStarts(const std::string& peer, bool v3, const std::string& bareQt) 
 } // namespace
 
 int main(int /*argc*/, char** argv) {
-    auto agent =
-        onudesk::host::AgentLauncher::start({.program = kClient / "bin/onusim",
-                                             .access = kClient / "demo/demo.access",
-                                             .catalogue = kClient / "CONF/snmp/snmpconfig.xml",
-                                             .recording = kClient / "demo/demo.snmprec",
-                                             .arguments = {}});
+    auto agent = onudesk::host::AgentLauncher::start(onudesk::host::demoAgent(kClient));
     if (!agent) {
         std::cerr << agent.error() << '\n';
         return 1;

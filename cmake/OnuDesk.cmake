@@ -18,6 +18,11 @@ elseif(ONUDESK_SANITIZE STREQUAL "thread")
     target_compile_options(onudesk_options INTERFACE -fsanitize=thread -fno-omit-frame-pointer)
     target_link_options(onudesk_options INTERFACE -fsanitize=thread)
 endif()
+if(ONUDESK_SANITIZE)
+    # GCC 12 sees uninitialised variables in what the sanitizers add.
+    target_compile_options(onudesk_options INTERFACE
+        $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
+endif()
 
 # onudesk_library(NAME KIND SOURCES... LIBS... [PCH headers...] [MOC])
 # KIND is STATIC, SHARED, MODULE or PROGRAM; sources are always listed one by one.

@@ -137,9 +137,9 @@ QString describe(const ControlSnapshot& control) {
         line += properties[QLatin1String("checked")].toBool() ? QStringLiteral(" [x]")
                                                               : QStringLiteral(" [ ]");
     }
-    for (const QJsonValue& row : properties[QLatin1String("rows")].toArray()) {
+    for (const auto& row : properties[QLatin1String("rows")].toArray()) {
         QStringList cells;
-        for (const QJsonValue& cell : row.toArray()) {
+        for (const auto& cell : row.toArray()) {
             cells << cell.toString();
         }
         line += QStringLiteral("\n    ") + cells.join(QStringLiteral(" | "));

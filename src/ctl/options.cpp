@@ -163,6 +163,7 @@ Result<Options> parseOptions(const std::vector<std::string>& arguments) {
     std::vector<std::string> copies = arguments;
     copies.insert(copies.begin(), "onuctl");
     std::vector<char*> pointers;
+    pointers.reserve(copies.size() + 1);
     for (std::string& argument : copies) {
         pointers.push_back(argument.data());
     }

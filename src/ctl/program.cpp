@@ -65,7 +65,7 @@ private:
 
 Result<bool> readSecrets(Options& options) {
     if (options.simulate) {
-        useDemoSecrets(options.target);
+        host::useDemoAccess(options.target);
     }
     Result<bool> taken = readSecretsEnvironment(options.target);
     if (taken && options.secretsFile) {
@@ -75,13 +75,9 @@ Result<bool> readSecrets(Options& options) {
 }
 
 Result<AgentLauncher> startSimulator(Options& options) {
-    const auto& client = options.clientDirectory;
-    Result<AgentLauncher> agent = AgentLauncher::start(
-        {.program = client / "bin" / "onusim",
-         .access = client / "demo" / "demo.access",
-         .catalogue = client / "CONF" / "snmp" / "snmpconfig.xml",
-         .recording = options.recording.value_or(client / "demo" / "demo.snmprec"),
-         .arguments = {}});
+    host::LaunchOptions launch = host::demoAgent(options.clientDirectory);
+    launch.recording = options.recording.value_or(launch.recording);
+    Result<AgentLauncher> agent = AgentLauncher::start(launch);
     if (agent) {
         options.target.agentAddress = "127.0.0.1";
         options.target.port = agent->port();

@@ -138,15 +138,4 @@ Result<bool> readSecretsEnvironment(OnuTarget& target) {
     return true;
 }
 
-void useDemoSecrets(OnuTarget& target) {
-    target.readCommunity = "public";
-    target.writeCommunity = "private";
-    target.v3 = {.user = "admin",
-                 .level = SecurityLevel::authPriv,
-                 .authProtocol = AuthProtocol::sha,
-                 .authPassphrase = "demo-auth-phrase",
-                 .privProtocol = PrivProtocol::des,
-                 .privPassphrase = "demo-priv-phrase"};
-}
-
 } // namespace onudesk::ctl

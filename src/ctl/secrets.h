@@ -23,7 +23,4 @@ namespace onudesk::ctl {
 // Takes what the environment sets. Fails on values that cannot be used.
 [[nodiscard]] Result<bool> readSecretsEnvironment(host::OnuTarget& target);
 
-// What the demonstration agent accepts; everybody knows it.
-void useDemoSecrets(host::OnuTarget& target);
-
 } // namespace onudesk::ctl

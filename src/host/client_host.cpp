@@ -114,6 +114,25 @@ Result<bool> parseAgent(const std::string& text, OnuTarget& target) {
     return true;
 }
 
+LaunchOptions demoAgent(const fs::path& clientDirectory) {
+    return {.program = clientDirectory / "bin" / "onusim",
+            .access = clientDirectory / "demo" / "demo.access",
+            .catalogue = clientDirectory / "CONF" / "snmp" / "snmpconfig.xml",
+            .recording = clientDirectory / "demo" / "demo.snmprec",
+            .arguments = {}};
+}
+
+void useDemoAccess(OnuTarget& target) {
+    target.readCommunity = "public";
+    target.writeCommunity = "private";
+    target.v3 = {.user = "admin",
+                 .level = SecurityLevel::authPriv,
+                 .authProtocol = AuthProtocol::sha,
+                 .authPassphrase = "demo-auth-phrase",
+                 .privProtocol = PrivProtocol::des,
+                 .privPassphrase = "demo-priv-phrase"};
+}
+
 fs::path ownClientDirectory() {
     return clientRoot();
 }

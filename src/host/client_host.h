@@ -9,6 +9,7 @@
 
 #include "bridge/result.h"
 #include "host/access.h"
+#include "host/agent_launcher.h"
 #include "host/snmp_engine.h"
 #include "onudesk/holder_config_param.h"
 
@@ -46,6 +47,11 @@ struct OnuTarget {
 [[nodiscard]] bool parseOnuIndex(const std::string& text, OnuTarget& target);
 // Reads "HOST" or "HOST:PORT"; the host is a dotted IPv4 address or a name that resolves to one.
 [[nodiscard]] Result<bool> parseAgent(const std::string& text, OnuTarget& target);
+
+// The simulator and demonstration files of a client tree.
+[[nodiscard]] LaunchOptions demoAgent(const std::filesystem::path& clientDirectory);
+// The communities and the SNMPv3 user that the demonstration agent takes; everybody knows them.
+void useDemoAccess(OnuTarget& target);
 
 // The client tree of a directory that has bin, CONF/snmp and Help below it: the running program's
 // own one, unless another is named.

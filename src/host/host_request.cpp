@@ -162,17 +162,20 @@ Result<V3Access> decodeV3(const CodeParaReader& reader, const V3Access& defaults
     return reduced(std::move(v3).value());
 }
 
-Result<AgentAccess> decodeAccess(const CodeParaReader& reader, const V3Access& v3Defaults) {
+// What is missing of the entries that every version needs; null when nothing is.
+const char* missingAccess(const CodeParaReader& reader) {
     const char* absent = missingInteger(reader, {{CP_AGENT_ADDR, "the agent address"},
                                                  {CP_SNMP_PORT, "the port"},
                                                  {CP_SNMP_VERSION, "the SNMP version"},
                                                  {CP_TIMEOUT, "the time-out"},
                                                  {CP_RETRIES, "the number of retries"}});
-    if (absent == nullptr) {
-        absent = missingText(reader, {{CP_READ_COMMUNITY, "the read community"},
-                                      {CP_WRITE_COMMUNITY, "the write community"}});
-    }
-    if (absent != nullptr) {
+    return absent != nullptr ? absent
+                             : missingText(reader, {{CP_READ_COMMUNITY, "the read community"},
+                                                    {CP_WRITE_COMMUNITY, "the write community"}});
+}
+
+Result<AgentAccess> decodeAccess(const CodeParaReader& reader, const V3Access& v3Defaults) {
+    if (const char* absent = missingAccess(reader)) {
         return missing(absent);
     }
     const std::uint32_t port = *reader.integer(CP_SNMP_PORT);

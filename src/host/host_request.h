@@ -5,8 +5,8 @@
 
 #include "bridge/result.h"
 #include "host/access.h"
-#include "host/oid.h"
 #include "onudesk/code_para.h"
+#include "snmp/oid.h"
 
 #include <cstdint>
 #include <string>

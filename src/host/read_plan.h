@@ -4,8 +4,8 @@
 #pragma once
 
 #include "bridge/result.h"
-#include "host/oid.h"
 #include "snmp/object_schema.h"
+#include "snmp/oid.h"
 
 #include <cstdint>
 #include <string>

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "bridge/result.h"
-#include "host/oid.h"
+#include "snmp/oid.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,47 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include "sim/oid.h"
 
-#include <algorithm>
-#include <charconv>
+#include "snmp/oid.h"
 
 namespace onudesk::sim {
 
 std::optional<Oid> Oid::parse(std::string_view text) {
-    std::vector<Part> parts;
-    const char* at = text.data();
-    const char* const end = at + text.size();
-    while (true) {
-        Part part = 0;
-        const auto [next, error] = std::from_chars(at, end, part);
-        if (error != std::errc() || parts.size() == kMaxParts) {
-            return std::nullopt;
-        }
-        parts.push_back(part);
-        if (next == end) {
-            break;
-        }
-        if (*next != '.') {
-            return std::nullopt;
-        }
-        at = next + 1;
-    }
-    if (parts.size() < 2 || parts[0] > 2 || (parts[0] < 2 && parts[1] > 39)) {
-        return std::nullopt;
-    }
-    return Oid(std::move(parts));
+    std::optional<std::vector<Part>> parts = parseOid(text);
+    const bool good = parts && !text.starts_with('.') && parts->size() >= 2 && (*parts)[0] <= 2 &&
+                      ((*parts)[0] == 2 || (*parts)[1] <= 39);
+    return good ? std::optional(Oid(std::move(*parts))) : std::nullopt;
 }
 
 std::string Oid::text() const {
-    std::string text;
-    for (const Part part : parts_) {
-        text += (text.empty() ? "" : ".") + std::to_string(part);
-    }
-    return text;
+    return formatOid(parts_);
 }
 
 bool Oid::startsWith(const Oid& prefix) const {
-    return prefix.size() <= size() &&
-           std::equal(prefix.parts_.begin(), prefix.parts_.end(), parts_.begin());
+    return onudesk::startsWith(parts_, prefix.parts_);
 }
 
 Oid Oid::head(std::size_t count) const {
@@ -49,13 +25,11 @@ Oid Oid::head(std::size_t count) const {
 }
 
 Oid Oid::tail(std::size_t count) const {
-    return Oid({parts_.begin() + static_cast<std::ptrdiff_t>(count), parts_.end()});
+    return Oid(onudesk::tail(parts_, count));
 }
 
 Oid Oid::joined(const Oid& rest) const {
-    std::vector<Part> parts = parts_;
-    parts.insert(parts.end(), rest.parts_.begin(), rest.parts_.end());
-    return Oid(std::move(parts));
+    return Oid(onudesk::joined(parts_, rest.parts_));
 }
 
 } // namespace onudesk::sim

@@ -111,7 +111,11 @@ ExitStatus runSimulator(int count, const char* const* arguments) {
     }
     const StopSignals signals;
     if (options->withParent) {
+        const pid_t parent = ::getppid();
         ::prctl(PR_SET_PDEATHSIG, SIGTERM);
+        if (::getppid() != parent) {
+            return ExitStatus::ended; // it was gone before the signal was asked for
+        }
     }
     Result<Input> input = loadInput(*options);
     if (!input) {

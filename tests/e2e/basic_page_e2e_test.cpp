@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ctl/secrets.h"
 #include "ctl/window_driver.h"
-#include "host/agent_launcher.h"
 #include "host/client_host.h"
 #include "ui/ui_test.h"
 
@@ -28,11 +26,7 @@ class BasicPageEndToEnd : public testing::TestWithParam<SnmpVersion> {
 protected:
     void SetUp() override {
         const std::filesystem::path client = TESTED_CLIENT_DIR;
-        auto agent = host::AgentLauncher::start({.program = ONUSIM_FILE,
-                                                 .access = client / "demo/demo.access",
-                                                 .catalogue = client / "CONF/snmp/snmpconfig.xml",
-                                                 .recording = client / "demo/demo.snmprec",
-                                                 .arguments = {}});
+        auto agent = host::AgentLauncher::start(host::demoAgent(client));
         ASSERT_TRUE(agent) << agent.error();
         agent_.emplace(std::move(agent).value());
         auto clientHost = ClientHost::open(client);
@@ -42,7 +36,7 @@ protected:
         target_.port = agent_->port();
         target_.version = GetParam();
         target_.menuFileName = "epononuother_menu.xml";
-        ctl::useDemoSecrets(target_);
+        host::useDemoAccess(target_);
     }
 
     // Opens the basic page of an ONU, waits for its values and does the work.

@@ -269,7 +269,8 @@ TEST_F(ReadTest, EveryDamagedByteOfAnAnswerIsSurvived) {
                                                          {.tag = tag::counter, .number = 1}}},
                                            .pdu = kReport});
         std::string bad = good;
-        bad[std::min<std::size_t>(position, bad.size() - 1)] ^= damage;
+        char& byte = bad[std::min<std::size_t>(position, bad.size() - 1)];
+        byte = static_cast<char>(byte ^ damage);
         size = std::max<std::size_t>(size, good.size());
         outbox.sendBytes(bad);
         outbox.sendBytes(good);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/oid.h"
+#include "snmp/oid.h"
 #include "host/snmp_value.h"
 
 #include <gtest/gtest.h>

@@ -112,12 +112,8 @@ Inventory demoInventory(const RecordedOnus& onus, std::uint16_t port) {
 }
 
 Result<Demo> startDemo(const fs::path& clientDirectory, const std::optional<fs::path>& recording) {
-    const host::LaunchOptions launch = {
-        .program = clientDirectory / "bin" / "onusim",
-        .access = clientDirectory / "demo" / "demo.access",
-        .catalogue = clientDirectory / "CONF" / "snmp" / "snmpconfig.xml",
-        .recording = recording.value_or(clientDirectory / "demo" / "demo.snmprec"),
-        .arguments = {}};
+    host::LaunchOptions launch = host::demoAgent(clientDirectory);
+    launch.recording = recording.value_or(launch.recording);
     const Result<CatalogueSchema> catalogue = loadSchema(launch.catalogue);
     if (!catalogue) {
         return Error{catalogue.error()};

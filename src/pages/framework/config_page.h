@@ -121,8 +121,8 @@ protected:
 private:
     struct BoundField {
         Field field;
-        QWidget* control;
-        QCheckBox* box;
+        QWidget* control = nullptr;
+        QCheckBox* box = nullptr;
     };
 
     void readReply(void* reply);

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-namespace onudesk::host {
+namespace onudesk {
 
 // An object identifier (RFC 2578): at most 128 arcs of 32 bits each. Ordered as agents order them.
 using Oid = std::vector<std::uint32_t>;
@@ -26,4 +26,4 @@ inline constexpr std::size_t kMaxOidArcs = 128;
 // What follows the first `arcs` arcs, of which there must be as many.
 [[nodiscard]] Oid tail(const Oid& oid, std::size_t arcs);
 
-} // namespace onudesk::host
+} // namespace onudesk

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "host/oid.h"
+#include "snmp/oid.h"
 
 #include <algorithm>
 #include <charconv>
 #include <iterator>
 
-namespace onudesk::host {
+namespace onudesk {
 
 std::optional<Oid> parseOid(std::string_view text) {
     Oid oid;
@@ -56,4 +56,4 @@ Oid tail(const Oid& oid, std::size_t arcs) {
     return {std::next(oid.begin(), static_cast<std::ptrdiff_t>(arcs)), oid.end()};
 }
 
-} // namespace onudesk::host
+} // namespace onudesk
