@@ -29,11 +29,22 @@ case "$mode" in
         "ssh -L $port:127.0.0.1:$port $(uname -n)"
     export QT_QPA_PLATFORM="vnc:size=1024x768:port=$port"
     # Qt's VNC server knows no passwords and no listen address.
-    LD_PRELOAD=$build/tools/libloopback_only.so exec ./onudesk --sim
+    loopback_only=../../tools/libloopback_only.so # no blanks, whatever the checkout is called
+    if [ ! -e "$loopback_only" ]; then
+        echo "run.sh: $loopback_only is missing; VNC would listen on every address" >&2
+        exit 1
+    fi
+    LD_PRELOAD=$loopback_only exec ./onudesk --sim
     ;;
 esac
+no_display="No display here. Run './run.sh --vnc' for a VNC viewer or './run.sh --text' for the terminal."
 if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
-    echo "No display here. Run './run.sh --vnc' for a VNC viewer or './run.sh --text' for the terminal."
+    echo "$no_display"
     exit 0
 fi
-exec ./onudesk --sim
+# A display that is named but does not answer ends the program at once.
+./onudesk --sim || {
+    status=$?
+    [ "$status" -lt 128 ] || echo "$no_display"
+    exit "$status"
+}

@@ -98,6 +98,7 @@ void printPageText(const CommandContext& context, const QWidget& page) {
 } // namespace
 
 ExitCode listItems(const CommandContext& context) {
+    context.driver.waitUntilQuiet(); // a single item reads at once, and is traced
     QJsonArray list;
     for (const TreeItem& item : context.driver.items()) {
         if (context.options.json) {

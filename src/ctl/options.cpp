@@ -73,6 +73,9 @@ fs::path outputPath(const std::string& text) {
 
 Result<bool> takeOption(int code, const std::string& text, Options& options) {
     host::OnuTarget& target = options.target;
+    if (text.empty() && optarg != nullptr) {
+        return Error{"an option has an empty value"};
+    }
     switch (code) {
     case optSim:
         options.simulate = true;
@@ -94,7 +97,7 @@ Result<bool> takeOption(int code, const std::string& text, Options& options) {
         return readNumber(text, target.subUnitItemType) ? true : wrong("--item", text, "a number");
     case optMenu:
         target.menuFileName = text;
-        return true;
+        return text.size() <= host::kMaxParamText ? true : wrong("--menu", text, "a shorter name");
     case optClient:
         options.clientDirectory = fs::absolute(text);
         return true;
@@ -139,6 +142,9 @@ Result<bool> takeCommand(const std::vector<std::string>& words, Options& options
         return takeItem(words[1], options);
     }
     if (name == "screenshot" && arguments == 2) {
+        if (words[2].empty()) {
+            return Error{"screenshot: the file has no name"};
+        }
         options.command = Command::screenshot;
         options.outputFile = fs::absolute(words[2]);
         return takeItem(words[1], options);

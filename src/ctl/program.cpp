@@ -5,7 +5,9 @@
 #include "ctl/options.h"
 #include "ctl/secrets.h"
 #include "host/agent_launcher.h"
+#include "host/secret_mask.h"
 #include "host/trace.h"
+#include "onudesk/messages.h"
 
 #include <fstream>
 #include <memory>
@@ -30,7 +32,8 @@ constexpr const char* kVersion = "onuctl 0.1.0\n";
 // or when it is quiet.
 class Observation {
 public:
-    explicit Observation(std::ostream* trace) : trace_(trace) {}
+    Observation(std::ostream* trace, host::SecretMask mask)
+        : trace_(trace), mask_(std::move(mask)) {}
 
     host::EngineObserver observer() {
         return {[this](const host::RequestRecord& request) { write(host::traceLine(request)); },
@@ -48,7 +51,7 @@ private:
     void write(const std::string& line) {
         const std::scoped_lock lock(mutex_);
         if (trace_ != nullptr) {
-            *trace_ << line << '\n' << std::flush;
+            *trace_ << mask_.apply(line).toStdString() << '\n' << std::flush;
         }
     }
     void note(const host::ReplyError& error) {
@@ -60,6 +63,7 @@ private:
 
     mutable std::mutex mutex_;
     std::ostream* trace_;
+    host::SecretMask mask_;
     host::ReplyError firstError_;
 };
 
@@ -100,20 +104,32 @@ ExitCode runCommand(const CommandContext& context) {
     return exitOk;
 }
 
+ExitCode exitOf(std::int32_t errorStatus) {
+    switch (errorStatus) {
+    case error_status::badRequest: // settings that no request can be made of
+        return exitUsage;
+    case error_status::noPlan:
+        return exitClientFailed;
+    case error_status::walkRefused:
+    case error_status::badReply:
+        return exitAgentError;
+    default:
+        return errorStatus > 0 ? exitAgentError : exitConnectionFailed;
+    }
+}
+
 // An error of the agent or of the way to it outweighs a command that did its part.
 ExitCode judge(ExitCode command, const host::ReplyError& error, std::ostream& err) {
     if (command != exitOk || error.text.empty()) {
         return command;
     }
     err << "onuctl: " << error.text << '\n';
-    return error.status > 0 ? exitAgentError : exitConnectionFailed;
+    return exitOf(error.status);
 }
 
 ExitCode runWindow(const Options& options, std::ostream* trace, std::ostream& out,
                    std::ostream& err) {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
+    qputenv("QT_QPA_PLATFORM", "offscreen");
     // The client opens while the toolkit starts: neither needs the other.
     std::unique_ptr<ClientHost> opened;
     std::string problem;
@@ -135,7 +151,9 @@ ExitCode runWindow(const Options& options, std::ostream* trace, std::ostream& ou
         return exitClientFailed;
     }
     ClientHost& host = *opened;
-    Observation observation(trace);
+    const host::OnuTarget& target = options.target;
+    Observation observation(trace, host::SecretMask(host::secretsOf(
+                                       target.readCommunity, target.writeCommunity, target.v3)));
     host.engine().setObserver(observation.observer());
     const Recorder recorder;
     WindowDriver driver(application, host);
@@ -144,6 +162,11 @@ ExitCode runWindow(const Options& options, std::ostream* trace, std::ostream& ou
         outcome = runCommand({options, driver, recorder, out, err});
     });
     host.engine().stop();
+    out.flush();
+    if (!out || (trace != nullptr && !trace->flush())) {
+        err << "onuctl: the output cannot be written\n";
+        return exitClientFailed;
+    }
     return judge(outcome, observation.firstError(), err);
 }
 

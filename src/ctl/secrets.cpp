@@ -33,9 +33,10 @@ bool choose(const std::map<std::string, Value>& choices, const std::string& text
     return true;
 }
 
+// Texts travel in fields of this size; a longer one would be cut to another secret.
 bool takeText(std::string& field, const std::string& text) {
     field = text;
-    return true;
+    return text.size() <= host::kMaxParamText;
 }
 
 // One setting by its name in the file. False when the value is none of its values.
@@ -92,7 +93,7 @@ Result<bool> takeLine(const std::string& line, OnuTarget& target) {
         return Error{"no known NAME=VALUE"};
     }
     if (!setting->take(target, line.substr(equals + 1))) {
-        return Error{"unknown value of " + name};
+        return Error{"unknown or too long value of " + name};
     }
     return true;
 }
@@ -132,7 +133,7 @@ Result<bool> readSecretsEnvironment(OnuTarget& target) {
         const std::string name = environmentName(setting.name);
         const char* value = std::getenv(name.c_str());
         if (value != nullptr && !setting.take(target, value)) {
-            return Error{name + ": unknown value"};
+            return Error{name + ": unknown or too long value"};
         }
     }
     return true;

@@ -183,6 +183,7 @@ void ClientHost::show(QApplication& application, const OnuTarget& target) {
     const auto showForm =
         reinterpret_cast<ShowHolderConfigFormFn>(::dlsym(plugin_.get(), kShowHolderConfigForm));
     showForm(&application, engine_->routeTable(), &param, engine_->hostThreadId(), &releaseReply);
+    engine_->endSession();
 }
 
 bool ClientHost::quiet() const {

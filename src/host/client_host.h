@@ -13,6 +13,7 @@
 #include "host/snmp_engine.h"
 #include "onudesk/holder_config_param.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -39,6 +40,9 @@ struct OnuTarget {
     std::string rootCaption{};
     std::uint32_t localeId = 1033;
 };
+
+// What a text of the block holds, in bytes; longer ones are cut.
+inline constexpr std::size_t kMaxParamText = 100;
 
 // The block for the window. Texts are cut at their fields' limits.
 [[nodiscard]] HolderConfigParam makeParam(const OnuTarget& target);

@@ -12,11 +12,15 @@
 
 #include <algorithm>
 #include <optional>
+#include <tuple>
 #include <utility>
 
 namespace onudesk::host {
 
 namespace {
+
+// A message of the engine to itself; requests have numbers above 1024.
+constexpr std::uint32_t kEndOfSession = 1;
 
 void discardReply(const platform::WindowMessage& message) {
     auto* reply = static_cast<CodeParaReply*>(message.payload);
@@ -66,6 +70,12 @@ std::size_t SnmpEngine::outstanding() const {
     return waiting + inProgress_;
 }
 
+void SnmpEngine::endSession() {
+    ++session_;
+    // Behind everything the window posted, so that the worker knows which requests were its.
+    static_cast<void>(platform::postThreadMessage(threadId_, {.number = kEndOfSession}));
+}
+
 void SnmpEngine::stop() {
     if (!worker_.joinable()) {
         return;
@@ -106,6 +116,10 @@ void SnmpEngine::takeRequests(SnmpClient& client) {
     while (!stopping_) {
         ++inProgress_;
         const auto message = queue_.take();
+        if (message && message->number == kEndOfSession) {
+            ++acceptedSession_;
+            failedFirstWrites_.clear();
+        }
         const CodeParaPtr para = message ? takeOwnership(*message) : nullptr;
         if (!para) {
             --inProgress_;
@@ -132,8 +146,9 @@ void SnmpEngine::accept(SnmpClient& client, const DllClientCodePara& para) {
         return;
     }
     const JobTools tools{client, catalogue_, options_.walkLimits};
-    const Job::ReplySink sink = [this](const HostRequest& answered, const ReplyRecord& reply) {
-        onReply(answered, reply);
+    const Job::ReplySink sink = [this, session = acceptedSession_](const HostRequest& answered,
+                                                                   const ReplyRecord& reply) {
+        onReply(answered, session, reply);
     };
     std::unique_ptr<Job> job;
     if (request->kind == RequestKind::read) {
@@ -141,22 +156,24 @@ void SnmpEngine::accept(SnmpClient& client, const DllClientCodePara& para) {
     } else {
         job = std::make_unique<WriteJob>(tools, std::move(request).value(), sink);
     }
-    jobs_.push_back({std::move(job), false});
+    jobs_.push_back({std::move(job), acceptedSession_, false});
 }
 
 // Jobs stand in the order in which their requests came.
 void SnmpEngine::startReady() {
-    std::vector<std::int32_t> itemsBeingWritten;
+    using Written = std::tuple<std::uint64_t, std::uint32_t, std::uint16_t, std::int32_t>;
+    std::vector<Written> beingWritten;
     for (Running& running : jobs_) {
         const HostRequest& request = running.job->request();
-        const bool waits =
-            std::ranges::find(itemsBeingWritten, request.itemType) != itemsBeingWritten.end();
+        const Written item{running.session, request.access.address, request.access.port,
+                           request.itemType};
+        const bool waits = std::ranges::find(beingWritten, item) != beingWritten.end();
         if (!running.started && !waits) {
             running.started = true;
             running.job->start();
         }
         if (request.kind == RequestKind::write && !running.job->done()) {
-            itemsBeingWritten.push_back(request.itemType);
+            beingWritten.push_back(item);
         }
     }
     reap();
@@ -181,12 +198,16 @@ void SnmpEngine::answerBadRequest(const DllClientCodePara& para, const std::stri
     header.kind = reply.kind;
     header.itemType = reply.itemType;
     header.firstOfTwo = reader.has(CP_FLAG_130);
-    onReply(header, std::move(reply));
+    onReply(header, acceptedSession_, std::move(reply));
 }
 
 // Nobody waits for the reply to the first of two writes: what went wrong with it is told with the
 // second one.
-void SnmpEngine::onReply(const HostRequest& request, ReplyRecord reply) {
+void SnmpEngine::onReply(const HostRequest& request, std::uint64_t session, ReplyRecord reply) {
+    if (session != session_) {
+        observe(reply); // the window that asked is gone, and the one now open did not ask
+        return;
+    }
     if (request.kind == RequestKind::read) {
         deliver(std::move(reply));
         return;

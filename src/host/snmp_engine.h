@@ -45,7 +45,8 @@ struct EngineObserver {
 };
 
 // One per process at a time, for Net-SNMP keeps its SNMPv3 users per process. Requests run side by
-// side; only a request that follows a write of the same item waits for that write.
+// side; only a request that follows a write of the same item to the same agent waits for that
+// write.
 class SnmpEngine {
 public:
     explicit SnmpEngine(CatalogueSchema catalogue, const EngineOptions& options = {});
@@ -62,6 +63,11 @@ public:
     // Replaces the observer; the former one is not called any more once this returns. Any thread.
     void setObserver(EngineObserver observer);
 
+    // Ends what one window asked for: requests posted so far are still carried out and observed,
+    // but their replies reach no window any more. Call after the window closed, on the thread that
+    // posts.
+    void endSession();
+
     // Requests posted whose last reply is not yet with its window. When this is 0 and, after that,
     // platform::pendingWindowMessages() is 0 too, nothing is under way. Any thread.
     [[nodiscard]] std::size_t outstanding() const;
@@ -72,6 +78,7 @@ public:
 private:
     struct Running {
         std::unique_ptr<Job> job;
+        std::uint64_t session = 0;
         bool started = false;
     };
 
@@ -82,7 +89,7 @@ private:
     void startReady();
     void reap();
     void answerBadRequest(const DllClientCodePara& para, const std::string& problem);
-    void onReply(const HostRequest& request, ReplyRecord reply);
+    void onReply(const HostRequest& request, std::uint64_t session, ReplyRecord reply);
     void deliver(ReplyRecord reply);
     bool post(const ReplyRecord& reply);
     void observe(const ReplyRecord& reply);
@@ -101,7 +108,9 @@ private:
 
     std::atomic<std::size_t> inProgress_{0};
     std::atomic<bool> stopping_{false};
+    std::atomic<std::uint64_t> session_{0}; // of the window that is open, or opens next
     // Worker thread only.
+    std::uint64_t acceptedSession_ = 0; // of the requests being taken from the queue
     std::list<Running> jobs_;
     std::map<std::int32_t, ReplyError> failedFirstWrites_; // by item type
 

@@ -145,6 +145,10 @@ TEST(Onuctl, ExitStatusTellsWhatWentWrong) {
          {QStringLiteral("ONUDESK_V3_AUTH_PASSPHRASE=wrong-phrase")},
          exitConnectionFailed,
          "wrong digest"},
+        {"--sim -v 3 --onu 1.2.5 show 606",
+         {QStringLiteral("ONUDESK_V3_AUTH_PASSPHRASE=short")},
+         exitUsage,
+         "8"},
     };
     for (const Case& expected : cases) {
         SCOPED_TRACE(expected.arguments);

@@ -79,6 +79,10 @@ TEST(Options, MistakesAreNamed) {
         {{"--agent", "10.0.0.1:99999", "items"}, "10.0.0.1:99999"},
         {{"--password", "x", "items"}, "unknown option"},
         {{"--agent"}, "missing value"},
+        {{"--sim", "--secrets", "", "items"}, "empty value"},
+        {{"--sim", "--trace=", "items"}, "empty value"},
+        {{"--sim", "screenshot", "606", ""}, "no name"},
+        {{"--sim", "--menu", std::string(101, 'm'), "items"}, "--menu"},
     };
     for (const auto& [arguments, reason] : cases) {
         const auto options = parseOptions(arguments);

@@ -46,8 +46,10 @@ TEST_F(SecretsTest, MistakesNameTheLineAndNeverTheValue) {
     const std::pair<const char*, const char*> cases[] = {
         {"v3-user=a\nhunter2", ":2: no known NAME=VALUE"},
         {"password=hunter2", ":1: no known NAME=VALUE"},
-        {"\nv3-level=hunter2", ":2: unknown value of v3-level"},
+        {"\nv3-level=hunter2", ":2: unknown or too long value of v3-level"},
     };
+    host::OnuTarget tooLong;
+    EXPECT_FALSE(readSecretsFile(write("read-community=" + std::string(101, 'x')), tooLong));
     for (const auto& [text, reason] : cases) {
         host::OnuTarget target;
         const auto taken = readSecretsFile(write(text), target);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/desk/secret_mask.h"
+#include "host/secret_mask.h"
 
 #include "host/snmp_value.h"
 #include "host/trace.h"
@@ -22,6 +22,11 @@ AccessProfile everySecret() {
     return profile;
 }
 
+host::SecretMask maskOf(const AccessProfile& profile) {
+    return host::SecretMask(
+        host::secretsOf(profile.readCommunity, profile.writeCommunity, profile.v3));
+}
+
 host::ReplyRecord replyWith(std::vector<std::string> values) {
     host::ReplyRecord reply;
     reply.itemType = 606;
@@ -32,7 +37,7 @@ host::ReplyRecord replyWith(std::vector<std::string> values) {
 TEST(SecretMask, HidesSecretsInRepliesAsTextAndAsDigits) {
     const std::string line = host::traceLine(
         replyWith({"eight888", "private8", host::hexDigits("eight888"), "other", "eight888 "}));
-    const QString masked = SecretMask(everySecret()).apply(line);
+    const QString masked = maskOf(everySecret()).apply(line);
     EXPECT_TRUE(
         masked.contains(QStringLiteral("[\"•••\",\"•••\",\"•••\",\"other\",\"eight888 \"]")))
         << masked.toStdString();
@@ -43,7 +48,7 @@ TEST(SecretMask, HidesBothFormsOfABindingsValue) {
     request.kind = host::RequestKind::write;
     request.bindings = {{.name = "onuName", .oid = "1.3", .type = 4, .value = "private8"},
                         {.name = "onuMode", .oid = "1.4", .type = 4, .value = "open"}};
-    const QString line = SecretMask(everySecret()).apply(host::traceLine(request));
+    const QString line = maskOf(everySecret()).apply(host::traceLine(request));
     EXPECT_FALSE(line.contains(QStringLiteral("private8"))) << line.toStdString();
     EXPECT_FALSE(line.contains(QString::fromStdString(host::hexDigits("private8"))));
     EXPECT_TRUE(line.contains(QStringLiteral("\"onuName\"")));
@@ -56,12 +61,22 @@ TEST(SecretMask, TouchesNothingButValues) {
     reply.resultText = "read";
     reply.oids = {"1.3.606"};
     const std::string line = host::traceLine(reply);
-    EXPECT_EQ(SecretMask(everySecret()).apply(line).toStdString(), line);
+    EXPECT_EQ(maskOf(everySecret()).apply(line).toStdString(), line);
+}
+
+TEST(SecretMask, HidesSecretsInsideErrorTexts) {
+    host::ReplyRecord reply = replyWith({});
+    reply.error = {.status = 10, .index = 1, .text = "wrongValue: \"private8\" is no number"};
+    const QString line = maskOf(everySecret()).apply(host::traceLine(reply));
+    EXPECT_TRUE(line.contains(QStringLiteral("wrongValue: \\\"•••\\\" is no number")))
+        << line.toStdString();
+    EXPECT_EQ(maskOf(everySecret()).applyToText(QStringLiteral("Item 1: private8")),
+              QStringLiteral("Item 1: •••"));
 }
 
 TEST(SecretMask, EmptySecretsHideNoEmptyValues) {
     const std::string line = host::traceLine(replyWith({"", "look"}));
-    const QString masked = SecretMask(test::communityProfile()).apply(line);
+    const QString masked = maskOf(test::communityProfile()).apply(line);
     EXPECT_TRUE(masked.contains(QStringLiteral("\"values\":[\"\",\"•••\"]")))
         << masked.toStdString();
 }

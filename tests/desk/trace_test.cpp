@@ -45,7 +45,9 @@ TEST(TraceFeed, CarriesEntriesOfAnotherThreadInOrder) {
         }
     });
     source = &feed;
-    const host::EngineObserver observer = traceObserver(feed, SecretMask(test::communityProfile()));
+    const host::EngineObserver observer =
+        traceObserver(feed, host::SecretMask({test::communityProfile().readCommunity,
+                                              test::communityProfile().writeCommunity}));
     std::thread([&observer] {
         observer.onRequest({});
         observer.onReply(reply("look"));
@@ -78,7 +80,8 @@ TEST(TraceFeed, KeepsTheNewestEntries) {
 
 TEST(TraceFeed, ALineStaysOneLineOfBoundedLength) {
     TraceFeed feed([] {});
-    const host::EngineObserver observer = traceObserver(feed, SecretMask({}));
+    const host::EngineObserver observer =
+        traceObserver(feed, host::SecretMask(std::vector<std::string>{}));
     observer.onReply(reply("a\xe2\x80\xa8"
                            "b\nc"));
     observer.onReply(reply(std::string(70000, 'x')));

@@ -107,6 +107,55 @@ TEST_F(BoundaryTest, OutstandingCountsARequestUntilItsReplyIsPosted) {
     EXPECT_EQ(window->replies.size(), 2U);
 }
 
+TEST_F(BoundaryTest, LateRepliesOfAClosedWindowNeverReachTheNextOne) {
+    std::atomic<bool> release = false;
+    std::optional<AgentRequest> held;
+    ScriptedAgent slow([&](const AgentRequest& request, Outbox& outbox) {
+        if (release) {
+            outbox.answer(*held, mib.answer(*held));
+        } else {
+            held = request;
+        }
+    });
+    ScriptedAgent prompt(honest(mib));
+    startEngine();
+    useAgent(slow.port());
+    read(600);
+    waitUntil([&] { return slow.requests().size() == 1; });
+    window.emplace(); // the next ONU's window, on the same item
+    engine().endSession();
+    useAgent(prompt.port());
+    read(600);
+    waitUntil([&] { return window->replies.size() == 1; });
+    release = true; // the retry of the first request is answered now
+    waitUntilIdle();
+    EXPECT_EQ(window->replies.size(), 1U);
+    ASSERT_EQ(observedReplies().size(), 2U) << "the late reply is still seen by the trace";
+    EXPECT_TRUE(observedReplies()[0].delivered);
+    EXPECT_FALSE(observedReplies()[1].delivered);
+    EXPECT_EQ(liveReplies(), 0U);
+}
+
+TEST_F(BoundaryTest, WritesOfAClosedWindowHoldNothingUpAndExplainNothing) {
+    ScriptedAgent dead(silent());
+    ScriptedAgent prompt(honest(mib));
+    startEngine();
+    useAgent(dead.port());
+    CodeParaPtr lost = newWrite(603);
+    bind(*lost, "label", "x");
+    setInteger(*lost, CP_FLAG_130, 0); // its failure would be told with the next write
+    postUnrouted(std::move(lost));
+    waitUntil([&] { return dead.requests().size() == 1; });
+    engine().endSession();
+    useAgent(prompt.port());
+    CodeParaPtr next = newWrite(603);
+    bind(*next, "label", "y");
+    post(std::move(next));
+    waitUntil([&] { return window->replies.size() == 1; });
+    EXPECT_EQ(window->replies[0].status, 1U) << window->replies[0].errorText.value_or("");
+    EXPECT_EQ(engine().outstanding(), 1U) << "the other agent still has time to answer";
+}
+
 TEST_F(BoundaryTest, StopReturnsAtOnceWhateverIsOutstanding) {
     ScriptedAgent agent(silent());
     startEngine(1s);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "snmp/oid.h"
 #include "host/snmp_value.h"
+#include "snmp/oid.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,11 @@
 #include "host/desk/onu_dialog.h"
 #include "host/desk/profiles_dialog.h"
 
+#include <algorithm>
+#include <iterator>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -308,7 +312,13 @@ void DeskWindow::showForm(const OnuEntry& onu, const Result<host::OnuTarget>& ad
         return;
     }
     const AccessProfile& profile = inventory_.profiles().at(onu.profile);
-    host_->engine().setObserver(traceObserver(feed_, SecretMask(profile)));
+    // Of all profiles: what an ONU configured before still answers is traced, too.
+    std::vector<std::string> secrets;
+    for (const auto& [name, known] : inventory_.profiles()) {
+        std::ranges::move(host::secretsOf(known.readCommunity, known.writeCommunity, known.v3),
+                          std::back_inserter(secrets));
+    }
+    host_->engine().setObserver(traceObserver(feed_, host::SecretMask(secrets)));
     statusBar()->showMessage(tr("Configuring %1").arg(shown(onu.name)));
     showing_ = true;
     host_->show(*static_cast<QApplication*>(QCoreApplication::instance()),

@@ -56,14 +56,15 @@ std::deque<TraceEntry> TraceFeed::take() {
     return std::exchange(entries_, {});
 }
 
-host::EngineObserver traceObserver(TraceFeed& feed, const SecretMask& mask) {
+host::EngineObserver traceObserver(TraceFeed& feed, const host::SecretMask& mask) {
     return {.onRequest =
                 [&feed, mask](const host::RequestRecord& request) {
                     feed.post({stamped(mask.apply(host::traceLine(request))), {}});
                 },
             .onReply =
                 [&feed, mask](const host::ReplyRecord& reply) {
-                    feed.post({stamped(mask.apply(host::traceLine(reply))), outcome(reply)});
+                    feed.post({stamped(mask.apply(host::traceLine(reply))),
+                               mask.applyToText(outcome(reply))});
                 }};
 }
 

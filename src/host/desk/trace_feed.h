@@ -3,7 +3,7 @@
 // What the engine's thread tells the window, without either waiting for the other.
 #pragma once
 
-#include "host/desk/secret_mask.h"
+#include "host/secret_mask.h"
 #include "host/snmp_engine.h"
 
 #include <cstddef>
@@ -46,6 +46,6 @@ private:
 };
 
 // Feeds what crosses the boundary. The feed outlives the observer.
-[[nodiscard]] host::EngineObserver traceObserver(TraceFeed& feed, const SecretMask& mask);
+[[nodiscard]] host::EngineObserver traceObserver(TraceFeed& feed, const host::SecretMask& mask);
 
 } // namespace onudesk::desk
