@@ -31,11 +31,11 @@ public:
     TConfigMainForm(const TConfigMainForm&) = delete;
     TConfigMainForm& operator=(const TConfigMainForm&) = delete;
 
-    TitleBar* TitlePanel;
-    QFrame* WorkPanel;
-    QFrame* Panel1; // page area, tree and settings panel
-    QTreeWidget* ConfigItemTree;
-    SnmpPanel* snmpGroup;
+    TitleBar* TitlePanel = nullptr;
+    QFrame* WorkPanel = nullptr;
+    QFrame* Panel1 = nullptr; // page area, tree and settings panel
+    QTreeWidget* ConfigItemTree = nullptr;
+    SnmpPanel* snmpGroup = nullptr;
 
     // What F1 runs.
     [[nodiscard]] const std::string& helpCommand() const { return helpCommand_; }

@@ -15,10 +15,10 @@ class SnmpPanel : public QGroupBox {
 public:
     explicit SnmpPanel(QWidget* parent);
 
-    QLineEdit* edtSnmpVersion;
-    QLineEdit* edtSnmpPort;
-    QLineEdit* edtSnmpTimeout;
-    QLineEdit* edtRetries;
+    QLineEdit* edtSnmpVersion = nullptr;
+    QLineEdit* edtSnmpPort = nullptr;
+    QLineEdit* edtSnmpTimeout = nullptr;
+    QLineEdit* edtRetries = nullptr;
 
     // Fills the controls from the session.
     void load(const SessionContext& context);

@@ -19,13 +19,13 @@ class TOnuBasic : public ConfigPage {
 public:
     TOnuBasic(Session& session, std::int32_t itemType, QWidget* parent);
 
-    QLineEdit* llidEdt;
-    QLineEdit* nameEdit;
-    QLineEdit* macEdit; // masked, six pairs of characters
-    QPushButton* nameBtn;
-    QPushButton* macBtn;
-    QComboBox* authValidComb;
-    QLabel* authValidLabel;
+    QLineEdit* llidEdt = nullptr;
+    QLineEdit* nameEdit = nullptr;
+    QLineEdit* macEdit = nullptr; // masked, six pairs of characters
+    QPushButton* nameBtn = nullptr;
+    QPushButton* macBtn = nullptr;
+    QComboBox* authValidComb = nullptr;
+    QLabel* authValidLabel = nullptr;
 
     void nameBtnClick();
     void macBtnClick();

@@ -22,7 +22,7 @@ public:
     ListPage(Session& session, std::int32_t itemType, PageRules rules, std::vector<Column> columns,
              QWidget* parent);
 
-    RowTable* mainTable;
+    RowTable* mainTable = nullptr;
 
     // The selected row, or -1 after telling the operator to select one (message 11204).
     [[nodiscard]] int requireRow();
@@ -44,10 +44,10 @@ class ItemDialog : public QDialog {
 public:
     explicit ItemDialog(ListPage& page, int titleId);
 
-    TitleBar* TitlePanel;
-    QWidget* WorkPanel; // controls go here
-    QPushButton* okBtn;
-    QPushButton* cancelBtn;
+    TitleBar* TitlePanel = nullptr;
+    QWidget* WorkPanel = nullptr; // controls go here
+    QPushButton* okBtn = nullptr;
+    QPushButton* cancelBtn = nullptr;
 
     void cancelBtnClick();
     void ClosePanelClick() { cancelBtnClick(); }
