@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "sim/object_table.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <tuple>
 #include <utility>
 
@@ -27,6 +29,19 @@ const ObjectSchema* findStatus(const ModuleSchema& module, const GroupSchema& ow
     return status;
 }
 
+std::optional<Oid> statusColumn(const ModuleSchema& module, const GroupSchema& own,
+                                const std::string& name) {
+    const ObjectSchema* status = findStatus(module, own, name);
+    return status == nullptr ? std::nullopt : Oid::parse(status->object.oidstr);
+}
+
+std::optional<Oid> memberColumn(const GroupSchema& group, const std::string& name) {
+    const auto found = std::ranges::find_if(
+        group.objects, [&](const ObjectSchema& object) { return object.object.name == name; });
+    return name.empty() || found == group.objects.end() ? std::nullopt
+                                                        : Oid::parse(found->object.oidstr);
+}
+
 auto limits(const std::optional<NumberRange>& range) {
     return range ? std::optional(std::pair(range->low, range->high)) : std::nullopt;
 }
@@ -34,7 +49,8 @@ auto limits(const std::optional<NumberRange>& range) {
 auto attributes(const ObjectRule& rule) {
     const ObjectSchema& schema = rule.schema;
     return std::tuple(schema.object.type, schema.access, limits(schema.range), limits(schema.size),
-                      schema.unique, rule.rowStatus);
+                      limits(schema.numbers), schema.unique, schema.index, schema.spread,
+                      rule.rowStatus, rule.stagedBy, limits(rule.entries), rule.member, rule.slots);
 }
 
 template <typename Wanted>
@@ -49,6 +65,34 @@ std::vector<const ObjectRule*> select(const std::map<Oid, ObjectRule>& objects, 
 }
 
 } // namespace
+
+std::optional<Value> ObjectRule::defaultValue(const Oid& instance) const {
+    const auto tag = static_cast<Tag>(schema.object.type);
+    const NumberRange range = schema.range.value_or(NumberRange{0, 0});
+    const std::int64_t number = schema.index        ? std::int64_t{instance.parts().back()}
+                                : range.contains(0) ? 0
+                                                    : range.low;
+    const auto length = static_cast<std::size_t>(schema.size ? schema.size->low : 0);
+    switch (tag) {
+    case Tag::integer:
+        return integerValue(number);
+    case Tag::counter32:
+    case Tag::gauge32:
+    case Tag::timeTicks:
+    case Tag::counter64:
+        return Value{tag, static_cast<std::uint64_t>(number)};
+    case Tag::octetString:
+    case Tag::opaque:
+        return Value{tag, std::string(length, '\0')};
+    case Tag::ipAddress:
+        return Value{tag, std::string(4, '\0')};
+    case Tag::objectId:
+        return Value{tag, Oid({0, 0})};
+    case Tag::null:
+        break;
+    }
+    return std::nullopt;
+}
 
 Result<ObjectTable> ObjectTable::build(const CatalogueSchema& catalogue) {
     ObjectTable table;
@@ -70,19 +114,31 @@ std::optional<Error> ObjectTable::addGroup(const ModuleSchema& module, const Gro
         if (schema.object.oidstr.empty()) {
             continue;
         }
-        ObjectRule rule{
-            name + ", object " + schema.object.name, {}, schema, {}, onePerOnu_.size() - 1};
+        ObjectRule rule{.name = name + ", object " + schema.object.name,
+                        .column = {},
+                        .schema = schema,
+                        .rowStatus = {},
+                        .group = onePerOnu_.size() - 1,
+                        .stagedBy = {},
+                        .entries = group.entries,
+                        .member = memberColumn(group, schema.member),
+                        .slots = group.slots};
         const auto column = Oid::parse(schema.object.oidstr);
         if (!column) {
             return Error{rule.name + ": bad OID \"" + schema.object.oidstr + "\""};
         }
         rule.column = *column;
-        if (!schema.row.empty()) {
-            const ObjectSchema* status = findStatus(module, group, schema.row);
-            rule.rowStatus = status == nullptr ? std::nullopt : Oid::parse(status->object.oidstr);
-            if (!rule.rowStatus) {
-                return Error{rule.name + ": no row status " + schema.row};
+        for (const auto& [status, target] :
+             {std::pair(schema.row, &rule.rowStatus), std::pair(group.staged, &rule.stagedBy)}) {
+            if (!status.empty()) {
+                *target = statusColumn(module, group, status);
+                if (!*target) {
+                    return Error{rule.name + ": no row status " + status};
+                }
             }
+        }
+        if (!schema.member.empty() && !rule.member) {
+            return Error{rule.name + ": no object " + schema.member};
         }
         if (auto error = add(std::move(rule))) {
             return error;
@@ -115,6 +171,16 @@ const ObjectRule* ObjectTable::find(const Oid& instance) const {
 
 std::vector<const ObjectRule*> ObjectTable::rowObjects(const Oid& rowStatus) const {
     return select(objects_, [&](const ObjectRule& rule) { return rule.rowStatus == rowStatus; });
+}
+
+std::vector<const ObjectRule*> ObjectTable::stagedObjects(const Oid& rowStatus) const {
+    return select(objects_, [&](const ObjectRule& rule) {
+        return rule.stagedBy == rowStatus && !rule.isRowStatus();
+    });
+}
+
+std::vector<const ObjectRule*> ObjectTable::sides() const {
+    return select(objects_, [](const ObjectRule& rule) { return rule.member.has_value(); });
 }
 
 std::vector<const ObjectRule*> ObjectTable::rowlessObjects(std::size_t group) const {

@@ -21,24 +21,35 @@ struct ObjectRule {
     ObjectSchema schema;
     std::optional<Oid> rowStatus; // column of the row status that governs this object's rows
     std::size_t group = 0;        // the same for all objects of a group
+    std::optional<Oid> stagedBy;  // column of the row status that writes to the object wait for
+    std::optional<NumberRange> entries; // numbers of the entries, when those are its instances
+    std::optional<Oid> member;          // column of the membership of which this object is the tag
+    bool slots = false;                 // its instances are slots
 
     [[nodiscard]] bool isRowStatus() const { return rowStatus == column; }
+    // What a new instance holds where nothing was written; nothing for types without a natural
+    // start.
+    [[nodiscard]] std::optional<Value> defaultValue(const Oid& instance) const;
     [[nodiscard]] Oid instanceOf(const Oid& oid) const { return oid.tail(column.size()); }
 };
 
 class ObjectTable {
 public:
     // Objects without an OID are left out. Fails, naming the object, on an OID that is none, on a
-    // `row` that no object of the module has for its name, and when one OID stands twice with
-    // different attributes.
+    // `row` or `staged` that no object of the module has for its name, on a `member` that none of
+    // the group has, and when one OID stands twice with different attributes.
     [[nodiscard]] static Result<ObjectTable> build(const CatalogueSchema& catalogue);
 
     // The object an instance belongs to, or null. Pointers stay valid while the table lives.
     [[nodiscard]] const ObjectRule* find(const Oid& instance) const;
     // The objects whose rows the row status governs, itself included, in the order of their OIDs.
     [[nodiscard]] std::vector<const ObjectRule*> rowObjects(const Oid& rowStatus) const;
+    // The objects to which writes wait for the row status, in the order of their OIDs.
+    [[nodiscard]] std::vector<const ObjectRule*> stagedObjects(const Oid& rowStatus) const;
     // The objects of the group that exist whatever rows there are.
     [[nodiscard]] std::vector<const ObjectRule*> rowlessObjects(std::size_t group) const;
+    // The objects that are tags of memberships, in the order of their OIDs.
+    [[nodiscard]] std::vector<const ObjectRule*> sides() const;
     // True when the group holds one instance of every object per ONU.
     [[nodiscard]] bool isOnePerOnu(std::size_t group) const { return onePerOnu_[group]; }
 

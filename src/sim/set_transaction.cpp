@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "sim/set_transaction.h"
 
+#include "sim/membership.h"
+
 #include <algorithm>
+#include <charconv>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace onudesk::sim {
@@ -28,31 +32,20 @@ bool creates(const Value& value) {
     return value == rowValue(RowStatus::createAndGo) || value == rowValue(RowStatus::createAndWait);
 }
 
-// What a new row holds where nothing was written; nothing for types without a natural start.
-std::optional<Value> defaultValue(const ObjectSchema& schema) {
-    const auto tag = static_cast<Tag>(schema.object.type);
-    const NumberRange range = schema.range.value_or(NumberRange{0, 0});
-    const std::int64_t number = range.contains(0) ? 0 : range.low;
-    const auto length = static_cast<std::size_t>(schema.size ? schema.size->low : 0);
-    switch (tag) {
-    case Tag::integer:
-        return integerValue(number);
-    case Tag::counter32:
-    case Tag::gauge32:
-    case Tag::timeTicks:
-    case Tag::counter64:
-        return Value{tag, static_cast<std::uint64_t>(number)};
-    case Tag::octetString:
-    case Tag::opaque:
-        return Value{tag, std::string(length, '\0')};
-    case Tag::ipAddress:
-        return Value{tag, std::string(4, '\0')};
-    case Tag::objectId:
-        return Value{tag, Oid({0, 0})};
-    case Tag::null:
-        break;
+// Numbers joined by ",", as many and as large as the object takes.
+bool isNumberList(std::string_view text, const ObjectSchema& schema) {
+    std::int64_t count = 0;
+    for (bool more = true; more; ++count) {
+        std::int64_t number = 0;
+        const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+        if (error != std::errc() || (schema.range && !schema.range->contains(number))) {
+            return false;
+        }
+        text.remove_prefix(static_cast<std::size_t>(end - text.data()));
+        more = text.starts_with(',');
+        text.remove_prefix(more ? 1 : 0);
     }
-    return std::nullopt;
+    return text.empty() && schema.numbers->contains(count);
 }
 
 // An address of zeros is what a device shows where none was given.
@@ -64,11 +57,7 @@ bool isBlank(const Value& value) {
 } // namespace
 
 const Value* SetTransaction::find(const Oid& oid) const {
-    const auto changed = changes_.find(oid);
-    if (changed == changes_.end()) {
-        return store_.find(oid);
-    }
-    return changed->second ? &*changed->second : nullptr;
+    return lookUp(store_.values(), changes_.values, oid);
 }
 
 bool SetTransaction::holdsRow(const Oid& oid, RowStatus status) const {
@@ -91,10 +80,13 @@ std::optional<SetStatus> SetTransaction::add(std::size_t index) {
     if (rule->schema.access == ObjectAccess::writeOnly) {
         return std::nullopt;
     }
+    if (rule->stagedBy) {
+        return staging_.hold(*rule, binding);
+    }
     if (!exists(binding.oid) && !mayCreate(*rule, rule->instanceOf(binding.oid), index)) {
         return SetStatus::noCreation;
     }
-    changes_[binding.oid] = binding.value;
+    changes_.values[binding.oid] = binding.value;
     return std::nullopt;
 }
 
@@ -116,9 +108,15 @@ std::optional<SetStatus> SetTransaction::checkValue(const ObjectRule& rule,
         if (!addressFits || (schema.size && !schema.size->contains(length))) {
             return SetStatus::wrongLength;
         }
+        if (schema.numbers && !isNumberList(*bytes, schema)) {
+            return SetStatus::wrongValue;
+        }
     }
     const auto number = numberOf(binding.value);
     if (number && schema.range && !schema.range->contains(*number)) {
+        return SetStatus::wrongValue;
+    }
+    if (number && schema.index && *number != rule.instanceOf(binding.oid).parts().back()) {
         return SetStatus::wrongValue;
     }
     return std::nullopt;
@@ -129,6 +127,9 @@ std::optional<SetStatus> SetTransaction::setRowStatus(const ObjectRule& rule,
     const Oid instance = rule.instanceOf(binding.oid);
     const auto wanted = static_cast<RowStatus>(numberOf(binding.value).value_or(0));
     const bool create = wanted == RowStatus::createAndGo || wanted == RowStatus::createAndWait;
+    if (staging_.governs(rule)) {
+        return setStagedStatus(rule, instance, wanted);
+    }
     if (wanted == RowStatus::destroy) {
         destroyRow(rule, instance);
         return std::nullopt;
@@ -140,25 +141,48 @@ std::optional<SetStatus> SetTransaction::setRowStatus(const ObjectRule& rule,
         if (!create) {
             return SetStatus::inconsistentValue;
         }
-        if (store_.objects().isOnePerOnu(rule.group) && !groupHolds(rule, instance)) {
+        if (!mayBeRow(rule, instance)) {
             return SetStatus::noCreation;
         }
         created_.insert(binding.oid);
-        changes_[binding.oid] = rowValue(RowStatus::notInService);
+        changes_.values[binding.oid] = rowValue(RowStatus::notInService);
     }
     if (wanted == RowStatus::createAndGo || wanted == RowStatus::active) {
         activations_.push_back(binding.oid);
-        changes_[binding.oid] = rowValue(RowStatus::active);
+        changes_.values[binding.oid] = rowValue(RowStatus::active);
     } else if (wanted == RowStatus::notInService) {
-        changes_[binding.oid] = rowValue(RowStatus::notInService);
+        changes_.values[binding.oid] = rowValue(RowStatus::notInService);
     }
     return std::nullopt;
 }
 
+// The rows of staged groups are there for good; only what they hold changes.
+std::optional<SetStatus> SetTransaction::setStagedStatus(const ObjectRule& rule,
+                                                         const Oid& instance, RowStatus wanted) {
+    switch (wanted) {
+    case RowStatus::createAndGo:
+        return staging_.commit(rule, instance);
+    case RowStatus::destroy:
+        return staging_.removeEntry(rule, instance);
+    default:
+        return SetStatus::wrongValue;
+    }
+}
+
 void SetTransaction::destroyRow(const ObjectRule& rule, const Oid& instance) {
     for (const ObjectRule* member : store_.objects().rowObjects(rule.column)) {
-        changes_[member->column.joined(instance)] = std::nullopt;
+        changes_.values[member->column.joined(instance)] = std::nullopt;
     }
+}
+
+// Rows that are there once per ONU need an ONU, and rows that hold their number one that fits.
+bool SetTransaction::mayBeRow(const ObjectRule& rule, const Oid& instance) const {
+    const auto isNumber = [&](const ObjectRule* member) {
+        const ObjectSchema& schema = member->schema;
+        return !schema.index || !schema.range || schema.range->contains(instance.parts().back());
+    };
+    return (!store_.objects().isOnePerOnu(rule.group) || groupHolds(rule, instance)) &&
+           std::ranges::all_of(store_.objects().rowObjects(rule.column), isNumber);
 }
 
 bool SetTransaction::createsLater(const Oid& rowStatus, std::size_t index) const {
@@ -199,15 +223,16 @@ Changes SetTransaction::finish() {
     std::erase_if(activations_,
                   [this](const Oid& status) { return !holdsRow(status, RowStatus::active); });
     for (const Oid& status : activations_) {
-        changes_[status] = rowValue(RowStatus::notReady);
+        changes_.values[status] = rowValue(RowStatus::notReady);
     }
     for (const Oid& status : activations_) {
         const ObjectRule& rule = *store_.objects().find(status);
         if (mayBeActive(rule, rule.instanceOf(status))) {
-            changes_[status] = rowValue(RowStatus::active);
+            changes_.values[status] = rowValue(RowStatus::active);
         }
     }
-    std::erase_if(changes_, [this](const Changes::value_type& change) {
+    settleMemberships(store_, changes_);
+    std::erase_if(changes_.values, [this](const Delta::value_type& change) {
         return store_.objects().find(change.first)->schema.access == ObjectAccess::writeOnly;
     });
     return std::move(changes_);
@@ -218,18 +243,19 @@ void SetTransaction::fillRow(const ObjectRule& rule, const Oid& instance) {
     for (const ObjectRule* member : store_.objects().rowObjects(rule.column)) {
         const ObjectSchema& schema = member->schema;
         const Oid oid = member->column.joined(instance);
-        if (exists(oid) || schema.unique || schema.access == ObjectAccess::writeOnly) {
+        if (exists(oid) || schema.unique != Uniqueness::none ||
+            schema.access == ObjectAccess::writeOnly) {
             continue;
         }
-        if (auto value = defaultValue(schema)) {
-            changes_[oid] = std::move(value);
+        if (auto value = member->defaultValue(instance)) {
+            changes_.values[oid] = std::move(value);
         }
     }
 }
 
 bool SetTransaction::mayBeActive(const ObjectRule& rule, const Oid& instance) const {
     for (const ObjectRule* member : store_.objects().rowObjects(rule.column)) {
-        if (!member->schema.unique) {
+        if (member->schema.unique == Uniqueness::none) {
             continue;
         }
         const Value* own = find(member->column.joined(instance));
@@ -253,7 +279,7 @@ std::set<Oid> SetTransaction::activeRows(const Oid& rowStatus) const {
          entry = store_.next(entry->first, false)) {
         rows.insert(entry->first);
     }
-    for (const auto& [oid, value] : changes_) {
+    for (const auto& [oid, value] : changes_.values) {
         if (oid.startsWith(rowStatus)) {
             rows.insert(oid);
         }

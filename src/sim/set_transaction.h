@@ -3,6 +3,7 @@
 // The rules of a SET, binding by binding, over a store that stays as it is.
 #pragma once
 
+#include "sim/staging.h"
 #include "sim/store.h"
 
 #include <cstddef>
@@ -16,7 +17,9 @@ namespace onudesk::sim {
 class SetTransaction {
 public:
     SetTransaction(const Store& store, const std::vector<Binding>& bindings)
-        : store_(store), bindings_(bindings) {}
+        : store_(store), bindings_(bindings), staging_(store, changes_) {}
+    SetTransaction(const SetTransaction&) = delete;
+    SetTransaction& operator=(const SetTransaction&) = delete;
 
     // Checks the binding and takes it in; bindings are added in order. The failure, if there is
     // one.
@@ -32,6 +35,9 @@ private:
                                                       const Binding& binding) const;
     [[nodiscard]] std::optional<SetStatus> setRowStatus(const ObjectRule& rule,
                                                         const Binding& binding);
+    [[nodiscard]] std::optional<SetStatus> setStagedStatus(const ObjectRule& rule,
+                                                           const Oid& instance, RowStatus wanted);
+    [[nodiscard]] bool mayBeRow(const ObjectRule& rule, const Oid& instance) const;
     [[nodiscard]] bool createsLater(const Oid& rowStatus, std::size_t index) const;
     [[nodiscard]] bool mayCreate(const ObjectRule& rule, const Oid& instance,
                                  std::size_t index) const;
@@ -44,6 +50,7 @@ private:
     const Store& store_;
     const std::vector<Binding>& bindings_;
     Changes changes_;
+    Staging staging_;
     std::set<Oid> created_;        // row-status instances that did not exist before
     std::vector<Oid> activations_; // row-status instances set active, in the order of the SET
 };

@@ -7,6 +7,47 @@
 
 namespace onudesk::sim {
 
+namespace {
+
+Delta applyTo(Values& values, const Delta& delta) {
+    Delta previous;
+    for (const auto& [oid, value] : delta) {
+        const auto held = values.find(oid);
+        previous[oid] = held == values.end() ? std::nullopt : std::optional(held->second);
+        if (value) {
+            values.insert_or_assign(oid, *value);
+        } else {
+            values.erase(oid);
+        }
+    }
+    return previous;
+}
+
+} // namespace
+
+const Value* lookUp(const Values& values, const Delta& delta, const Oid& oid) {
+    if (const auto changed = delta.find(oid); changed != delta.end()) {
+        return changed->second ? &*changed->second : nullptr;
+    }
+    const auto found = values.find(oid);
+    return found == values.end() ? nullptr : &found->second;
+}
+
+Values below(const Values& values, const Delta& delta, const Oid& oid) {
+    Values found;
+    for (auto at = values.lower_bound(oid); at != values.end() && at->first.startsWith(oid); ++at) {
+        found.insert(*at);
+    }
+    for (auto at = delta.lower_bound(oid); at != delta.end() && at->first.startsWith(oid); ++at) {
+        if (at->second) {
+            found.insert_or_assign(at->first, *at->second);
+        } else {
+            found.erase(at->first);
+        }
+    }
+    return found;
+}
+
 Store::Store(ObjectTable objects, Values values)
     : objects_(std::move(objects)), values_(std::move(values)) {
     std::erase_if(values_, [this](const Values::value_type& entry) {
@@ -39,17 +80,7 @@ std::variant<Changes, SetFailure> Store::prepare(const std::vector<Binding>& bin
 }
 
 Changes Store::apply(const Changes& changes) {
-    Changes previous;
-    for (const auto& [oid, value] : changes) {
-        const Value* held = find(oid);
-        previous[oid] = held == nullptr ? std::nullopt : std::optional(*held);
-        if (value) {
-            values_.insert_or_assign(oid, *value);
-        } else {
-            values_.erase(oid);
-        }
-    }
-    return previous;
+    return {.values = applyTo(values_, changes.values), .staged = applyTo(staged_, changes.staged)};
 }
 
 } // namespace onudesk::sim

@@ -51,7 +51,17 @@ struct SetFailure {
 };
 
 // New values of instances; nothing for an instance that goes.
-using Changes = std::map<Oid, std::optional<Value>>;
+using Delta = std::map<Oid, std::optional<Value>>;
+
+struct Changes {
+    Delta values;
+    Delta staged; // what was written and waits for its row status; no manager sees it
+};
+
+// The value with the delta carried out; null when there is none.
+[[nodiscard]] const Value* lookUp(const Values& values, const Delta& delta, const Oid& oid);
+// The values at and below the OID with the delta carried out.
+[[nodiscard]] Values below(const Values& values, const Delta& delta, const Oid& oid);
 
 class Store {
 public:
@@ -60,6 +70,7 @@ public:
 
     [[nodiscard]] const ObjectTable& objects() const { return objects_; }
     [[nodiscard]] const Values& values() const { return values_; }
+    [[nodiscard]] const Values& staged() const { return staged_; }
     [[nodiscard]] const Value* find(const Oid& oid) const;
     // The first value behind the OID, or at it when `inclusive`; null at the end. Passes over ASN.1
     // nulls, which no reply to a walk may hold.
@@ -74,6 +85,7 @@ public:
 private:
     ObjectTable objects_;
     Values values_;
+    Values staged_;
 };
 
 } // namespace onudesk::sim

@@ -3,6 +3,7 @@
 
 #include "env/client_paths.h"
 #include "env/language_module.h"
+#include "env/message_ids.h"
 #include "platform/desktop.h"
 #include "platform/files.h"
 #include "platform/prompter.h"
@@ -12,9 +13,6 @@
 namespace onudesk {
 
 namespace {
-
-constexpr int kCatalogueUnusable = 11140;
-constexpr int kNoticeCaption = 11001;
 
 ObjectCatalogue readCatalogue(std::int32_t itemType) {
     const auto path = platform::resolveClientPath(kCatalogueFile);
@@ -65,8 +63,8 @@ ObjectCatalogue catalogueModule(const TiXmlElement& root, std::int32_t itemType)
 ObjectCatalogue loadCatalogue(std::int32_t itemType) {
     ObjectCatalogue catalogue = readCatalogue(itemType);
     if (catalogue.empty()) {
-        platform::prompt({.text = messageText(kCatalogueUnusable),
-                          .caption = messageText(kNoticeCaption),
+        platform::prompt({.text = messageText(message::catalogueUnusable),
+                          .caption = messageText(message::noticeCaption),
                           .icon = platform::PromptIcon::warning});
     }
     return catalogue;

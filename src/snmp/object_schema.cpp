@@ -42,6 +42,16 @@ bool readRange(const TiXmlElement& element, const char* name, std::optional<Numb
     return text.empty() || range.has_value();
 }
 
+// The same for the number of a port.
+bool readPort(const TiXmlElement& element, std::optional<std::uint32_t>& port) {
+    const std::string text = attribute(element, "port");
+    const auto number = wholeNumber(text);
+    if (number && NumberRange{1, UINT32_MAX}.contains(*number)) {
+        port = static_cast<std::uint32_t>(*number);
+    }
+    return text.empty() || port.has_value();
+}
+
 Result<ObjectSchema> readObject(const TiXmlElement& element) {
     ObjectSchema schema;
     schema.object = {attribute(element, "name"), attribute(element, "oidstr"),
@@ -53,13 +63,20 @@ Result<ObjectSchema> readObject(const TiXmlElement& element) {
                                               {"read-create", ObjectAccess::readCreate},
                                               {"write-only", ObjectAccess::writeOnly}});
     const auto hex = choose<bool>(attribute(element, "format"), {{"", false}, {"hex", true}});
-    const auto unique = choose<bool>(attribute(element, "unique"), {{"", false}, {"yes", true}});
-    const char* wrong = !access                                      ? "access"
-                        : !hex                                       ? "format"
-                        : !unique                                    ? "unique"
-                        : !readRange(element, "range", schema.range) ? "range"
-                        : !readRange(element, "size", schema.size)   ? "size"
-                                                                     : nullptr;
+    const auto unique = choose<Uniqueness>(
+        attribute(element, "unique"),
+        {{"", Uniqueness::none}, {"yes", Uniqueness::alone}, {"together", Uniqueness::together}});
+    const auto spread = choose<bool>(attribute(element, "spread"), {{"", false}, {"yes", true}});
+    const auto index = choose<bool>(attribute(element, "index"), {{"", false}, {"yes", true}});
+    const char* wrong = !access                                          ? "access"
+                        : !readRange(element, "numbers", schema.numbers) ? "numbers"
+                        : !hex                                           ? "format"
+                        : !unique                                        ? "unique"
+                        : !index                                         ? "index"
+                        : !spread                                        ? "spread"
+                        : !readRange(element, "range", schema.range)     ? "range"
+                        : !readRange(element, "size", schema.size)       ? "size"
+                                                                         : nullptr;
     if (wrong != nullptr) {
         return Error{"object " + schema.object.name + ": bad value of " + wrong + ": \"" +
                      attribute(element, wrong) + "\""};
@@ -67,7 +84,10 @@ Result<ObjectSchema> readObject(const TiXmlElement& element) {
     schema.access = *access;
     schema.hex = *hex;
     schema.unique = *unique;
+    schema.index = *index;
+    schema.spread = *spread;
     schema.row = attribute(element, "row");
+    schema.member = attribute(element, "member");
     return schema;
 }
 
@@ -77,10 +97,28 @@ Result<GroupSchema> readGroup(const TiXmlElement& element) {
     const auto read = choose<ReadMode>(
         attribute(element, "read"),
         {{"", ReadMode::none}, {"scalar", ReadMode::scalar}, {"table", ReadMode::table}});
-    if (!read) {
-        return Error{"bad value of read: \"" + attribute(element, "read") + "\""};
+    const auto per = choose<ReadScope>(
+        attribute(element, "per"),
+        {{"", ReadScope::always}, {"onu", ReadScope::onu}, {"port", ReadScope::port}});
+    const bool portFits = readPort(element, group.port) && (!group.port || per == ReadScope::port);
+    group.staged = attribute(element, "staged");
+    const auto slots = choose<bool>(attribute(element, "slots"), {{"", false}, {"yes", true}});
+    const bool entriesFit = readRange(element, "entries", group.entries) &&
+                            (!group.entries || (group.entries->low >= 0 && !group.staged.empty()));
+    const bool slotsFit = slots && (!*slots || (!group.staged.empty() && !group.entries));
+    const char* wrong = !read         ? "read"
+                        : !per        ? "per"
+                        : !portFits   ? "port"
+                        : !entriesFit ? "entries"
+                        : !slotsFit   ? "slots"
+                                      : nullptr;
+    if (wrong != nullptr) {
+        return Error{std::string("bad value of ") + wrong + ": \"" + attribute(element, wrong) +
+                     "\""};
     }
     group.read = *read;
+    group.per = *per;
+    group.slots = *slots;
     for (const TiXmlElement* child = element.FirstChildElement(); child != nullptr;
          child = child->NextSiblingElement()) {
         Result<ObjectSchema> object = readObject(*child);

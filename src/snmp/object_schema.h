@@ -5,13 +5,32 @@
 //
 //   group   read    "scalar": one instance of every object per ONU, read with GET;
 //                   "table": rows below the ONU, read by walking; missing: written only
+//           per     "onu": read when the instance is an ONU's (three numbers or fewer); "port":
+//                   read when there are more, as of a port; missing: always read
+//           port    number of a port, with per="port": read for this port when the instance is an
+//                   ONU's three numbers
+//           staged  name of the module's row-status object that what is written to this group
+//                   waits for
+//           entries "LOW..HIGH": the rows of a staged group are entries below those of the row
+//                   status, numbered so
+//           slots   "yes": the rows of a staged group are slots of the row above them, filled and
+//                   emptied, but always there
 //   object  access  "read-only" (when missing), "read-write", "read-create" or "write-only"
 //           range   "LOW..HIGH", inclusive, for numbers
 //           size    "LOW..HIGH" or "N" bytes, for octet strings
+//           numbers "LOW..HIGH": an octet string is a list of so many numbers, joined by ","; each
+//                   lies in the range
 //           format  "hex": the value always travels as hexadecimal digits
 //           row     name of the row-status object that governs this object's rows; a row-status
 //                   object (RFC 2579) names itself
-//           unique  "yes": a row cannot become active with a value another active row holds
+//           unique  "yes": a row cannot become active with a value another active row holds; in
+//                   a group with entries: no two entries of a row hold the same value; in a group
+//                   with slots: what tells the filled slots of a row apart; "together": no two
+//                   filled slots of a row hold the same in all such objects
+//           index   "yes": holds the last number of its instance
+//           member  name of the group's object that says whether the row is a member on the side to
+//                   which this object, its tag there, belongs
+//           spread  "yes": 1 fills the slot of that number in all rows of the ONU
 #pragma once
 
 #include "bridge/result.h"
@@ -27,6 +46,8 @@
 namespace onudesk {
 
 enum class ReadMode { none, scalar, table };
+enum class ReadScope { always, onu, port };
+enum class Uniqueness { none, alone, together };
 enum class ObjectAccess { readOnly, readWrite, readCreate, writeOnly };
 
 struct NumberRange {
@@ -40,15 +61,24 @@ struct ObjectSchema {
     ObjectAccess access = ObjectAccess::readOnly;
     std::optional<NumberRange> range;
     std::optional<NumberRange> size;
+    std::optional<NumberRange> numbers;
     bool hex = false;
-    bool unique = false;
+    Uniqueness unique = Uniqueness::none;
+    bool index = false;
+    bool spread = false;
     std::string row;
+    std::string member;
     [[nodiscard]] bool isRowStatus() const { return !row.empty() && row == object.name; }
 };
 
 struct GroupSchema {
     std::string name;
     ReadMode read = ReadMode::none;
+    ReadScope per = ReadScope::always;
+    std::optional<std::uint32_t> port;
+    std::string staged;
+    std::optional<NumberRange> entries;
+    bool slots = false;
     std::vector<ObjectSchema> objects; // in the order of the file, which is the order of values
 };
 

@@ -2,6 +2,7 @@
 #include "snmp/reply.h"
 
 #include "env/language_module.h"
+#include "env/message_ids.h"
 #include "onudesk/messages.h"
 #include "platform/prompter.h"
 
@@ -12,15 +13,9 @@ namespace onudesk {
 
 namespace {
 
-constexpr int kNoticeCaption = 11001;
-constexpr int kNoticeSubject = 11002;
-constexpr int kSucceeded = 11045;
-constexpr int kFailed = 11046;
-constexpr int kImportRemark = 3262;
-
 constexpr const char* kConfigSet = "ConfigSet";
 constexpr const char* kConfigSetImport = "ConfigSetImport";
-constexpr std::size_t kChunkBytes = 3072;
+constexpr std::size_t kChunkBytes = 3 * 1024;
 
 constexpr std::uint32_t kStatusFailed = 0;
 constexpr std::uint32_t kStatusPartial = 2;
@@ -43,16 +38,16 @@ void storeChunk(const CodeParaReader& reader) {
 }
 
 std::string successNotice(const std::string& mode) {
-    std::string notice = messageText(kSucceeded) + messageText(kNoticeSubject);
+    std::string notice = messageText(message::succeeded) + messageText(message::subject);
     if (mode == kConfigSetImport) {
-        notice += "\n" + messageText(kImportRemark);
+        notice += "\n" + messageText(message::importRemark);
     }
     return notice;
 }
 
 std::string failureNotice(const std::string& mode, const std::string& errorText) {
     const bool namesMode = !mode.empty() && mode != kConfigSetImport;
-    return messageText(kFailed) + messageText(kNoticeSubject) + "\n" +
+    return messageText(message::failed) + messageText(message::subject) + "\n" +
            (namesMode ? mode : errorText);
 }
 
@@ -119,7 +114,7 @@ bool writeResultNotice(const Session& session, std::uint32_t window, void* reply
         return false;
     }
     platform::prompt({.text = notice,
-                      .caption = messageText(kNoticeCaption),
+                      .caption = messageText(message::noticeCaption),
                       .icon = status == kStatusFailed ? platform::PromptIcon::warning
                                                       : platform::PromptIcon::information,
                       .owner = window});

@@ -96,24 +96,44 @@ TEST(Catalogue, WarnsOnceWhenThereIsNothingForTheItem) {
 TEST(Schema, ReadsWhatHostAndSimulatorNeed) {
     const auto document = parseXml(R"(<c><module name="606"><group name="g" read="scalar">
         <object name="a" oidstr="1.1" type="2" access="read-write" range="-5..7"/>
-        <object name="b" oidstr="1.2" type="4" size="6" format="hex" row="s" unique="yes"/>
+        <object name="b" oidstr="1.2" type="4" size="6" numbers="2" format="hex" row="s" unique="yes"/>
         <object name="s" oidstr="1.3" type="2" access="read-create" row="s"/></group>
-        <group name="w"/></module></c>)",
+        <group name="w" per="onu"/>
+        <group name="e" per="port" staged="s" entries="1..8">
+        <object name="i" oidstr="1.4" index="yes" member="m"/></group>
+        <group name="f" per="port" port="3" staged="s" slots="yes">
+        <object name="j" oidstr="1.5" unique="together" spread="yes"/></group></module></c>)",
                                    "test");
     const auto schema = readSchema(*(*document)->RootElement());
     ASSERT_TRUE(schema) << schema.error();
     const ModuleSchema& module = schema->at(606);
-    ASSERT_EQ(module.size(), 2U);
+    ASSERT_EQ(module.size(), 4U);
     EXPECT_EQ(module[0].read, ReadMode::scalar);
+    EXPECT_EQ(module[0].per, ReadScope::always);
+    EXPECT_FALSE(module[0].entries);
     EXPECT_EQ(module[1].read, ReadMode::none);
+    EXPECT_EQ(module[1].per, ReadScope::onu);
+    EXPECT_EQ(module[2].per, ReadScope::port);
+    EXPECT_EQ(module[2].staged, "s");
+    EXPECT_EQ(module[2].entries->low, 1);
+    EXPECT_EQ(module[2].entries->high, 8);
+    EXPECT_TRUE(module[2].objects.at(0).index);
+    EXPECT_EQ(module[2].objects.at(0).member, "m");
+    EXPECT_FALSE(module[2].port || module[2].slots || module[2].objects[0].spread);
+    EXPECT_EQ(module[3].port, 3U);
+    EXPECT_TRUE(module[3].slots && module[3].objects.at(0).spread);
+    EXPECT_EQ(module[3].objects[0].unique, Uniqueness::together);
     const auto& objects = module[0].objects;
     ASSERT_EQ(objects.size(), 3U);
     EXPECT_EQ(objects[0].access, ObjectAccess::readWrite);
     EXPECT_TRUE(objects[0].range->contains(-5) && objects[0].range->contains(7));
     EXPECT_FALSE(objects[0].range->contains(8) || objects[0].range->contains(-6));
     EXPECT_EQ(objects[1].access, ObjectAccess::readOnly);
-    EXPECT_TRUE(objects[1].hex && objects[1].unique && objects[1].size->contains(6));
+    EXPECT_TRUE(objects[1].hex && objects[1].unique == Uniqueness::alone &&
+                objects[1].size->contains(6));
     EXPECT_FALSE(objects[1].size->contains(5));
+    EXPECT_TRUE(objects[1].numbers->contains(2));
+    EXPECT_FALSE(objects[0].numbers);
     EXPECT_FALSE(objects[1].isRowStatus());
     EXPECT_TRUE(objects[2].isRowStatus());
 }
@@ -122,7 +142,9 @@ TEST(Schema, NamesTheBadAttribute) {
     const std::pair<const char*, const char*> cases[] = {
         {R"(access="write")", "access"},  {R"(range="9..1")", "range"},
         {R"(range="1..x")", "range"},     {R"(size="many")", "size"},
-        {R"(format="binary")", "format"}, {R"(unique="no")", "unique"},
+        {R"(numbers="4..1")", "numbers"}, {R"(format="binary")", "format"},
+        {R"(unique="no")", "unique"},     {R"(index="no")", "index"},
+        {R"(spread="no")", "spread"},
     };
     for (const auto& [attributes, name] : cases) {
         const auto document =
@@ -135,9 +157,30 @@ TEST(Schema, NamesTheBadAttribute) {
             std::string("module 606, group g: object bad: bad value of ") + name))
             << schema.error();
     }
-    const auto document =
-        parseXml(R"(<c><module name="606"><group name="g" read="all"/></module></c>)", "test");
-    EXPECT_FALSE(readSchema(*(*document)->RootElement()));
+    const std::pair<const char*, const char*> groupCases[] = {
+        {R"(read="all")", "read: \"all\""},
+        {R"(per="ONU")", "per: \"ONU\""},
+        {R"(staged="s" entries="8")", ""},
+        {R"(staged="s" entries="-1..8")", "entries: \"-1..8\""},
+        {R"(staged="s" entries="8..1")", "entries: \"8..1\""},
+        {R"(entries="1..8")", "entries: \"1..8\""},
+        {R"(per="port" port="1")", ""},
+        {R"(per="port" port="0")", "port: \"0\""},
+        {R"(per="port" port="4294967296")", "port: \"4294967296\""},
+        {R"(per="port" port="one")", "port: \"one\""},
+        {R"(per="onu" port="1")", "port: \"1\""},
+        {R"(staged="s" slots="no")", "slots: \"no\""},
+        {R"(slots="yes")", "slots: \"yes\""},
+        {R"(staged="s" entries="1..8" slots="yes")", "slots: \"yes\""},
+    };
+    for (const auto& [attributes, complaint] : groupCases) {
+        const auto document = parseXml(R"(<c><module name="606"><group name="g" )" +
+                                           std::string(attributes) + "/></module></c>",
+                                       "test");
+        const auto schema = readSchema(*(*document)->RootElement());
+        const std::string expected = std::string("module 606, group g: bad value of ") + complaint;
+        EXPECT_EQ(schema ? "" : schema.error(), *complaint == '\0' ? "" : expected);
+    }
 }
 
 } // namespace

@@ -7,7 +7,10 @@
 
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <set>
+#include <utility>
+#include <vector>
 
 namespace onudesk::sim::test {
 namespace {
@@ -37,6 +40,34 @@ protected:
     ObjectTable table_ = shippedTable();
 
     void SetUp() override { ASSERT_TRUE(recording_) << recording_.error(); }
+    [[nodiscard]] const ObjectRule& rule(const ObjectSchema& object, const Oid& instance) const {
+        return *table_.find(Oid::parse(object.object.oidstr)->joined(instance));
+    }
+    [[nodiscard]] std::set<Oid> instancesOf(const GroupSchema& group) const {
+        std::set<Oid> instances;
+        for (const ObjectSchema& object : group.objects) {
+            const Oid column = *Oid::parse(object.object.oidstr);
+            for (const auto& [oid, value] : below(recording_->values, {}, column)) {
+                instances.insert(oid.tail(column.size()));
+            }
+        }
+        return instances;
+    }
+    void expectAllObjects(const GroupSchema& group, const Oid& instance) const {
+        for (const ObjectSchema& object : group.objects) {
+            const ObjectRule& known = rule(object, instance);
+            const bool needed = !known.rowStatus ||
+                                (recording_->values.contains(known.rowStatus->joined(instance)));
+            EXPECT_TRUE(!needed || recording_->values.contains(known.column.joined(instance)))
+                << known.name << " of " << instance.text();
+            // Slots are there without their row status, which is only written.
+            if (known.stagedBy && !known.slots) {
+                const Oid row = instance.head(instance.size() - (known.entries ? 1 : 0));
+                EXPECT_TRUE(recording_->values.contains(known.stagedBy->joined(row)))
+                    << known.name << " of " << instance.text();
+            }
+        }
+    }
 };
 
 TEST_F(DemoRecording, AgreesWithTheCatalogue) {
@@ -53,7 +84,9 @@ TEST_F(DemoRecording, AgreesWithTheCatalogue) {
     EXPECT_GT(checked, 100U);
 }
 
-TEST_F(DemoRecording, GivesEveryOnuAllReadOnlyObjects) {
+// Every ONU has every object of the groups that are there once per ONU, every row of a table every
+// column. What has a row status may be missing together with it.
+TEST_F(DemoRecording, IsComplete) {
     std::set<Oid> onus;
     const Oid group = enterpriseOid("606.1.1");
     for (const auto& [oid, value] : recording_->values) {
@@ -63,13 +96,15 @@ TEST_F(DemoRecording, GivesEveryOnuAllReadOnlyObjects) {
     }
     EXPECT_EQ(onus.size(), 8U);
     EXPECT_TRUE(onus.contains(Oid({1, 2, 5})));
-    for (const Oid& onu : onus) {
-        for (Oid::Part column = 1; column <= 22; ++column) {
-            const ObjectRule* rule = table_.find(group.joined(Oid({column})).joined(onu));
-            ASSERT_NE(rule, nullptr);
-            if (!rule->isRowStatus()) {
-                EXPECT_TRUE(recording_->values.contains(rule->column.joined(onu)))
-                    << rule->name << " of " << onu.text();
+    const auto catalogue = loadSchema(ONUDESK_SOURCE_DIR "/client/CONF/snmp/snmpconfig.xml");
+    ASSERT_TRUE(catalogue) << catalogue.error();
+    for (const auto& [itemType, module] : *catalogue) {
+        for (const GroupSchema& each : module) {
+            const std::set<Oid> instances =
+                each.read == ReadMode::scalar ? onus : instancesOf(each);
+            EXPECT_EQ(instances.empty(), each.read == ReadMode::none) << itemType << each.name;
+            for (const Oid& instance : instances) {
+                expectAllObjects(each, instance);
             }
         }
     }
@@ -87,6 +122,85 @@ TEST_F(DemoRecording, HasASlotToBindAnAddressTo) {
     ASSERT_EQ(set(store, {"606.1.1.20.1.1.4|4x|020000000001"}), "ok");
     ASSERT_EQ(set(store, {"606.1.1.21.1.1.4|2|4"}), "ok");
     EXPECT_EQ(*store.find(enterpriseOid("606.1.1.21.1.1.4")), integerValue(1));
+}
+
+TEST_F(DemoRecording, TakesTheWritesOfThePages) {
+    struct Case {
+        std::vector<std::vector<std::string>> sets; // one after the other; all but the last are ok
+        std::string outcome;                        // of the last
+    };
+    const std::string low = "608.1.1.2.1.2.5|2|";
+    const std::string high = "608.1.1.3.1.2.5|2|";
+    const Case cases[] = {
+        // bandwidth between the two writes of its row status
+        {{{"608.1.2.1.1.2.5|2|4", low + "0", high + "1000000", "608.1.2.1.1.2.5|2|5"}}, "ok"},
+        {{{"608.1.2.1.1.2.5|2|4", low + "955001", "608.1.2.1.1.2.5|2|5"}}, "wrongValue 2"},
+        {{{"608.1.2.1.1.2.5|2|6"}}, "wrongValue 1"},
+        {{{"608.1.1.18.1.2.5|2|1"}}, "notWritable 1"},
+        // the address of an ONU with one, without one, and of none
+        {{{"500.1.1.2.1.2.5|64|10.20.2.16", "500.1.1.1.1.2.5|2|2", "500.1.1.5.1.2.5|2|4"}}, "ok"},
+        {{{"500.1.1.2.1.1.4|64|10.20.1.14", "500.1.1.1.1.1.4|2|2", "500.1.1.5.1.1.4|2|4"}}, "ok"},
+        {{{"675.1.1.2.9.9.9|64|10.20.1.14", "675.1.1.5.9.9.9|2|4"}}, "noCreation 2"},
+        {{{"500.1.1.1.1.2.5|2|3"}}, "wrongValue 1"},
+        // restart, rate to the CPU, version
+        {{{"622.1.1.1.1.2.5|2|1"}}, "ok"},
+        {{{"622.1.1.1.1.2.5|2|2"}}, "wrongValue 1"},
+        {{{"915.1.1.1.1.2.5|2|10000"}}, "ok"},
+        {{{"915.1.1.1.1.2.5|2|10001"}}, "wrongValue 1"},
+        {{{"605.1.1.4.1.2.5|4|V9"}}, "notWritable 1"},
+        // a VLAN comes and goes; the VLAN mode; a management VLAN, and of a place without an ONU
+        {{{"611.1.2.1.1.2.5.400|2|4", "611.1.1.1.1.2.5.400|2|400", "611.1.1.2.1.2.5.400|2|1",
+           "611.1.2.1.1.2.5.400|2|5"},
+          {"611.1.1.2.1.2.5.400|2|1", "611.1.1.3.1.2.5.400|2|2"},
+          {"611.1.1.2.1.2.5.400|2|1"}},
+         "noCreation 1"},
+        {{{"767.1.1.1.1.2.5|2|2"}}, "ok"},
+        {{{"767.1.1.1.1.2.5|2|3"}}, "wrongValue 1"},
+        {{{"679.1.1.1.1.2.5|2|4094", "679.1.1.2.1.2.5|2|0", "679.1.1.4.1.2.5|2|4"}}, "ok"},
+        {{{"679.1.1.1.1.2.5|2|0"}}, "wrongValue 1"},
+        {{{"679.1.1.3.1.2.5|2|9"}}, "wrongValue 1"},
+        {{{"679.1.1.4.1.1.4|2|4"}}, "noCreation 1"},
+        // a port of each kind, and one that takes no further entry
+        {{{"612.1.1.2.1.2.5.1|2|1", "612.1.1.3.1.2.5.1|2|100", "612.1.1.6.1.2.5.1|2|4"}}, "ok"},
+        {{{"612.1.1.2.1.2.5.4|2|4", "612.1.1.5.1.2.5.4|4x|000a", "612.1.1.6.1.2.5.4|2|4"}},
+         "wrongLength 2"},
+        {{{"612.1.3.4.1.2.5.3.1|2|30"}, {"612.1.1.6.1.2.5.3|2|4"}}, "ok"},
+        {{{"612.1.3.4.1.2.5.3.1|2|20"}, {"612.1.1.6.1.2.5.3|2|4"}}, "inconsistentValue 1"},
+        {{{"612.1.3.4.1.2.1.3.1|2|30"}, {"612.1.1.6.1.2.1.3|2|4"}}, "inconsistentValue 1"},
+        {{{"612.1.3.4.1.2.1.3.8|2|30"}, {"612.1.1.6.1.2.1.3|2|6"}}, "ok"},
+        // rates of a port, off and on, and of a port that is not there
+        {{{"607.1.2.1.1.2.5.1|2|4", "607.1.1.1.1.2.5.1|2|0"}}, "ok"},
+        {{{"607.1.2.1.1.2.5.1|2|4", "607.1.1.3.1.2.5.1|2|1523", "607.1.1.4.1.2.5.1|2|1523"}},
+         "wrongValue 3"},
+        {{{"607.1.2.2.1.2.5.1|2|4", "607.1.1.6.1.2.5.1|2|1024001"}}, "wrongValue 2"},
+        {{{"607.1.2.2.1.2.5.5|2|4", "607.1.1.5.1.2.5.5|2|1"}}, "noCreation 2"},
+        {{{"607.1.2.2.1.2.5.1|2|6"}}, "wrongValue 1"},
+        // weights of the queues, and the COS values, of which the last instance is 8
+        {{{"650.1.1.1.1.2.5|2|2", "650.1.1.2.1.2.5|4|15,15,15,15"}}, "ok"},
+        {{{"650.1.1.1.1.2.5|2|2", "650.1.1.2.1.2.5|4|16,4,2,1"}}, "wrongValue 2"},
+        {{{"651.1.1.1.1.2.5.8|2|3"}}, "ok"},
+        {{{"651.1.1.1.1.2.5.8|2|4"}}, "wrongValue 1"},
+        {{{"652.1.1.1.1.2.5.8|2|7"}}, "ok"},
+        {{{"652.1.1.1.1.2.5.0|2|7"}}, "noCreation 1"},
+        {{{"664.1.1.6.1.2.5|2|255"}}, "ok"},
+        {{{"664.1.1.6.1.2.5|2|254"}}, "wrongValue 1"},
+        // a rule in an empty slot, one for any traffic where there is none and where there is one,
+        // and the removal of a rule
+        {{{"613.1.1.1.1.2.5.2.1|2|1", "613.1.1.15.1.2.5.2.1|2|4094", "613.1.2.1.1.2.5.2.1|2|4"}},
+         "ok"},
+        {{{"613.1.1.1.1.2.5.2.1|2|1", "613.1.1.16.1.2.5.2.1|2|1", "613.1.2.1.1.2.5.2.1|2|4"}},
+         "ok"},
+        {{{"613.1.1.1.1.2.5.1.3|2|3", "613.1.1.16.1.2.5.1.3|2|1", "613.1.2.1.1.2.5.1.3|2|4"}},
+         "inconsistentValue 3"},
+        {{{"613.1.1.1.1.2.5.1.1|2|4", "613.1.2.1.1.2.5.1.1|2|6"}}, "ok"},
+    };
+    for (const Case& each : cases) {
+        Store store(shippedTable(), recording_->values);
+        for (std::size_t at = 0; at < each.sets.size(); ++at) {
+            EXPECT_EQ(set(store, each.sets[at]), at + 1 == each.sets.size() ? each.outcome : "ok")
+                << each.sets[at].back();
+        }
+    }
 }
 
 TEST(DemoAccess, HasEverySecurityLevel) {

@@ -56,12 +56,23 @@ TEST(ObjectTable, OneOidMayStandTwiceWhenItIsTheSame) {
                       "range=\"1..3\"/></group>"),
               "module 900, group b, object y: OID 1.3.6.1.1 is that of module 900, group a, object "
               "x, but other attributes are not the same");
+    const std::string status = "<object name=\"s\" oidstr=\"1.3.6.1.2\" row=\"s\"/></group>";
+    EXPECT_NE(errorOf("<group name=\"a\"><object name=\"x\" oidstr=\"1.3.6.1.1\"/></group>"
+                      "<group name=\"b\" staged=\"s\"><object name=\"x\" oidstr=\"1.3.6.1.1\"/>" +
+                      status),
+              "");
 }
 
 TEST(ObjectTable, NamesWhatIsWrong) {
+    EXPECT_EQ(errorOf("<group name=\"g\"><object name=\"x\" oidstr=\"1.3.1\" member=\"y\"/></group>"
+                      "<group name=\"h\"><object name=\"y\" oidstr=\"1.3.2\"/></group>"),
+              "module 900, group g, object x: no object y");
     EXPECT_EQ(errorOf("<group name=\"g\"><object name=\"x\" oidstr=\"1.x\"/></group>"),
               "module 900, group g, object x: bad OID \"1.x\"");
     EXPECT_EQ(errorOf("<group name=\"g\"><object name=\"x\" oidstr=\"1.3.1\" row=\"y\"/></group>"),
+              "module 900, group g, object x: no row status y");
+    EXPECT_EQ(errorOf("<group name=\"g\" staged=\"y\"><object name=\"x\" oidstr=\"1.3.1\"/>"
+                      "<object name=\"y\" oidstr=\"1.3.2\"/></group>"),
               "module 900, group g, object x: no row status y");
     EXPECT_EQ(errorOf("<group name=\"g\"><object name=\"x\" oidstr=\"1.3.1\" row=\"y\"/>"
                       "<object name=\"y\" oidstr=\"1.3.2\"/></group>"),

@@ -80,4 +80,12 @@ std::string set(Store& store, const std::vector<std::string>& bindings) {
     return "ok";
 }
 
+void carryOut(Store& store, const std::vector<Step>& steps) {
+    for (const Step& step : steps) {
+        const Values before = store.values();
+        EXPECT_EQ(set(store, step.bindings), step.outcome) << step.bindings.back();
+        EXPECT_TRUE(step.outcome == "ok" || store.values() == before) << step.bindings.back();
+    }
+}
+
 } // namespace onudesk::sim::test

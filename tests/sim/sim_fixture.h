@@ -64,4 +64,13 @@ inline constexpr const char* kCatalogue = R"(
 // its binding, as in "wrongType 2".
 std::string set(Store& store, const std::vector<std::string>& bindings);
 
+struct Step {
+    std::vector<std::string> bindings;
+    std::string outcome;
+};
+
+// Carries out one SET after the other and expects their outcomes; one that fails must change
+// nothing.
+void carryOut(Store& store, const std::vector<Step>& steps);
+
 } // namespace onudesk::sim::test

@@ -70,6 +70,31 @@ TEST(StoreSet, ChecksEveryBinding) {
     }
 }
 
+TEST(StoreSet, TakesListsOfNumbersThatFit) {
+    const ObjectTable table = tableOf(R"(<c><module name="900"><group name="g" read="scalar">
+        <object name="list" oidstr="1.3.6.1.4.1.27315.900.1.1.1" type="4" access="read-write"
+                range="1..15" size="0..8" numbers="1..3"/></group></module></c>)");
+    const std::pair<const char*, const char*> cases[] = {
+        {"1", "ok"},
+        {"15,1,15", "ok"},
+        {"1,2,3,4", "wrongValue 1"},
+        {"16", "wrongValue 1"},
+        {"1,0", "wrongValue 1"},
+        {"", "wrongValue 1"},
+        {"1,", "wrongValue 1"},
+        {",1", "wrongValue 1"},
+        {"1,,2", "wrongValue 1"},
+        {"1;2", "wrongValue 1"},
+        {"1, 2", "wrongValue 1"},
+        {"+1", "wrongValue 1"},
+        {"15,15,150", "wrongLength 1"},
+    };
+    for (const auto& [list, outcome] : cases) {
+        Store store = storeOf(table, {"900.1.1.1.1.2.5|4|1"});
+        EXPECT_EQ(set(store, {std::string("900.1.1.1.1.2.5|4|") + list}), outcome) << list;
+    }
+}
+
 TEST(StoreSet, WritesBoundsAndAbsentInstancesOfAUnitThatExists) {
     Store store = smallStore();
     EXPECT_EQ(set(store, {"900.2.1.1.1.2.5|2|3", "900.2.1.3.1.2.5|4|12345678",

@@ -47,6 +47,9 @@ void TestDesk::noteCommand(const std::string& line) {
 
 void TestDesk::pause(std::chrono::milliseconds time) {
     pauses.push_back(time);
+    if (whilePaused) {
+        whilePaused();
+    }
 }
 
 } // namespace onudesk::test

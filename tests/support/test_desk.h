@@ -25,8 +25,9 @@ public:
     // The only box since the last call; fails the test when there is none or more than one.
     platform::Prompt takeBox();
 
-    // Runs while a box is open.
+    // Runs while a box is open, or time passes.
     std::function<void()> whileOpen;
+    std::function<void()> whilePaused;
     platform::PromptAnswer answer = platform::PromptAnswer::ok;
 
     struct Help {
