@@ -8,16 +8,25 @@
 
 namespace onudesk {
 
+namespace {
+
+// Some milliseconds of work, so that painting and input get their turn between the rows of a table.
+constexpr std::size_t kMessagesAtOnce = 256;
+
+} // namespace
+
 MessagePump::MessagePump() {
-    platform::setWindowMessageWaker([this] {
-        if (!posted_.exchange(true)) {
-            QCoreApplication::postEvent(this, new QEvent(QEvent::User), Qt::HighEventPriority);
-        }
-    });
+    platform::setWindowMessageWaker([this] { wake(); });
 }
 
 MessagePump::~MessagePump() {
     platform::setWindowMessageWaker({});
+}
+
+void MessagePump::wake() {
+    if (!posted_.exchange(true)) {
+        QCoreApplication::postEvent(this, new QEvent(QEvent::User), Qt::HighEventPriority);
+    }
 }
 
 bool MessagePump::event(QEvent* event) {
@@ -26,7 +35,9 @@ bool MessagePump::event(QEvent* event) {
     }
     // Cleared first: a message posted from now on, or by a handler in a nested loop, wakes again.
     posted_ = false;
-    platform::dispatchWindowMessages();
+    if (platform::dispatchWindowMessages(kMessagesAtOnce)) {
+        wake();
+    }
     return true;
 }
 

@@ -8,7 +8,7 @@
 namespace onudesk {
 
 // Delivers window messages from the event loop of the thread that made it, nested loops of modal
-// windows included, for as long as it lives.
+// windows included, for as long as it lives. A flood of messages leaves the loop time for others.
 class MessagePump : public QObject {
     Q_OBJECT
 public:
@@ -20,6 +20,8 @@ public:
     bool event(QEvent* event) override;
 
 private:
+    void wake();
+
     std::atomic_bool posted_ = false;
 };
 

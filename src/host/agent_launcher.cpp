@@ -102,8 +102,14 @@ int spawn(std::vector<std::string> words, const Pipe& input, const Pipe& output,
     posix_spawn_file_actions_adddup2(&actions, output.writeEnd, STDOUT_FILENO);
     posix_spawn_file_actions_adddup2(&actions, output.writeEnd, STDERR_FILENO);
     posix_spawn_file_actions_addclosefrom_np(&actions, STDERR_FILENO + 1);
+    // Out of reach of the terminal's interrupt key: its parent still needs it to end in order.
+    posix_spawnattr_t attributes;
+    posix_spawnattr_init(&attributes);
+    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP);
+    posix_spawnattr_setpgroup(&attributes, 0);
     const int error =
-        ::posix_spawnp(&process, arguments[0], &actions, nullptr, arguments.data(), environ);
+        ::posix_spawnp(&process, arguments[0], &actions, &attributes, arguments.data(), environ);
+    posix_spawnattr_destroy(&attributes);
     posix_spawn_file_actions_destroy(&actions);
     return error;
 }

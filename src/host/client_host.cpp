@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/client_host.h"
 
+#include "bridge/read_number.h"
 #include "env/client_paths.h"
 #include "onudesk/exports.h"
 #include "platform/files.h"
@@ -9,7 +10,6 @@
 #include "snmp/request.h"
 
 #include <algorithm>
-#include <charconv>
 #include <span>
 #include <system_error>
 #include <utility>
@@ -29,12 +29,6 @@ void copyText(const std::string& text, std::span<char> field) {
     const std::size_t length = std::min(text.size(), field.size() - 1);
     std::copy_n(text.begin(), length, field.begin());
     field[length] = '\0';
-}
-
-template <typename Number>
-bool readNumber(std::string_view text, Number& number) {
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    return error == std::errc() && end == text.data() + text.size();
 }
 
 Result<std::string> resolveHost(const std::string& host) {
@@ -187,7 +181,7 @@ void ClientHost::show(QApplication& application, const OnuTarget& target) {
 }
 
 bool ClientHost::quiet() const {
-    return engine_->outstanding() == 0 && platform::pendingWindowMessages() == 0;
+    return engine_->outstanding() == 0 && platform::waitingWindowMessages() == 0;
 }
 
 } // namespace onudesk::host

@@ -77,7 +77,8 @@ public:
 
     // Shows the window on the calling thread and returns after it closed.
     void show(QApplication& application, const OnuTarget& target);
-    // Nothing queued, asked or waiting to be shown. User-interface thread.
+    // Nothing queued, asked or waiting to be shown; a handler that waits in a dialog of its own
+    // does not count. User-interface thread.
     [[nodiscard]] bool quiet() const;
 
 private:

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <initializer_list>
 #include <limits>
+#include <optional>
+#include <string_view>
 
 namespace onudesk::host {
 
@@ -56,6 +58,14 @@ std::int32_t signedEntry(const CodeParaReader& reader, std::uint8_t id) {
 
 std::string textEntry(const CodeParaReader& reader, std::uint8_t id) {
     return reader.text(id).value_or(std::string());
+}
+
+// The window ends the suffix with "." where the port is not known yet.
+std::optional<Oid> parseInstance(std::string_view suffix) {
+    if (suffix.ends_with('.') && !suffix.ends_with("..") && suffix.size() > 1) {
+        suffix.remove_suffix(1);
+    }
+    return parseOid(suffix);
 }
 
 bool between(std::int32_t value, std::int32_t low, std::int32_t high) {
@@ -278,7 +288,7 @@ Result<HostRequest> decodeRequest(const DllClientCodePara& para, const V3Access&
         request.bindings = std::move(bindings).value();
         return request;
     }
-    const auto instance = parseOid(request.suffix);
+    const auto instance = parseInstance(request.suffix);
     if (!instance || (reader.has(CP_INDEX_SUFFIX) && !reader.text(CP_INDEX_SUFFIX))) {
         return Error{"the instance suffix \"" + request.suffix + "\" is no list of numbers"};
     }

@@ -45,7 +45,11 @@ void ReadJob::start() {
         return;
     }
     plan_ = std::move(plan).value();
-    readGroup();
+    if (plan_.empty()) {
+        finish();
+    } else {
+        readGroup();
+    }
 }
 
 void ReadJob::readGroup() {

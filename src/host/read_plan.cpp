@@ -7,6 +7,21 @@ namespace onudesk::host {
 
 namespace {
 
+constexpr std::size_t kOnuNumbers = 3; // OLT, PON port and ONU
+
+// Where the group is read in the place of a request's instance: at its own port when the request
+// names an ONU only.
+Oid instanceFor(const GroupSchema& group, const Oid& instance) {
+    const bool completed = group.port && instance.size() == kOnuNumbers;
+    return completed ? joined(instance, {*group.port}) : instance;
+}
+
+bool isRead(const GroupSchema& group, const Oid& instance) {
+    const ReadScope scope = instance.size() > kOnuNumbers ? ReadScope::port : ReadScope::onu;
+    return group.read != ReadMode::none && !group.objects.empty() &&
+           (group.per == ReadScope::always || group.per == scope);
+}
+
 Result<PlannedGroup> planGroup(const GroupSchema& group, const Oid& instance) {
     PlannedGroup planned{.name = group.name, .mode = group.read, .objects = {}};
     for (const ObjectSchema& schema : group.objects) {
@@ -31,17 +46,15 @@ Result<ReadPlan> makeReadPlan(const CatalogueSchema& catalogue, std::int32_t ite
     }
     ReadPlan plan;
     for (const GroupSchema& group : module->second) {
-        if (group.read == ReadMode::none || group.objects.empty()) {
+        const Oid place = instanceFor(group, instance);
+        if (!isRead(group, place)) {
             continue;
         }
-        Result<PlannedGroup> planned = planGroup(group, instance);
+        Result<PlannedGroup> planned = planGroup(group, place);
         if (!planned) {
             return Error{item + ", " + planned.error()};
         }
         plan.push_back(std::move(planned).value());
-    }
-    if (plan.empty()) {
-        return Error{item + " has no group to read"};
     }
     return plan;
 }

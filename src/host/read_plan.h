@@ -29,8 +29,9 @@ struct PlannedGroup {
 // In the order of replies. Groups that are not read are left out.
 using ReadPlan = std::vector<PlannedGroup>;
 
-// The plan for the instance of an item. Fails when the catalogue has no group to read for the item,
-// or an OID of such a group is none.
+// The plan for the instance of an item: OLT, PON and ONU number, or more for what is read per port.
+// Fails when the catalogue has no group to read for the item and such an instance, or an OID of
+// such a group is none.
 [[nodiscard]] Result<ReadPlan> makeReadPlan(const CatalogueSchema& catalogue, std::int32_t itemType,
                                             const Oid& instance);
 

@@ -70,6 +70,11 @@ std::size_t SnmpEngine::outstanding() const {
     return waiting + inProgress_;
 }
 
+std::size_t SnmpEngine::unobserved() const {
+    const std::size_t waiting = queue_.pending();
+    return waiting + beingTaken_;
+}
+
 void SnmpEngine::endSession() {
     ++session_;
     // Behind everything the window posted, so that the worker knows which requests were its.
@@ -115,6 +120,7 @@ void SnmpEngine::takeRequests(SnmpClient& client) {
     queue_.acknowledge();
     while (!stopping_) {
         ++inProgress_;
+        beingTaken_ = 1;
         const auto message = queue_.take();
         if (message && message->number == kEndOfSession) {
             ++acceptedSession_;
@@ -123,6 +129,7 @@ void SnmpEngine::takeRequests(SnmpClient& client) {
         const CodeParaPtr para = message ? takeOwnership(*message) : nullptr;
         if (!para) {
             --inProgress_;
+            beingTaken_ = 0;
             if (!message) {
                 return;
             }
@@ -134,6 +141,7 @@ void SnmpEngine::takeRequests(SnmpClient& client) {
 
 void SnmpEngine::accept(SnmpClient& client, const DllClientCodePara& para) {
     observe(para);
+    beingTaken_ = 0;
     V3Access defaults;
     {
         const std::scoped_lock lock(settingsMutex_);

@@ -72,6 +72,9 @@ public:
     // platform::pendingWindowMessages() is 0 too, nothing is under way. Any thread.
     [[nodiscard]] std::size_t outstanding() const;
 
+    // Requests posted that the observer was not told of yet. Any thread.
+    [[nodiscard]] std::size_t unobserved() const;
+
     // Refuses further requests and drops those under way, without replies, within 100 ms.
     void stop();
 
@@ -107,6 +110,8 @@ private:
     EngineObserver observer_;
 
     std::atomic<std::size_t> inProgress_{0};
+    std::atomic<std::size_t> beingTaken_{
+        0}; // 1 from before a request leaves the queue until observed
     std::atomic<bool> stopping_{false};
     std::atomic<std::uint64_t> session_{0}; // of the window that is open, or opens next
     // Worker thread only.

@@ -53,12 +53,16 @@ private:
 [[nodiscard]] ONUPLATFORM_API bool postWindowMessage(std::uint32_t handle,
                                                      const WindowMessage& message);
 
-// Delivers, in order, the messages queued so far; handlers may post, dispatch again, and destroy
-// registrations. User-interface thread only.
-ONUPLATFORM_API void dispatchWindowMessages();
+// Delivers, in order, the messages queued so far, but not more than `most`; handlers may post,
+// dispatch again, and destroy registrations. True when messages are left. User-interface thread
+// only.
+ONUPLATFORM_API bool dispatchWindowMessages(std::size_t most = SIZE_MAX);
 
 // Messages queued and not yet delivered or discarded, the one being handled included.
 [[nodiscard]] ONUPLATFORM_API std::size_t pendingWindowMessages();
+// Messages queued only. A handler that runs an event loop of its own, for a dialog, counts as
+// pending for as long as the dialog is open; inside that loop this is what is still to come.
+[[nodiscard]] ONUPLATFORM_API std::size_t waitingWindowMessages();
 
 // Called on the posting thread after each post, to make the user-interface thread call
 // dispatchWindowMessages(). An empty function removes it.

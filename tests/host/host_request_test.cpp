@@ -120,6 +120,15 @@ TEST(HostRequestTest, RecordWithoutOltReadsTheObjectsThemselves) {
     EXPECT_TRUE(request->instance.empty());
 }
 
+TEST(HostRequestTest, APortThatIsNotKnownIsNone) {
+    CodeParaPtr para = goodRead();
+    replace(*para, CP_INDEX_SUFFIX, ".1.2.5.");
+    const Result<HostRequest> request = decodeRequest(*para, {});
+    ASSERT_TRUE(request.ok()) << request.error();
+    EXPECT_EQ(request->instance, (Oid{1, 2, 5}));
+    EXPECT_EQ(request->suffix, ".1.2.5.");
+}
+
 TEST(HostRequestTest, TimeOutAndRetriesAreBroughtIntoRange) {
     struct Case {
         std::int32_t timeout, retries, seenTimeout, seenRetries;
@@ -160,8 +169,10 @@ TEST(HostRequestTest, DamagedRecordsAreRefusedByName) {
          "the write community is missing or of the wrong kind"},
         {[](Para& para) { replace(para, CP_INDEX_SUFFIX, 1); },
          "the instance suffix \"\" is no list of numbers"},
-        {[](Para& para) { replace(para, CP_INDEX_SUFFIX, ".1.2."); },
-         "the instance suffix \".1.2.\" is no list of numbers"},
+        {[](Para& para) { replace(para, CP_INDEX_SUFFIX, ".1.2.."); },
+         "the instance suffix \".1.2..\" is no list of numbers"},
+        {[](Para& para) { replace(para, CP_INDEX_SUFFIX, "."); },
+         "the instance suffix \".\" is no list of numbers"},
         {[](Para& para) { replace(para, CP_INDEX_SUFFIX, ".1.-1.5"); },
          "the instance suffix \".1.-1.5\" is no list of numbers"},
         {[](Para& para) { para.entries->erase(CP_V3_SEC_LEVEL); },

@@ -38,6 +38,52 @@ TEST(ReadPlanTest, FollowsTheOrderOfTheFile) {
     EXPECT_TRUE(plan->back().objects[0].hex);
 }
 
+TEST(ReadPlanTest, InstanceDecidesWhichGroupsAreRead) {
+    const CatalogueSchema shipped =
+        loadSchema(std::string(ONUDESK_SOURCE_DIR) + "/client/CONF/snmp/snmpconfig.xml").value();
+    const CatalogueSchema portsOnly =
+        schemaOf(R"(<group name="p" read="table" per="port"><o name="x" oidstr="1.3.1"/></group>)");
+    struct Case {
+        const CatalogueSchema* catalogue;
+        int item;
+        Oid instance;
+        std::string groups; // with a blank behind each
+    };
+    for (const Case& known :
+         {Case{&shipped, 612, {1, 2}, "group1 vlan mode "},
+          Case{&shipped, 612, {1, 2, 5}, "group1 vlan mode "},
+          Case{&shipped, 612, {1, 2, 5, 3}, "group2 "},
+          Case{&shipped, 612, {1, 2, 5, 3, 1}, "group2 "},
+          Case{&shipped, 605, {1, 2, 5}, "maintable "},
+          Case{&shipped, 605, {1, 2, 5, 3}, "maintable "}, Case{&shipped, 613, {1, 2}, ""},
+          Case{&shipped, 613, {1, 2, 5}, "maingroup "}, Case{&portsOnly, 700, {1, 2, 5, 3}, "p "},
+          Case{&portsOnly, 700, {1, 2, 5}, ""}}) {
+        const Result<ReadPlan> plan = makeReadPlan(*known.catalogue, known.item, known.instance);
+        ASSERT_TRUE(plan.ok());
+        std::string groups;
+        for (const PlannedGroup& group : *plan) {
+            groups += group.name + " ";
+        }
+        EXPECT_EQ(groups, known.groups) << known.item << " " << formatOid(known.instance);
+    }
+}
+
+TEST(ReadPlanTest, AGroupCanHaveAPortOfItsOwn) {
+    const CatalogueSchema schema = schemaOf(R"(<group name="p" read="table" per="port" port="7">
+                    <o name="x" oidstr="1.3.1"/></group>)");
+    struct Case {
+        Oid instance;
+        Oid read;
+    };
+    for (const Case& known :
+         {Case{{1, 2, 5}, {1, 3, 1, 1, 2, 5, 7}}, Case{{1, 2, 5, 3}, {1, 3, 1, 1, 2, 5, 3}},
+          Case{{1, 2, 5, 3, 1}, {1, 3, 1, 1, 2, 5, 3, 1}}}) {
+        const Result<ReadPlan> plan = makeReadPlan(schema, 700, known.instance);
+        ASSERT_TRUE(plan.ok() && plan->size() == 1);
+        EXPECT_EQ(plan->front().objects.front().oid, known.read);
+    }
+}
+
 TEST(ReadPlanTest, UnusableOidIsNamed) {
     for (const char* oid : {"", "1", "1.3.x", "1.3."}) {
         const CatalogueSchema schema =
@@ -58,7 +104,8 @@ TEST(ReadPlanTest, ShippedCatalogueHasAPlanForEveryReadableItem) {
         const bool readable = std::ranges::any_of(
             groups, [](const GroupSchema& group) { return group.read != ReadMode::none; });
         const Result<ReadPlan> plan = makeReadPlan(*schema, item, {1, 2, 5});
-        EXPECT_EQ(plan.ok(), readable) << item;
+        ASSERT_TRUE(plan.ok()) << item;
+        EXPECT_EQ(plan->empty(), !readable) << item;
     }
 }
 

@@ -108,7 +108,8 @@ TEST(WindowMessages, HandlersMayDestroyWindowsAndDispatchAgain) {
     first.onMessage = [&](const WindowMessage& message) {
         if (message.number == 1) {
             EXPECT_EQ(pendingWindowMessages(), 4U); // the one being handled counts
-            dispatchWindowMessages();               // as a modal box does
+            EXPECT_EQ(waitingWindowMessages(), 3U);
+            dispatchWindowMessages(); // as a modal box does
         } else {
             secondWindow.reset();
         }
@@ -122,6 +123,20 @@ TEST(WindowMessages, HandlersMayDestroyWindowsAndDispatchAgain) {
     EXPECT_EQ(second.numbers, (std::vector<std::uint32_t>{2}));
     EXPECT_EQ(g_discarded, (std::vector<std::uint32_t>{4}));
     EXPECT_EQ(pendingWindowMessages(), 0U);
+}
+
+TEST(WindowMessages, CanBeDeliveredAFewAtATime) {
+    Recorder recorder;
+    const WindowRegistration window(recorder);
+    for (std::uint32_t number = 1; number <= 5; ++number) {
+        EXPECT_TRUE(postWindowMessage(window.handle(), {number, nullptr, 0, nullptr}));
+    }
+    EXPECT_TRUE(dispatchWindowMessages(2));
+    EXPECT_EQ(recorder.numbers, (std::vector<std::uint32_t>{1, 2}));
+    EXPECT_TRUE(dispatchWindowMessages(2));
+    EXPECT_FALSE(dispatchWindowMessages(2));
+    EXPECT_EQ(recorder.numbers, (std::vector<std::uint32_t>{1, 2, 3, 4, 5}));
+    EXPECT_FALSE(dispatchWindowMessages());
 }
 
 TEST(WindowMessages, PostedByAHandlerWaitForTheNextDispatch) {

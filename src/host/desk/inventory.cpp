@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "host/desk/inventory.h"
 
+#include "bridge/read_number.h"
 #include "host/client_host.h"
 #include "host/snmp_value.h"
 #include "platform/files.h"
 
 #include <algorithm>
-#include <charconv>
 #include <string_view>
 
 #include <arpa/inet.h>
@@ -68,8 +68,7 @@ bool isHostName(const std::string& host) {
 
 bool isPort(std::string_view text) {
     std::uint16_t port = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), port);
-    return error == std::errc() && end == text.data() + text.size() && port != 0;
+    return readNumber(text, port) && port != 0;
 }
 
 MaybeProblem checkAgent(const std::string& agent) {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "host/desk/options.h"
 
+#include "bridge/read_number.h"
 #include "platform/files.h"
 
-#include <charconv>
 #include <string_view>
 
 namespace onudesk::desk {
@@ -57,9 +57,7 @@ Result<bool> takeValue(const std::string& name, const std::string& value, Option
         return true;
     }
     std::uint32_t locale = 0;
-    const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), locale);
-    if (error != std::errc() || end != value.data() + value.size() ||
-        platform::localeAbbreviation(locale).empty()) {
+    if (!readNumber(value, locale) || platform::localeAbbreviation(locale).empty()) {
         return Error{"--locale " + value + ": must be the number of a language, such as 1033"};
     }
     options.localeId = locale;
