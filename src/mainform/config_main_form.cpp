@@ -3,8 +3,10 @@
 
 #include "env/client_paths.h"
 #include "env/language_module.h"
+#include "env/message_ids.h"
 #include "mainform/page_table.h"
 #include "pages/framework/controls.h"
+#include "pages/framework/item_dialog.h"
 #include "platform/desktop.h"
 #include "snmp/request.h"
 
@@ -25,7 +27,6 @@ constexpr QSize kMinimum(750, 562);
 constexpr int kTreeWidth = 150;
 constexpr int kTreeIndent = 19;
 constexpr int kItemTypeRole = Qt::UserRole;
-constexpr int kHelpFileId = 6201;
 constexpr int kTreeName = 20033;
 const QColor kFormColour(131, 197, 228);
 const QColor kWorkColour(232, 240, 247);
@@ -70,7 +71,7 @@ TConfigMainForm::TConfigMainForm(Session& session)
       helpBase_(formHelpBase()), helpCommand_(helpBase_ + "index.htm") {
     setObjectName(QStringLiteral("TConfigMainForm"));
     buildFrame();
-    loadHelpIndexOnce(messageText(kHelpFileId));
+    loadHelpIndexOnce(messageText(message::helpFile));
 }
 
 TConfigMainForm::~TConfigMainForm() {
@@ -90,7 +91,7 @@ void TConfigMainForm::buildFrame() {
     Panel1 = new QFrame(WorkPanel);
     Panel1->setObjectName(QStringLiteral("Panel1"));
 
-    snmpGroup = new SnmpPanel(Panel1);
+    snmpGroup = new SnmpPanel(session_.context, Panel1);
     ConfigItemTree = new QTreeWidget(Panel1);
     ConfigItemTree->setObjectName(QStringLiteral("ConfigItemTree"));
     ConfigItemTree->setAccessibleName(shown(messageText(kTreeName)));
@@ -136,9 +137,9 @@ void TConfigMainForm::FormActivate() {
     if (const auto menu = loadMenu(session_.context)) {
         buildTree(*menu);
     }
-    snmpGroup->load(session_.context);
     ConfigItemTree->setVisible(!singleItem());
     layoutWork();
+    snmpGroup->load(); // a single item may have no page, which leaves the panel to be seen
     if (singleItem()) {
         openItem(session_.context.subUnitItemType);
     }
@@ -146,8 +147,8 @@ void TConfigMainForm::FormActivate() {
 
 std::string TConfigMainForm::title() const {
     const SessionContext& context = session_.context;
-    std::string text = messageText(11002) + messageText(11003) + " (IP:" + context.agentAddress +
-                       levelText("  OLT:", context.oltNumber) +
+    std::string text = messageText(message::subject) + messageText(11003) +
+                       " (IP:" + context.agentAddress + levelText("  OLT:", context.oltNumber) +
                        levelText(" PON:", context.ponNumber) +
                        levelText(" ONU:", context.onuNumber) + ")";
     if (singleItem()) {
@@ -324,6 +325,9 @@ void TConfigMainForm::FormClose() {
 }
 
 void TConfigMainForm::done(int result) {
+    for (ItemDialog* dialog : findChildren<ItemDialog*>()) {
+        dialog->reject();
+    }
     QDialog::done(result);
     FormClose();
 }

@@ -2,6 +2,22 @@
 #include "mainform/page_table.h"
 
 #include "pages/basic/onu_basic.h"
+#include "pages/basic/onu_dba_config.h"
+#include "pages/basic/onu_reboot.h"
+#include "pages/basic/onu_version_info.h"
+#include "pages/management/onu_cpu_car.h"
+#include "pages/management/onu_ip_config.h"
+#include "pages/qos/onu_cls.h"
+#include "pages/qos/onu_cos_queue_scheduler.h"
+#include "pages/qos/onu_langress.h"
+#include "pages/qos/onu_queue_scheduler.h"
+#include "pages/qos/onu_rate.h"
+#include "pages/qos/onu_repeat_cos_queue.h"
+#include "pages/vlan/onu_ctc_mode.h"
+#include "pages/vlan/onu_ip_vlan.h"
+#include "pages/vlan/onu_port_mode_setting.h"
+#include "pages/vlan/onu_port_vlan.h"
+#include "pages/vlan/onu_vlan_table.h"
 
 #include <algorithm>
 
@@ -17,20 +33,20 @@ ConfigPage* make(Session& session, std::int32_t itemType, QWidget* parent) {
 }
 
 constexpr PageEntry kPages[] = {
-    {500, "TOnuIPConfig", "onuIp", nullptr},
-    {605, "TOnuVersionInfo", "onuVersion", nullptr},
+    {500, "TOnuIPConfig", "onuIp", make<TOnuIPConfig>},
+    {605, "TOnuVersionInfo", "onuVersion", make<TOnuVersionInfo>},
     {606, "TOnuBasic", "onuBasic", make<TOnuBasic>},
-    {607, "TOnuLangress", "onuLan", nullptr},
-    {608, "TOnuDbaConfig", "onuDba", nullptr},
-    {611, "TOnuVlanTable", "onuVlanConfig", nullptr},
-    {612, "TOnuPortVlan", "onuCtcPortVlan", nullptr},
-    {613, "TOnuCls", "onuCls", nullptr},
+    {607, "TOnuLangress", "onuLan", make<TOnuLangress>},
+    {608, "TOnuDbaConfig", "onuDba", make<TOnuDbaConfig>},
+    {611, "TOnuVlanTable", "onuVlanConfig", make<TOnuVlanTable>},
+    {612, "TOnuPortVlan", "onuCtcPortVlan", make<TOnuPortVlan>},
+    {613, "TOnuCls", "onuCls", make<TOnuCls>},
     {616, "TOnuFEC", "onuFec", nullptr},
     {617, "TOnuPortStatus", "onuPortStatus", nullptr},
     {619, "TOnuMacFilter", "onuMacFilter", nullptr},
     {620, "TOnuMacLimit", "onuMacLimit", nullptr},
     {621, "TOnuControlMulti", "onuControlMulti", nullptr},
-    {622, "TOnuReboot", "onuReboot", nullptr},
+    {622, "TOnuReboot", "onuReboot", make<TOnuReboot>},
     {624, "TOnuMulticastBase", "onuMultiBase", nullptr},
     {625, "TOnuMultiReport", "onuMultiReport", nullptr},
     {626, "TOnuMultiIGMP", "onuMultiIgmp", nullptr},
@@ -41,20 +57,20 @@ constexpr PageEntry kPages[] = {
     {647, "TOnuSVlanInsert", "onuSvlanInsert", nullptr},
     {648, "TOnuSVlanPassThrough", "onuSvlanThrough", nullptr},
     {649, "TOnuEncription", "onuEncription", nullptr},
-    {650, "TOnuQueueScheduler", "onuQueueConfig", nullptr},
-    {651, "TOnuCOSQueueScheduler", "onuCosQueue", nullptr},
-    {652, "TOnuRepeatCOSQueue", "onuRepeatCosQueue", nullptr},
-    {664, "TOnuRate", "onuRate", nullptr},
+    {650, "TOnuQueueScheduler", "onuQueueConfig", make<TOnuQueueScheduler>},
+    {651, "TOnuCOSQueueScheduler", "onuCosQueue", make<TOnuCOSQueueScheduler>},
+    {652, "TOnuRepeatCOSQueue", "onuRepeatCosQueue", make<TOnuRepeatCOSQueue>},
+    {664, "TOnuRate", "onuRate", make<TOnuRate>},
     {665, "TOnuAlarm", "onuAlarm", nullptr},
     {666, "TOnuDiagnosis", "onuDiagnosis", nullptr},
     {667, "TOnuThreshold", "onuThreshold", nullptr},
-    {675, "TOnuIPConfig", "onuIp", nullptr},
+    {675, "TOnuIPConfig", "onuIp", make<TOnuIPConfig>},
     {676, "TOnuStaticVlan", "onuVlanConfig", nullptr},
-    {677, "TOnuPortModeSetting", "onuPortMode", nullptr},
+    {677, "TOnuPortModeSetting", "onuPortMode", make<TOnuPortModeSetting>},
     {678, "TOnuPortVlanSetting", "onuPortVlan", nullptr},
-    {679, "TOnuIPVlan", "onuManagerVlan", nullptr},
+    {679, "TOnuIPVlan", "onuManagerVlan", make<TOnuIPVlan>},
     {763, "TOnuComSession", "onuComSession", nullptr},
-    {767, "TOnuCTCMode", "onuVlanMode", nullptr},
+    {767, "TOnuCTCMode", "onuVlanMode", make<TOnuCTCMode>},
     {772, "TOnuLoopback", "onuLoopback", nullptr},
     {811, "TOnuLTAttribute", nullptr, nullptr},
     {812, "TOnuLTIPConfig", nullptr, nullptr},
@@ -72,7 +88,7 @@ constexpr PageEntry kPages[] = {
     {886, "TOnuCapability2", "onuCapability2", nullptr},
     {887, "TOnuPortIsolation", "onuPortIsolation", nullptr},
     {888, "TOnuPortPoE", "onuPortPoe", nullptr},
-    {915, "TOnuCpuCar", nullptr, nullptr},
+    {915, "TOnuCpuCar", nullptr, make<TOnuCpuCar>},
 };
 
 const PageEntry* findPage(std::int32_t itemType) {
@@ -88,8 +104,12 @@ std::span<const PageEntry> pageTable() {
 
 ConfigPage* createPage(Session& session, std::int32_t itemType, QWidget* parent) {
     const PageEntry* entry = findPage(itemType);
-    return entry == nullptr || entry->create == nullptr ? nullptr
-                                                        : entry->create(session, itemType, parent);
+    if (entry == nullptr || entry->create == nullptr) {
+        return nullptr;
+    }
+    ConfigPage* page = entry->create(session, itemType, parent);
+    page->setObjectName(QString::fromLatin1(entry->className));
+    return page;
 }
 
 std::string helpTopic(std::int32_t itemType) {

@@ -9,6 +9,7 @@
 #include <array>
 #include <filesystem>
 #include <map>
+#include <regex>
 #include <set>
 #include <string>
 #include <string_view>
@@ -119,6 +120,37 @@ TEST(LanguageModules, HaveTheSameTextsWithTheSamePlaces) {
     EXPECT_EQ(english.texts().size(), chinese.texts().size());
 }
 
+// Whether a number in the sources can only be that of a text: messages of the boxes, help keys, and
+// captions, those of a page beginning with its item type.
+bool numbersAText(int number) {
+    return (3000 <= number && number < 4000) || (6200 < number && number < 6300) ||
+           (11000 <= number && number < 12000) || (20000 < number && number < 22000) ||
+           kItemTypes.contains(number / 100);
+}
+
+TEST(LanguageModules, HaveEveryTextThatTheWindowNames) {
+    const LanguageModule module = language(kLanguages[0]);
+    const std::filesystem::path sources = std::filesystem::path(ONUDESK_SOURCE_DIR) / "src";
+    const std::regex literal(R"(\b[0-9]{4,5}\b)");
+    std::size_t found = 0;
+    for (const char* part : {"pages", "mainform", "entry", "env", "snmp"}) {
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(sources / part)) {
+            if (!entry.is_regular_file()) {
+                continue;
+            }
+            const std::string text = contents(entry.path());
+            for (std::sregex_iterator at(text.begin(), text.end(), literal), end; at != end; ++at) {
+                const int number = std::stoi(at->str());
+                if (numbersAText(number)) {
+                    ++found;
+                    EXPECT_NE(module.text(number), "") << entry.path() << " " << number;
+                }
+            }
+        }
+    }
+    EXPECT_GT(found, 100U);
+}
+
 TEST(LanguageModules, GiveTheRangeMessageTwoPlaces) {
     for (const char* file : kLanguages) {
         const std::string text = fillPlaces(language(file).text(11068), {"1", "4094"});
@@ -192,6 +224,92 @@ TEST(Menus, HaveACaptionForEveryNodeInEveryLanguage) {
     }
 }
 
+struct CatalogueObject {
+    int itemType;
+    std::string group;
+    std::string name;
+    std::string oid;
+    std::string expectedOid; // by the place in the file
+};
+
+// What the file itself lists: a repeated name is lost in a loaded catalogue.
+std::vector<CatalogueObject> catalogueObjects() {
+    std::vector<CatalogueObject> objects;
+    const Result<XmlDocument> document = loadXml(kClient / "CONF" / "snmp" / "snmpconfig.xml");
+    EXPECT_TRUE(document);
+    for (const TiXmlElement* module = document ? (*document)->RootElement()->FirstChildElement()
+                                               : nullptr;
+         module != nullptr; module = module->NextSiblingElement()) {
+        const std::string item = attribute(*module, "name");
+        int groupNumber = 0;
+        for (const TiXmlElement* group = module->FirstChildElement(); group != nullptr;
+             group = group->NextSiblingElement()) {
+            const std::string base =
+                "1.3.6.1.4.1.27315." + item + ".1." + std::to_string(++groupNumber) + ".";
+            int column = 0;
+            for (const TiXmlElement* object = group->FirstChildElement(); object != nullptr;
+                 object = object->NextSiblingElement()) {
+                objects.push_back({leadingInteger(item), attribute(*group, "name"),
+                                   attribute(*object, "name"), attribute(*object, "oidstr"),
+                                   base + std::to_string(++column)});
+            }
+        }
+    }
+    return objects;
+}
+
+// An attribute that nobody knows would be passed over without a word.
+TEST(Catalogue, HasKnownElementsAndAttributesOnly) {
+    const std::map<std::string, std::set<std::string>> known{
+        {"snmpconfig", {}},
+        {"module", {"name"}},
+        {"group", {"name", "read", "per", "port", "staged", "entries", "slots"}},
+        {"object",
+         {"name", "oidstr", "type", "access", "range", "size", "numbers", "format", "row", "unique",
+          "index", "member", "spread"}}};
+    const Result<XmlDocument> document = loadXml(kClient / "CONF" / "snmp" / "snmpconfig.xml");
+    ASSERT_TRUE(document) << document.error();
+    std::vector<const TiXmlElement*> open{(*document)->RootElement()};
+    while (!open.empty()) {
+        const TiXmlElement& element = *open.back();
+        open.pop_back();
+        ASSERT_TRUE(known.contains(element.Value())) << element.Value() << element.Row();
+        for (const auto* each = element.FirstAttribute(); each != nullptr; each = each->Next()) {
+            EXPECT_TRUE(known.at(element.Value()).contains(each->Name()))
+                << each->Name() << " line " << element.Row();
+        }
+        for (const auto* child = element.FirstChildElement(); child != nullptr;
+             child = child->NextSiblingElement()) {
+            open.push_back(child);
+        }
+    }
+}
+
+// The host finds the object of a write by its name alone, whatever its group.
+TEST(Catalogue, NamesEveryObjectOfAnItemOnceAndNumbersItByItsPlace) {
+    std::set<std::pair<int, std::string>> names;
+    std::map<std::string, std::string> oids;
+    std::map<std::pair<int, std::string>, std::string> groups; // with the group's part of the OID
+    for (const CatalogueObject& object : catalogueObjects()) {
+        const std::string place = std::to_string(object.itemType) + " " + object.name;
+        EXPECT_TRUE(kItemTypes.contains(object.itemType)) << place;
+        EXPECT_TRUE(names.emplace(object.itemType, object.name).second) << place;
+        const std::string base = object.expectedOid.substr(0, object.expectedOid.rfind('.'));
+        EXPECT_EQ(groups.try_emplace({object.itemType, object.group}, base).first->second, base)
+            << place;
+        // An object of another item keeps that item's OID, and its name.
+        if (object.oid != object.expectedOid) {
+            const std::string prefix = "1.3.6.1.4.1.27315.";
+            ASSERT_TRUE(object.oid.starts_with(prefix)) << place;
+            const int owner = leadingInteger(object.oid.substr(prefix.size()));
+            EXPECT_NE(owner, object.itemType) << place;
+            EXPECT_TRUE(kItemTypes.contains(owner)) << place;
+        }
+        EXPECT_EQ(oids.try_emplace(object.oid, object.name).first->second, object.name) << place;
+    }
+    EXPECT_FALSE(names.empty());
+}
+
 // Lines of the index are "MESSAGE=topic<TAB>x KEY"; a page looks its topic up by the text of that
 // message in the language of the window.
 TEST(HelpBook, HasATopicForEveryHelpMessageInEveryLanguage) {
@@ -221,6 +339,26 @@ TEST(HelpBook, HasATopicForEveryHelpMessageInEveryLanguage) {
     EXPECT_TRUE(keys.contains(language("libonuconfig.ENU").text(6204)));
 }
 
+// Topics are reached from the index in their own language, and lead to the other one.
+TEST(HelpBook, LinksEveryTopicInBothLanguages) {
+    const std::filesystem::path book = kClient / "Help" / "confighelp";
+    const auto link = [](const std::string& topic) { return "href=\"" + topic + "\""; };
+    for (const auto& entry : std::filesystem::directory_iterator(book)) {
+        const std::string topic = entry.path().filename().string();
+        const std::string stem = topic.substr(0, topic.find('.'));
+        const bool chinese = topic == stem + ".zh.htm";
+        EXPECT_TRUE(chinese || topic == stem + ".htm") << topic;
+        const std::string index = chinese ? "index.zh.htm" : "index.htm";
+        const std::string page = contents(entry.path());
+        EXPECT_NE(page.find(link(chinese ? stem + ".htm" : stem + ".zh.htm")), std::string::npos)
+            << topic;
+        if (stem != "index") {
+            EXPECT_NE(page.find(link(index)), std::string::npos) << topic;
+            EXPECT_NE(contents(book / index).find(link(topic)), std::string::npos) << topic;
+        }
+    }
+}
+
 TEST(HelpBook, LinksOnlyToTopicsItHas) {
     const std::filesystem::path book = kClient / "Help" / "confighelp";
     EXPECT_TRUE(std::filesystem::exists(book / "index.htm"));
@@ -236,19 +374,89 @@ TEST(HelpBook, LinksOnlyToTopicsItHas) {
 }
 
 // An operator who reads a message looks it up in the page's topic.
-TEST(HelpBook, QuotesTheMessagesOfTheBasicPageAsShown) {
+TEST(HelpBook, QuotesTheMessagesOfThePagesAsShown) {
+    struct Topic {
+        const char* name;
+        bool writes; // and so tells whether it succeeded
+        std::vector<int> messages;
+    };
+    const Topic topics[] = {
+        {"onuBasic", true, {3026, 3028, 3029, 3030}},
+        {"onuCosQueue", true, {11204}},
+        {"onuCls", true, {3021, 3029, 3034, 3036, 11069, 11157, 11204, 11686}},
+        {"onuCpuCar", true, {}},
+        {"onuCtcPortVlan", true, {3034, 3136, 3316, 3317, 11204}},
+        {"onuDba", true, {3031, 3032}},
+        {"onuIp", true, {11069}},
+        {"onuManagerVlan", true, {}},
+        {"onuLan", true, {3117, 3118, 3125, 11204}},
+        {"onuPortMode", true, {11204}},
+        {"onuQueueConfig", true, {3113, 3114, 3115}},
+        {"onuRate", true, {66407}},
+        {"onuReboot", true, {11077}},
+        {"onuRepeatCosQueue", true, {3112, 11204}},
+        {"onuVersion", false, {}},
+        {"onuVlanConfig", true, {}},
+        {"onuVlanMode", true, {}},
+    };
+    const std::array<std::pair<const char*, const char*>, 2> languages{
+        std::pair{"libonuconfig.ENU", ".htm"}, std::pair{"libonuconfig.CHS", ".zh.htm"}};
+    for (const auto& [file, suffix] : languages) {
+        const LanguageModule module = language(file);
+        for (const Topic& topic : topics) {
+            std::string page =
+                contents(kClient / "Help" / "confighelp" / (topic.name + std::string(suffix)));
+            std::ranges::replace(page, '\n', ' ');
+            for (const int id : topic.messages) {
+                const std::string& text = module.text(id);
+                EXPECT_NE(text, "") << file << " " << id;
+                EXPECT_NE(page.find(text), std::string::npos) << topic.name << suffix << " " << id;
+            }
+            for (const int id : {11045, 11046}) {
+                EXPECT_EQ(page.find(module.text(id) + module.text(11002)) != std::string::npos,
+                          topic.writes)
+                    << topic.name << suffix;
+            }
+        }
+    }
+}
+
+// The recipe for pages prints sources; they must be those that are built.
+TEST(Documents, PrintSourcesAsTheyAre) {
+    const std::filesystem::path root = ONUDESK_SOURCE_DIR;
+    const std::string recipe = contents(root / "docs" / "pages.md");
+    const std::string mark = "```cpp ";
+    int blocks = 0;
+    for (auto at = recipe.find(mark); at != std::string::npos; at = recipe.find(mark, at)) {
+        const auto line = recipe.find('\n', at);
+        const std::string file = recipe.substr(at + mark.size(), line - at - mark.size());
+        const auto end = recipe.find("```", line);
+        const std::string source = contents(root / file);
+        EXPECT_EQ(recipe.substr(line + 1, end - line - 1), source.substr(source.find('\n') + 1))
+            << file;
+        at = end;
+        ++blocks;
+    }
+    EXPECT_EQ(blocks, 3);
+}
+
+// Labels, the button and the answers of Apply.
+TEST(HelpBook, QuotesTheSnmpSettingsAsShown) {
     const std::array<std::pair<const char*, const char*>, 2> topics{
-        std::pair{"libonuconfig.ENU", "onuBasic.htm"},
-        std::pair{"libonuconfig.CHS", "onuBasic.zh.htm"}};
+        std::pair{"libonuconfig.ENU", "snmpSettings.htm"},
+        std::pair{"libonuconfig.CHS", "snmpSettings.zh.htm"}};
     for (const auto& [file, topic] : topics) {
         const LanguageModule module = language(file);
         std::string page = contents(kClient / "Help" / "confighelp" / topic);
         std::ranges::replace(page, '\n', ' ');
-        for (const int id : {3026, 3028, 3029, 3030}) {
-            EXPECT_NE(page.find(module.text(id)), std::string::npos) << topic << " " << id;
+        const auto quoted = [&](int id) {
+            return page.find("<b>" + module.text(id) + "</b>") != std::string::npos;
+        };
+        for (int id = 3013; id <= 3018; ++id) {
+            EXPECT_TRUE(quoted(id)) << topic << " " << id;
         }
-        for (const int id : {11045, 11046}) {
-            EXPECT_NE(page.find(module.text(id) + module.text(11002)), std::string::npos) << topic;
+        for (int id = 21001; id <= 21016; ++id) {
+            EXPECT_TRUE(quoted(id)) << topic << " " << id;
         }
     }
 }

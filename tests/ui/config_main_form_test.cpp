@@ -195,14 +195,18 @@ TEST_F(MainFormTest, SingleItemModeShowsOnePageAcrossTheWindow) {
     EXPECT_EQ(CodeParaReader(*posted->record).integer(CP_SUB_INDEX), 7U);
 }
 
-TEST_F(MainFormTest, SingleItemWithoutPageShowsFilledSettings) {
+TEST_F(MainFormTest, SettingsAreLoadedOnce) {
+    session.context.snmpPort = 1161;
+    TConfigMainForm& whole = open();
+    whole.snmpGroup->edtSnmpPort->setText(QStringLiteral("1162"));
+    whole.FormActivate();
+    EXPECT_EQ(whole.snmpGroup->edtSnmpPort->text(), QStringLiteral("1162"));
     session.context.subIndex = 7;
     session.context.subUnitItemType = 826;
-    session.context.snmpPort = 1161;
-    const TConfigMainForm& form = open();
-    EXPECT_EQ(form.currentPage(), nullptr);
-    EXPECT_TRUE(form.snmpGroup->isVisible());
-    EXPECT_EQ(form.snmpGroup->edtSnmpPort->text(), QStringLiteral("1161"));
+    const TConfigMainForm& single = open();
+    EXPECT_EQ(single.currentPage(), nullptr);
+    EXPECT_TRUE(single.snmpGroup->isVisible());
+    EXPECT_EQ(single.snmpGroup->edtSnmpPort->text(), QStringLiteral("1161"));
 }
 
 TEST_F(MainFormTest, TreeFollowsTheWidthStepByStep) {

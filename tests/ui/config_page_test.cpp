@@ -8,6 +8,7 @@
 #include "ui_test.h"
 
 #include <QCheckBox>
+#include <QLabel>
 #include <QVBoxLayout>
 
 namespace onudesk {
@@ -27,66 +28,69 @@ public:
         modes_.addPair("slow", "1");
         modes_.addPair("fast", "2");
         modes_.complete();
-        const std::vector<Field> fields = {
-            {.control = "numberEdit",
-             .labelId = 20013,
-             .position = 0,
-             .group = "maintable",
-             .object = "onuName",
-             .check = FieldCheck{.range = FieldCheck::Range{1, 9}},
-             .written = Written::always},
-            {.control = "modeComb",
-             .labelId = 20013,
-             .kind = ControlKind::combo,
-             .position = 1,
-             .group = "maintable",
-             .object = "MacRowStatus",
-             .map = &modes_,
-             .written = Written::whileEnabled},
-            {.control = "keptComb",
-             .labelId = 20013,
-             .kind = ControlKind::combo,
-             .position = 1,
-             .map = &modes_,
-             .unknown = UnknownCode::keeps},
-            {.control = "tickedEdit",
-             .labelId = 20013,
-             .position = 2,
-             .group = "maintable",
-             .object = "onuBindMac",
-             .check = FieldCheck{.empty = EmptyText::takesFocus},
-             .written = Written::whileTicked,
-             .box = "tickBox"},
-            {.control = "lostEdit",
-             .labelId = 20013,
-             .position = 3,
-             .group = "maintable",
-             .object = "notInTheCatalogue",
-             .written = Written::always},
-        };
         FormGrid form(*listPanel, 2);
-        form.add(fields);
-        tickBox = new QCheckBox(this);
-        tickBox->setObjectName(QStringLiteral("tickBox"));
+        fields().add(form, {
+                               {.control = "numberEdit",
+                                .labelId = 20013,
+                                .position = 0,
+                                .object = {"onuName"},
+                                .check = numberIn(1, 9),
+                                .written = Written::always},
+                               {.control = "modeComb",
+                                .labelId = 20013,
+                                .kind = ControlKind::combo,
+                                .position = 1,
+                                .object = {"MacRowStatus"},
+                                .codes = {&modes_},
+                                .written = Written::whileEnabled},
+                               {.control = "keptComb",
+                                .labelId = 20013,
+                                .kind = ControlKind::combo,
+                                .position = 1,
+                                .codes = {&modes_, UnknownCode::keeps}},
+                               {.control = "tickedEdit",
+                                .labelId = 20013,
+                                .typing = {.bytes = 4, .digitsOnly = true},
+                                .position = 2,
+                                .object = {"onuBindMac"},
+                                .check = FieldCheck{.empty = EmptyText::takesFocus},
+                                .written = Written::whileEnabled,
+                                .tick = {"tickBox"}},
+                               {.control = "besideEdit",
+                                .labelId = 20013,
+                                .object = {"onuLlid"},
+                                .written = Written::always,
+                                .tick = {"tickBox"}},
+                               {.control = "lostEdit",
+                                .labelId = 20013,
+                                .position = 3,
+                                .object = {"notInTheCatalogue"},
+                                .written = Written::always},
+                               constant({"MacRowStatus"}, "4"),
+                           });
+        tickBox = form.find<QCheckBox>("tickBox");
         extraBtn = makeButton(bottomPanel, "extraBtn", 20004, [] {});
-        setFields(fields);
         start({extraBtn}, {});
     }
 
-    QCheckBox* tickBox;
-    QPushButton* extraBtn;
+    QCheckBox* tickBox = nullptr;
+    QPushButton* extraBtn = nullptr;
     int prepared = 0;
     int filled = 0;
+    int others = 0;
 
     template <typename Control>
     [[nodiscard]] Control* control(const char* name) const {
         return findChild<Control*>(QString::fromLatin1(name));
     }
-    void changeRange(std::int64_t maximum) { field("numberEdit").check->range->maximum = maximum; }
+    void changeRange(std::int64_t maximum) {
+        fields().at("numberEdit").check->range->maximum = maximum;
+    }
 
 protected:
     void prepareRefresh() override { ++prepared; }
     void fillPage(const ReadResult&) override { ++filled; }
+    void otherReply(const ReadResult&) override { ++others; }
 
 private:
     ValueMap modes_;
@@ -140,6 +144,8 @@ TEST_F(ConfigPageTest, RefreshReadsOnceAndOnlyTheTimerGivesItBack) {
     EXPECT_TRUE(page->Timer1->isActive()) << "a reply does not stop the timer";
     test::elapse(*page);
     EXPECT_TRUE(page->refreshBtn->isEnabled());
+    ASSERT_TRUE(host.replyRead(kItem, values({"2"}))); // late, and shown all the same
+    EXPECT_EQ(page->control<QLineEdit>("numberEdit")->text(), QStringLiteral("2"));
 }
 
 TEST_F(ConfigPageTest, RunningTimerKeepsItsTime) {
@@ -198,6 +204,49 @@ TEST_F(ConfigPageTest, RepliesSetTheButtonsByThePagesPolicy) {
     }
 }
 
+TEST_F(ConfigPageTest, RefreshFollowsTheFlagOnlyWhereTheRulesSaySo) {
+    const auto page = makePage({.onDecoded = OnDecoded::followsFlag,
+                                .onFailedDecode = OnFailedDecode::leaves,
+                                .flagSetsRefresh = true});
+    ASSERT_TRUE(host.replyRead(kItem, values({"1"}, 1)));
+    EXPECT_TRUE(page->refreshBtn->isEnabled());
+    ASSERT_TRUE(host.replyRead(kItem, {.errorText = "time-out", .errorStatus = -5}));
+    EXPECT_TRUE(page->refreshBtn->isEnabled());
+    ASSERT_TRUE(host.replyRead(kItem, values({"1"}, 0)));
+    EXPECT_FALSE(page->refreshBtn->isEnabled());
+}
+
+TEST_F(ConfigPageTest, RefreshCanKeepConfigAndEmptyTheFields) {
+    const auto page = makePage({.refreshKeepsConfig = true, .refreshEmpties = true});
+    ASSERT_TRUE(host.replyRead(kItem, values({"5", "2", "6", "x"})));
+    page->control<QLineEdit>("besideEdit")->setText(QStringLiteral("typed"));
+    page->refreshBtnClick();
+    EXPECT_TRUE(page->configBtn->isEnabled());
+    EXPECT_FALSE(page->refreshBtn->isEnabled());
+    EXPECT_TRUE(page->control<QLineEdit>("numberEdit")->text().isEmpty());
+    EXPECT_EQ(page->control<QComboBox>("keptComb")->currentIndex(), -1);
+    EXPECT_EQ(page->control<QComboBox>("keptComb")->count(), 2);
+    EXPECT_FALSE(page->control<QLineEdit>("besideEdit")->text().isEmpty()) << "no reply fills it";
+}
+
+TEST_F(ConfigPageTest, ButtonsComeFromTheRules) {
+    const auto page =
+        makePage({.config = {"cfgBtn", 20004}, .refresh = {}, .start = StartState::ready});
+    EXPECT_EQ(page->configBtn->objectName(), QStringLiteral("cfgBtn"));
+    EXPECT_EQ(bytesOf(page->configBtn->text()), messageText(20004));
+    EXPECT_EQ(page->refreshBtn, nullptr);
+    test::click(*page->configBtn); // the empty number is refused
+    desk.takeBox();
+    ASSERT_TRUE(host.replyRead(kItem, values({"5", "2", "6"})));
+    test::click(*page->configBtn);
+    test::elapse(*page);
+    EXPECT_EQ(host.take()->kind, CP_KIND_WRITE);
+    const auto readOnly = makePage({.config = {}});
+    EXPECT_EQ(readOnly->configBtn, nullptr);
+    ASSERT_TRUE(host.replyRead(kItem, values({"5"})));
+    EXPECT_EQ(readOnly->filled, 1);
+}
+
 TEST_F(ConfigPageTest, EachOfSeveralRepliesCountsAndTheLastWins) {
     const auto page = makePage({.onDecoded = OnDecoded::followsFlag});
     ASSERT_TRUE(host.replyRead(kItem, values({"1"}, 1)));
@@ -209,7 +258,7 @@ TEST_F(ConfigPageTest, EachOfSeveralRepliesCountsAndTheLastWins) {
 }
 
 TEST_F(ConfigPageTest, ShortAndForeignRepliesChangeNothing) {
-    const auto page = makePage({.minimumValues = 2, .resultText = "group1"});
+    const auto page = makePage({.resultText = "group1", .minimumValues = 2});
     const Answer good{.values = Texts{"5", "2"}, .status = 1, .resultText = "group1"};
     ASSERT_TRUE(host.replyRead(kItem, good));
     EXPECT_EQ(page->filled, 1);
@@ -217,6 +266,7 @@ TEST_F(ConfigPageTest, ShortAndForeignRepliesChangeNothing) {
     ASSERT_TRUE(host.replyRead(kItem, {.values = Texts{"7", "1"}, .resultText = "group2"}));
     ASSERT_TRUE(host.replyRead(kItem, {}));
     EXPECT_EQ(page->filled, 1);
+    EXPECT_EQ(page->others, 2) << "another group, and none";
     EXPECT_EQ(page->control<QLineEdit>("numberEdit")->text(), QStringLiteral("5"));
 }
 
@@ -236,6 +286,7 @@ TEST_F(ConfigPageTest, ConfigWritesFieldsInOrderAndDropsUnknownObjects) {
     const auto page = makePage();
     ASSERT_TRUE(host.replyRead(kItem, values({"5", "2", "six", "x"})));
     page->tickBox->setChecked(true);
+    page->control<QLineEdit>("besideEdit")->setText(QStringLiteral("7"));
     page->refreshBtn->setEnabled(true);
     test::click(*page->configBtn);
     const auto posted = host.take();
@@ -244,7 +295,9 @@ TEST_F(ConfigPageTest, ConfigWritesFieldsInOrderAndDropsUnknownObjects) {
     EXPECT_EQ(posted->bindings,
               (std::vector<Binding>{{"onuName", prefix + "19.1.2.5", "5", 4},
                                     {"MacRowStatus", prefix + "21.1.2.5", "2", 2},
-                                    {"onuBindMac", prefix + "20.1.2.5", "six", 4}}));
+                                    {"onuBindMac", prefix + "20.1.2.5", "six", 4},
+                                    {"onuLlid", prefix + "2.1.2.5", "7", 2},
+                                    {"MacRowStatus", prefix + "21.1.2.5", "4", 2}}));
     EXPECT_FALSE(page->configBtn->isEnabled());
     EXPECT_FALSE(page->refreshBtn->isEnabled());
     EXPECT_TRUE(page->extraBtn->isEnabled()) << "not among the page's write buttons";
@@ -267,7 +320,50 @@ TEST_F(ConfigPageTest, ChecksEndTheClickWithNothingSent) {
     EXPECT_EQ(host.pending(), 0U);
     page->tickBox->setChecked(false);
     test::click(*page->configBtn);
-    EXPECT_EQ(host.take()->bindings.size(), 2U);
+    EXPECT_EQ(host.take()->bindings.size(), 3U);
+}
+
+TEST_F(ConfigPageTest, FieldsWrittenWhileEnabledNeedTheirTickToo) {
+    const auto page = makePage();
+    ASSERT_TRUE(host.replyRead(kItem, values({"5", "2", "6"})));
+    page->tickBox->setChecked(true);
+    page->control<QLineEdit>("tickedEdit")->setEnabled(false);
+    page->control<QComboBox>("modeComb")->setEnabled(false);
+    test::click(*page->configBtn);
+    EXPECT_EQ(takeWrite(), (Texts{"onuName@1.2.5=5", "onuLlid@1.2.5=", "MacRowStatus@1.2.5=4"}));
+}
+
+TEST_F(ConfigPageTest, ACopiedRequestStandsForItselfAndTakesPartOfTheFields) {
+    const auto page = makePage();
+    ASSERT_TRUE(host.replyRead(kItem, values({"5", "2", "six"})));
+    page->tickBox->setChecked(true);
+    const FieldSet& fields = std::as_const(*page).fields();
+    WriteRequest first = page->newRequest();
+    WriteRequest second = first.copy();
+    ASSERT_TRUE(second);
+    fields.bind(first, "1.2.5", "onuB");
+    fields.bind(second, "1.2.6", "MacRow");
+    EXPECT_TRUE(first.post());
+    EXPECT_FALSE(first.copy()) << "it has gone out";
+    EXPECT_TRUE(second.post());
+    EXPECT_EQ(takeWrite(), Texts{"onuBindMac@1.2.5=six"});
+    const auto posted = host.take();
+    EXPECT_EQ(posted->kind, CP_KIND_WRITE);
+    EXPECT_EQ(posted->itemType, kItem);
+    ASSERT_EQ(posted->bindings.size(), 2U);
+    EXPECT_EQ(posted->bindings[1].oid, "1.3.6.1.4.1.27315.606.1.1.21.1.2.6");
+    EXPECT_EQ(CodeParaReader(*posted->record).text(CP_WRITE_COMMUNITY),
+              session.context.writeCommunity);
+}
+
+TEST_F(ConfigPageTest, TypingIsLimitedAndSharedTicksStandOnce) {
+    const auto page = makePage();
+    page->show();
+    auto* edit = page->control<QLineEdit>("tickedEdit");
+    test::type(*edit, QStringLiteral("1a23456"));
+    EXPECT_EQ(edit->text(), QStringLiteral("1234"));
+    EXPECT_EQ(page->findChildren<QCheckBox*>().size(), 1);
+    EXPECT_EQ(page->control<QLabel>("besideEditLabel"), nullptr);
 }
 
 struct WriteReplyCase {
@@ -345,6 +441,33 @@ TEST_F(ConfigPageTest, ShowingAgainRereadsOnlyWhereTheRulesSaySo) {
     const auto reading = makePage({.rereadsWhenShown = true});
     reading->updatePage();
     EXPECT_EQ(host.take()->kind, CP_KIND_READ);
+}
+
+// Two pages of fields only: in the middle of the upper part, and in a centred panel.
+class FormPage : public ConfigPage {
+public:
+    FormPage(Session& pageSession, bool centred) : ConfigPage(pageSession, kItem, {}, nullptr) {
+        const std::vector<Field> fields = {{.control = "onlyEdit", .labelId = 20013}};
+        centred ? buildCentredForm(fields) : static_cast<void>(buildForm(fields));
+        start();
+    }
+};
+
+TEST_F(ConfigPageTest, FormsKeepTheirPlaceWhenTheWindowGrows) {
+    FormPage upper(session, false);
+    FormPage centred(session, true);
+    for (const QSize size : {QSize(600, 500), QSize(900, 640)}) {
+        for (FormPage* page : {&upper, &centred}) {
+            page->resize(size);
+            page->show();
+        }
+        const auto* bottom = upper.findChild<QFrame*>(QStringLiteral("bottomPanel"));
+        EXPECT_EQ(bottom->geometry().bottom(), size.height() - 1);
+        const auto* panel = centred.findChild<QFrame*>(QStringLiteral("Panel1"));
+        EXPECT_EQ(panel->x(), (size.width() - panel->width()) / 2);
+        EXPECT_EQ(panel->y(), (size.height() - panel->height()) / 2);
+        EXPECT_TRUE(panel->isAncestorOf(centred.configBtn));
+    }
 }
 
 TEST_F(ConfigPageTest, ButtonsStayCentredBelowTheControls) {

@@ -2,9 +2,14 @@
 //
 // Tables, rows and item dialogs, on a list page made for it.
 #include "env/language_module.h"
-#include "pages/framework/list_page.h"
+#include "pages/framework/item_dialog.h"
+#include "pages/framework/port_list_page.h"
 #include "ui_test.h"
 
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QHeaderView>
 #include <QTimer>
 
 namespace onudesk {
@@ -22,24 +27,47 @@ std::string doubled(const std::string& value) {
 
 class SampleList : public ListPage {
 public:
-    SampleList(Session& pageSession, const ValueMap& modes, bool keyed)
-        : ListPage(pageSession, kItem, {},
-                   {{.titleId = 20013},
-                    {.titleId = 20014, .position = 0, .show = doubled, .isKey = keyed},
-                    {.titleId = 20015, .position = 1, .map = &modes},
-                    {.titleId = 20016, .position = 2, .hidden = true}},
-                   nullptr) {
+    SampleList(Session& pageSession, const ValueMap& modeMap, bool keyed)
+        : ListPage(pageSession, kItem, {}, nullptr), modes(modeMap) {
+        mainTable->setColumns({{.titleId = 20013},
+                               {.titleId = 3030, .position = 0, .show = doubled, .isKey = keyed},
+                               {.titleId = 20015, .position = 1, .map = &modes},
+                               {.titleId = 20016, .position = 2, .hidden = true},
+                               {.titleId = 20017, .show = doubled}});
         start();
     }
     void mainTableClick() override { clicks.push_back(mainTable->selectedRow()); }
-    void mainTableDblClick() override { doubleClicks.push_back(mainTable->selectedRow()); }
+    const ValueMap& modes;
     std::vector<int> clicks;
-    std::vector<int> doubleClicks;
+    std::vector<int> opened;
+
+protected:
+    void openRow(int row) override { opened.push_back(row); }
 };
+
+// Shows the key, a number that is written, and the mode.
+std::vector<Field> itemFields(const ValueMap& modes) {
+    return {{.control = "keyEdit", .labelId = 20013, .position = 0},
+            {.control = "numberEdit",
+             .labelId = 20014,
+             .position = 3,
+             .object = {"onuLlid"},
+             .check = numberIn(1, 9),
+             .written = Written::always},
+            {.control = "modeComb",
+             .labelId = 20015,
+             .kind = ControlKind::combo,
+             .position = 2,
+             .object = {"onuBatteryBackup"},
+             .codes = {&modes},
+             .written = Written::always}};
+}
 
 class SampleItem : public ItemDialog {
 public:
-    explicit SampleItem(ListPage& page) : ItemDialog(page, 11006) {}
+    SampleItem(SampleList& page, int row, bool refreshesPage = true)
+        : ItemDialog(page, {.fields = itemFields(page.modes), .refreshesPage = refreshesPage},
+                     row) {}
 };
 
 class ListPageTest : public test::UiTest {
@@ -81,7 +109,16 @@ TEST_F(ListPageTest, EveryReplyIsARowOfConvertedCells) {
     EXPECT_EQ(table.cell(1, 2), "") << "unknown codes show nothing";
     EXPECT_EQ(table.cell(1, 3), "");
     EXPECT_EQ(table.rowIndex(1), "8");
+    EXPECT_EQ(table.cell(1, 4), "88") << "the index as shown";
     EXPECT_EQ(table.cell(5, 0), "");
+}
+
+TEST_F(ListPageTest, ColumnsAreAsWideAsTheirTitles) {
+    const auto page = makeList();
+    const QHeaderView& header = *page->mainTable->horizontalHeader();
+    ASSERT_GT(header.sectionSizeHint(1), header.defaultSectionSize());
+    EXPECT_EQ(page->mainTable->columnWidth(1), header.sectionSizeHint(1));
+    EXPECT_EQ(page->mainTable->columnWidth(0), header.defaultSectionSize());
 }
 
 TEST_F(ListPageTest, AKnownKeyReplacesItsRow) {
@@ -110,6 +147,60 @@ TEST_F(ListPageTest, RefreshEmptiesAndTheRememberedRowIsSelectedAgain) {
     EXPECT_EQ(page->mainTable->selectedRow(), -1);
     row("8", {"b", "1"});
     EXPECT_EQ(page->mainTable->selectedRow(), 1);
+    page->mainTable->selectRow(0);
+    row("8", {"c", "1"});
+    EXPECT_EQ(page->mainTable->selectedRow(), 1);
+}
+
+// Whether a widget is painted, and whether it would be.
+class PaintCount : public QObject {
+public:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return QObject::eventFilter(watched, event);
+    }
+    int count = 0;
+};
+
+TEST_F(ListPageTest, AFloodOfRowsBelowTheVisibleOnesIsPaintedOnce) {
+    const auto page = makeList();
+    RowTable& table = *page->mainTable;
+    PaintCount paints;
+    table.viewport()->installEventFilter(&paints);
+    row("1", {"a", "1"});
+    QCoreApplication::processEvents();
+    EXPECT_GT(paints.count, 0);
+    for (int index = 2; index <= 100; ++index) {
+        row(std::to_string(index), {"a", "1"});
+    }
+    paints.count = 0;
+    row("101", {"a", "1"});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(paints.count, 0);
+    ASSERT_TRUE(QMetaObject::invokeMethod(table.findChild<QTimer*>(QStringLiteral("PaintTimer")),
+                                          "timeout"));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(paints.count, 1);
+    row("102", {"a", "1"});
+    page->refreshBtnClick();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(paints.count, 2) << "an emptied table is shown at once";
+    host.take();
+}
+
+TEST_F(ListPageTest, RowsOfOtherOrderFindNoRowsOfTheReadBefore) {
+    const auto page = makeList();
+    for (const char* index : {"7", "8", "9"}) {
+        row(index, {index, "1"});
+    }
+    page->refreshBtnClick();
+    host.take();
+    for (const char* index : {"9", "8", "8"}) {
+        row(index, {index, "1"});
+    }
+    ASSERT_EQ(page->mainTable->rowCount(), 2);
+    EXPECT_EQ(page->mainTable->rowIndex(0), "9");
+    EXPECT_EQ(page->mainTable->rowIndex(1), "8");
 }
 
 TEST_F(ListPageTest, ClicksBesideTheRowsSelectNothing) {
@@ -124,8 +215,28 @@ TEST_F(ListPageTest, ClicksBesideTheRowsSelectNothing) {
     test::clickAt(view, beside);
     EXPECT_EQ(page->clicks, (std::vector<int>{0, -1}));
     test::doubleClickAt(view, onRow);
+    EXPECT_EQ(page->opened, std::vector<int>{0});
     test::doubleClickAt(view, beside);
-    EXPECT_EQ(page->doubleClicks, (std::vector<int>{0, -1}));
+    EXPECT_EQ(page->opened, std::vector<int>{0});
+    EXPECT_EQ(desk.takeBox().text, messageText(11204));
+}
+
+TEST_F(ListPageTest, DoubleClicksDoNothingWhileConfigIsDisabled) {
+    const auto page = makeList();
+    row("7", {"a", "1"});
+    RowTable& table = *page->mainTable;
+    page->configBtn->setEnabled(false);
+    test::doubleClickAt(*table.viewport(), table.visualRect(table.model()->index(0, 0)).center());
+    EXPECT_TRUE(page->opened.empty());
+}
+
+TEST_F(ListPageTest, DialogsChooseByCodeEvenWhereTextsAreMissing) {
+    ValueMap nameless({{"", "1"}, {"", "2"}});
+    SampleList page(session, nameless, false);
+    registerReadRoute(session, kItem, page.replyHandle());
+    row("7", {"a", "2", "5"});
+    const SampleItem dialog(page, 0);
+    EXPECT_EQ(selectedCode(*dialog.findChild<QComboBox*>()), "2");
 }
 
 TEST_F(ListPageTest, ActionsThatNeedARowSaySo) {
@@ -137,11 +248,25 @@ TEST_F(ListPageTest, ActionsThatNeedARowSaySo) {
     EXPECT_EQ(page->requireRow(), 0);
 }
 
+TEST_F(ListPageTest, ConfigRemembersTheRowItOpens) {
+    const auto page = makeList();
+    row("7", {"a", "1"});
+    row("8", {"b", "1"});
+    page->mainTable->selectRow(1);
+    test::click(*page->configBtn);
+    EXPECT_EQ(page->opened, std::vector<int>{1});
+    page->refreshBtnClick();
+    host.take();
+    row("7", {"a", "1"});
+    row("8", {"b", "1"});
+    EXPECT_EQ(page->mainTable->selectedRow(), 1);
+}
+
 TEST_F(ListPageTest, DialogsAreClosedByCancelOrPanelAndMakeThePageReadAgain) {
     const auto page = makeList();
     for (const bool byPanel : {false, true}) {
         row("7", {"a", "1"});
-        SampleItem dialog(*page);
+        SampleItem dialog(*page, -1);
         EXPECT_EQ(bytesOf(dialog.TitlePanel->TitleLabel->text()), messageText(11006));
         EXPECT_EQ(dialog.TitlePanel->ClosePanel->palette().color(QPalette::Window),
                   QColor(131, 180, 228));
@@ -158,35 +283,51 @@ TEST_F(ListPageTest, DialogsAreClosedByCancelOrPanelAndMakeThePageReadAgain) {
     }
 }
 
-class QuietItem : public SampleItem {
-public:
-    using SampleItem::SampleItem;
-
-protected:
-    void FormClose() override {} // closing does not read again
-};
-
-TEST_F(ListPageTest, CancelEmptiesTheTableItselfAndOkDoesNot) {
+TEST_F(ListPageTest, DialogsThatDoNotMakeThePageReadLeaveItAlone) {
     const auto page = makeList();
-    row("7", {"a", "1"});
-    QuietItem accepted(*page);
+    row("7", {"a", "1", "5"});
+    SampleItem accepted(*page, 0, false);
     QTimer::singleShot(0, &accepted, [&] { test::click(*accepted.okBtn); });
     EXPECT_EQ(accepted.exec(), QDialog::Accepted);
     EXPECT_EQ(page->mainTable->rowCount(), 1);
-    QuietItem cancelled(*page);
-    QTimer::singleShot(0, &cancelled, [&] { test::click(*cancelled.cancelBtn); });
+    EXPECT_EQ(host.take()->kind, CP_KIND_WRITE);
+    SampleItem cancelled(*page, 0, false);
+    QTimer::singleShot(0, &cancelled, [&] { test::key(cancelled, Qt::Key_Escape); });
     EXPECT_EQ(cancelled.exec(), QDialog::Rejected);
-    EXPECT_EQ(page->mainTable->rowCount(), 0);
+    EXPECT_EQ(page->mainTable->rowCount(), 1);
     EXPECT_EQ(host.pending(), 0U);
 }
 
-TEST_F(ListPageTest, OkReadsOnce) {
+TEST_F(ListPageTest, OkChecksThenWritesTheRowForThePageAndReadsOnce) {
     const auto page = makeList();
-    SampleItem dialog(*page);
-    QTimer::singleShot(0, &dialog, [&] { test::click(*dialog.okBtn); });
+    row("7", {"a", "1", "10"});
+    SampleItem dialog(*page, 0);
+    EXPECT_EQ(dialog.findChild<QComboBox*>()->currentText(), QStringLiteral("slow"));
+    QTimer::singleShot(0, &dialog, [&] {
+        test::click(*dialog.okBtn);
+        EXPECT_EQ(desk.takeBox().text, fillPlaces(messageText(11068), {"1", "9"}));
+        EXPECT_TRUE(dialog.isVisible());
+        auto* number = dialog.findChild<QLineEdit*>(QStringLiteral("numberEdit"));
+        number->setText(QStringLiteral("9"));
+        test::click(*dialog.okBtn);
+    });
     EXPECT_EQ(dialog.exec(), QDialog::Accepted);
-    EXPECT_EQ(host.pending(), 1U);
-    host.take();
+    const auto written = host.take();
+    ASSERT_EQ(written->bindings.size(), 2U);
+    EXPECT_EQ(written->bindings[0].oid, "1.3.6.1.4.1.27315.606.1.1.2.1.2.5.7");
+    EXPECT_EQ(written->bindings[0].value, "9");
+    EXPECT_EQ(written->bindings[1].value, "1");
+    EXPECT_EQ(host.routedWindow(CP_KIND_WRITE, kItem), page->replyHandle());
+    EXPECT_EQ(host.take()->kind, CP_KIND_READ) << "closing reads again";
+    EXPECT_EQ(host.pending(), 0U);
+}
+
+TEST_F(ListPageTest, RowsOfUnknownTextsLeaveTheDialogsSelectionAlone) {
+    const auto page = makeList();
+    row("7", {"a", "9", "5"});
+    const SampleItem dialog(*page, 0);
+    EXPECT_EQ(dialog.findChild<QComboBox*>()->currentIndex(), -1);
+    EXPECT_EQ(dialog.findChild<QComboBox*>()->count(), 1);
 }
 
 TEST_F(ListPageTest, RawKeysAndCellsStayWhole) {
@@ -197,6 +338,172 @@ TEST_F(ListPageTest, RawKeysAndCellsStayWhole) {
     ASSERT_TRUE(host.replyRead(kItem, {.values = Texts{"b"}, .status = 1}));
     ASSERT_TRUE(host.replyRead(kItem, {.values = Texts{"c"}, .status = 1}));
     EXPECT_EQ(page->mainTable->rowCount(), 3) << "replies without row index have no key";
+}
+
+TEST_F(ListPageTest, ColumnsGrowWithTheirTexts) {
+    const auto page = makeList();
+    const RowTable& table = *page->mainTable;
+    const int before = table.columnWidth(0);
+    row(std::string(20, '7'), {"a", "1"});
+    const int grown = table.columnWidth(0);
+    EXPECT_GT(grown, before);
+    row("7", {"a", "1"});
+    EXPECT_EQ(table.columnWidth(0), grown);
+    row(std::string(1000, '8'), {"a", "1"});
+    EXPECT_LT(table.columnWidth(0), page->width());
+}
+
+// A check box that only writes, and what stands in the box below it.
+std::vector<Field> tickFields() {
+    Field ticked = constant({"onuBatteryBackup"}, "1");
+    ticked.labelId = 20014;
+    ticked.tick = {"onlyBox"};
+    return {{.control = "keyEdit", .labelId = 20013, .position = 0}, ticked};
+}
+
+std::vector<Field> boxFields() {
+    return {{.control = "macEdit",
+             .labelId = 20014,
+             .kind = ControlKind::mac,
+             .position = 3,
+             .object = {"onuBindMac"},
+             .check = macAddress(),
+             .written = Written::always},
+            {.control = "typeEdit",
+             .labelId = 20015,
+             .object = {"onuLlid"},
+             .check = hexIn(0, 0xFFFF, EmptyText::takesFocus),
+             .written = Written::always}};
+}
+
+class GroupItem : public ItemDialog {
+public:
+    explicit GroupItem(SampleList& page)
+        : ItemDialog(page, {.fields = tickFields(), .groups = {{"moreGroup", 20016, boxFields()}}},
+                     0) {}
+    template <typename Control>
+    Control& control(const char* name) {
+        return *findChild<Control*>(QString::fromLatin1(name));
+    }
+};
+
+TEST_F(ListPageTest, FieldsOfBoxesAreShownCheckedAndWrittenBehindTheOthers) {
+    const auto page = makeList();
+    row("7", {"a", "1", "00:1A:00:00:00:0F"});
+    GroupItem dialog(*page);
+    auto& mac = dialog.control<QLineEdit>("macEdit");
+    auto& type = dialog.control<QLineEdit>("typeEdit");
+    auto& only = dialog.control<QCheckBox>("onlyBox");
+    EXPECT_EQ(maskedText(mac), "00:1A:00:00:00:0F");
+    EXPECT_EQ(type.nextInFocusChain(), dialog.okBtn) << "the buttons come last";
+    QTimer::singleShot(0, &dialog, [&] {
+        struct Case {
+            const char* mac;
+            const char* type;
+            int refusal; // 0: only the focus moves
+            QLineEdit& focus;
+        };
+        for (const Case& bad :
+             {Case{"00:1g:00:00:00:00", "1", 3036, mac}, Case{"  :  :  :  :  :  ", "1", 3029, mac},
+              Case{"02:00:00:00:00:01", "", 0, type},
+              Case{"02:00:00:00:00:01", "10000", 11068, type}}) {
+            setControlText(mac, bad.mac);
+            setControlText(type, bad.type);
+            test::click(*dialog.okBtn);
+            const auto boxes = desk.takeBoxes();
+            ASSERT_EQ(boxes.size(), bad.refusal == 0 ? 0U : 1U) << bad.mac;
+            if (bad.refusal != 0) {
+                EXPECT_EQ(boxes[0].text, fillPlaces(messageText(bad.refusal), {"0", "65535"}));
+                EXPECT_EQ(boxes[0].icon, platform::PromptIcon::warning);
+            }
+            EXPECT_EQ(dialog.focusWidget(), &bad.focus) << bad.mac;
+        }
+        setControlText(mac, "2 :00:00:00:00:f1");
+        setControlText(type, "0800");
+        test::click(*dialog.okBtn);
+    });
+    EXPECT_EQ(dialog.exec(), QDialog::Accepted);
+    EXPECT_EQ(takeWrite(), (Texts{"onuBindMac@1.2.5.7=#2000000000F1", "onuLlid@1.2.5.7=2048"}));
+    only.setChecked(true);
+    takeRead();
+    test::click(*dialog.okBtn);
+    EXPECT_EQ(takeWrite().at(0), "onuBatteryBackup@1.2.5.7=1");
+}
+
+class SamplePorts : public PortListPage {
+public:
+    SamplePorts(Session& pageSession, bool offersAll)
+        : PortListPage(pageSession, kItem, {}, {.countPosition = 1, .offersAll = offersAll},
+                       nullptr) {
+        mainTable->setColumns({{.titleId = 20013}, {.titleId = 20014, .position = 0}});
+        start();
+    }
+    Texts ports() const {
+        Texts texts;
+        for (int at = 0; at < portComb->count(); ++at) {
+            texts.push_back(bytesOf(portComb->itemText(at)));
+        }
+        return texts;
+    }
+};
+
+class PortListPageTest : public ListPageTest {
+protected:
+    std::unique_ptr<SamplePorts> makePorts(bool offersAll) {
+        auto page = std::make_unique<SamplePorts>(session, offersAll);
+        registerReadRoute(session, kItem, page->replyHandle());
+        return page;
+    }
+    // As the operator does.
+    static void choose(SamplePorts& page, int at) {
+        page.portComb->setCurrentIndex(at);
+        Q_EMIT page.portComb->activated(at);
+    }
+};
+
+TEST_F(PortListPageTest, TheFirstCountFillsThePortsAndReadsNothing) {
+    const auto page = makePorts(true);
+    for (const char* none : {"0", "", "-1", "many"}) {
+        row("7", {"a", none});
+        EXPECT_EQ(page->ports(), Texts()) << none;
+        EXPECT_EQ(page->port(), "");
+    }
+    row("7", {"a", "2"});
+    EXPECT_EQ(page->ports(), (Texts{"1", "2", "all"}));
+    EXPECT_EQ(page->port(), "1");
+    row("8", {"a", "5"});
+    EXPECT_EQ(page->ports().size(), 3U) << "only an empty box is filled";
+    EXPECT_EQ(host.pending(), 0U);
+    const auto plain = makePorts(false);
+    row("7", {"a", "4294967295"});
+    EXPECT_EQ(plain->ports().size(), 255U);
+    EXPECT_EQ(plain->ports().back(), "255");
+}
+
+TEST_F(PortListPageTest, EveryRefreshReadsThePortThatIsChosen) {
+    const auto page = makePorts(true);
+    page->refreshBtnClick();
+    EXPECT_EQ(takeRead(), ".1.2.5.") << "nothing is chosen yet";
+    row("7", {"a", "3"});
+    page->mainTable->rememberRow(0);
+    choose(*page, 2);
+    EXPECT_EQ(takeRead(), ".1.2.5.3");
+    EXPECT_EQ(page->mainTable->rowCount(), 0);
+    EXPECT_FALSE(page->refreshBtn->isEnabled());
+    choose(*page, 3);
+    EXPECT_EQ(takeRead(), ".1.2.5.1") << "for all";
+    EXPECT_TRUE(page->showsAllPorts());
+    EXPECT_EQ(page->port(), "1");
+    page->portComb->setCurrentIndex(1); // by the program
+    EXPECT_EQ(host.pending(), 0U);
+    page->refreshBtnClick();
+    EXPECT_EQ(takeRead(), ".1.2.5.2");
+}
+
+TEST_F(PortListPageTest, ThePortsComeBeforeTheTableInTheOrderOfTabs) {
+    const auto page = makePorts(false);
+    EXPECT_EQ(page->portComb->nextInFocusChain(), page->mainTable);
+    EXPECT_EQ(page->portComb->accessibleName(), QStringLiteral("Port No"));
 }
 
 } // namespace

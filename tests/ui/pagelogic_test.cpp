@@ -40,6 +40,15 @@ TEST(ValueMaps, WithoutTextsKeepTheirCodes) {
     EXPECT_EQ(map.textOf("1"), "");
 }
 
+TEST(ValueMaps, OfNumbersKeepTheirOrder) {
+    const ValueMap map = ValueMap::numbers(8, 10);
+    ASSERT_EQ(map.pairs().size(), 3U);
+    EXPECT_EQ(map.pairs()[0].text, "8");
+    EXPECT_EQ(map.pairs()[2].value, "10");
+    EXPECT_EQ(map.translate("10"), "10");
+    EXPECT_EQ(map.textOf("11"), "");
+}
+
 TEST(RangeCheck, IsInclusiveReadsLeadingDigitsAndRefusesTheRest) {
     struct Case {
         const char* text;
@@ -141,22 +150,26 @@ std::optional<CheckFailure> onlyX(std::string_view text) {
 }
 
 TEST(FieldChecks, ApplyToWhatWouldBeWrittenOnly) {
-    const FieldCheck range{.range = FieldCheck::Range{1, 9}};
     struct Case {
         Written written;
         bool enabled;
         bool ticked;
+        bool isSent;
         bool checked;
     };
     const Case cases[] = {
-        {Written::always, true, false, true},       {Written::always, false, true, false},
-        {Written::whileEnabled, true, false, true}, {Written::whileEnabled, false, true, false},
-        {Written::whileTicked, true, true, true},   {Written::whileTicked, true, false, false},
-        {Written::never, true, true, false},
+        {Written::always, true, true, true, true},
+        {Written::always, false, true, true, false},
+        {Written::always, true, false, false, false},
+        {Written::whileEnabled, true, true, true, true},
+        {Written::whileEnabled, false, true, false, false},
+        {Written::whileEnabled, true, false, false, false},
+        {Written::never, true, true, false, false},
     };
     for (const Case& expected : cases) {
-        const Field field{.control = "edit", .check = range, .written = expected.written};
+        const Field field{.control = "edit", .check = numberIn(1, 9), .written = expected.written};
         const FieldState state{"0", {}, expected.enabled, expected.ticked};
+        EXPECT_EQ(isWritten(field, state), expected.isSent);
         EXPECT_EQ(checkField(field, state).has_value(), expected.checked);
     }
 }
@@ -171,6 +184,11 @@ TEST(FieldChecks, EmptyTextComesBeforeRangeAndFunction) {
     EXPECT_EQ(checkField(field, empty)->textId, 0);
     field.check->empty = EmptyText::passes;
     EXPECT_FALSE(checkField(field, empty));
+    field.check->empty = EmptyText::blankTakesFocus;
+    EXPECT_EQ(checkField(field, empty)->textId, 0);
+    EXPECT_EQ(checkField(field, {"  ", {}})->textId, 0);
+    field.check->empty = EmptyText::takesFocus;
+    EXPECT_EQ(checkField(field, {"  ", {}})->textId, 11068);
     EXPECT_EQ(checkField(field, {"99", {}})->textId, 11068);
     EXPECT_EQ(checkField(field, {"5", {}})->textId, 1);
     field.check->range.reset();
@@ -183,13 +201,15 @@ TEST(FieldTexts, ShowByPositionThroughMapOrFunction) {
     map.complete();
     ReadResult result;
     result.values = {"1", "2", std::string("a\0b", 3)};
-    EXPECT_EQ(shownText({.control = "a", .position = 0, .map = &map}, result), "on");
-    EXPECT_EQ(shownText({.control = "a", .position = 1, .map = &map}, result), "");
+    EXPECT_EQ(shownText({.control = "a", .position = 0, .codes = {&map}}, result), "on");
+    EXPECT_EQ(shownText({.control = "a", .position = 1, .codes = {&map}}, result), "");
     EXPECT_EQ(shownText({.control = "a", .position = 2}, result), "a");
     EXPECT_EQ(shownText({.control = "a", .position = 3}, result), std::nullopt);
     EXPECT_EQ(shownText({.control = "a"}, result), std::nullopt);
-    EXPECT_EQ(writtenValue({.control = "a", .map = &map}, {"on", "1"}), "1");
+    EXPECT_EQ(writtenValue({.control = "a", .codes = {&map}}, {"on", "1"}), "1");
+    EXPECT_EQ(writtenValue({.control = "a", .codes = {&map}}, {"", {}}), "");
     EXPECT_EQ(writtenValue({.control = "a"}, {"text", {}}), "text");
+    EXPECT_EQ(writtenValue(constant({"row"}, "4"), {}), "4");
 }
 
 } // namespace

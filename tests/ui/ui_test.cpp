@@ -4,6 +4,9 @@
 #include "env/client_paths.h"
 #include "env/language_module.h"
 #include "platform/window_messages.h"
+#include "snmp/object_catalogue.h"
+
+#include <algorithm>
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -90,6 +93,54 @@ void elapse(const QObject& page) {
     ASSERT_NE(timer, nullptr);
     ASSERT_TRUE(timer->isActive());
     QMetaObject::invokeMethod(timer, "timeout", Qt::DirectConnection);
+}
+
+namespace {
+
+std::string readable(const std::string& value) {
+    const bool text = std::ranges::all_of(value, [](char c) { return ' ' <= c && c <= '~'; });
+    if (text) {
+        return value;
+    }
+    const QByteArray digits = QByteArray::fromStdString(value).toHex().toUpper();
+    return "#" + digits.toStdString();
+}
+
+// What follows the object's own OID.
+std::string instanceOf(const Binding& binding, const ObjectCatalogue& catalogue) {
+    for (const auto& [name, group] : catalogue) {
+        const auto object = group.find(binding.name);
+        if (object != group.end() && binding.oid.starts_with(object->second.oidstr + ".")) {
+            return binding.oid.substr(object->second.oidstr.size() + 1);
+        }
+    }
+    return "?";
+}
+
+} // namespace
+
+std::vector<std::string> UiTest::takeWrite() {
+    const auto posted = host.take();
+    if (!posted || posted->kind != CP_KIND_WRITE) {
+        ADD_FAILURE() << "no write was posted";
+        return {};
+    }
+    const ObjectCatalogue catalogue = loadCatalogue(posted->itemType);
+    std::vector<std::string> lines;
+    for (const Binding& binding : posted->bindings) {
+        lines.push_back(binding.name + "@" + instanceOf(binding, catalogue) + "=" +
+                        readable(binding.value));
+    }
+    return lines;
+}
+
+std::string UiTest::takeRead() {
+    const auto posted = host.take();
+    if (!posted || posted->kind != CP_KIND_READ) {
+        ADD_FAILURE() << "no read was posted";
+        return {};
+    }
+    return posted->suffix.value_or("none");
 }
 
 } // namespace onudesk::test

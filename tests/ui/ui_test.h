@@ -8,6 +8,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <QPoint>
 #include <QWidget>
@@ -25,6 +26,12 @@ protected:
     TestHost host;
     TestDesk desk;
     Session session = host.session();
+
+    // The bindings of the oldest request not yet taken, which must be a write: "onuName@1.2.5=Lab",
+    // values that are no printable text as "#001A".
+    [[nodiscard]] std::vector<std::string> takeWrite();
+    // Takes the oldest request, which must be a read, and returns its instance suffix.
+    std::string takeRead();
 
 private:
     ClientTree tree_;

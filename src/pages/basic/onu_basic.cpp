@@ -4,8 +4,6 @@
 #include "env/language_module.h"
 #include "pages/framework/form_grid.h"
 
-#include <algorithm>
-#include <iterator>
 #include <optional>
 #include <utility>
 
@@ -16,10 +14,8 @@ namespace onudesk {
 
 namespace {
 
-constexpr const char* kGroup = "maintable";
 constexpr const char* kNoMac = "00:00:00:00:00:00";
 constexpr int kNameBytes = 32;
-constexpr std::size_t kMacBytes = 6;
 
 constexpr int kBindRefused = 3026;
 constexpr int kBadMac = 3028;
@@ -37,7 +33,7 @@ constexpr const char* kNotInService = "2";
 constexpr const char* kNotReady = "3";
 
 PageRules basicRules() {
-    return {.minimumValues = kLeastValues, .helpKeyId = 6204};
+    return {.helpKeyId = 6204, .minimumValues = kLeastValues};
 }
 
 std::string portBitmap(const std::string& value) {
@@ -64,7 +60,7 @@ std::vector<Field> capabilityFields(const ValueMap& supported) {
         {.control = "queUSEdit", .labelId = 20025, .position = 12},
         {.control = "numDSEdit", .labelId = 20026, .position = 13},
         {.control = "queDSEdit", .labelId = 20027, .position = 14},
-        {.control = "batteryEdit", .labelId = 20028, .position = 15, .map = &supported},
+        {.control = "batteryEdit", .labelId = 20028, .position = 15, .codes = {&supported}},
     };
 }
 
@@ -84,26 +80,19 @@ std::string decodedName(const std::string& value, std::optional<std::uint32_t> l
 } // namespace
 
 TOnuBasic::TOnuBasic(Session& session, std::int32_t itemType, QWidget* parent)
-    : ConfigPage(session, itemType, basicRules(), parent) {
-    setObjectName(QStringLiteral("TOnuBasic"));
-    supported_.addPair(messageText(11044), "0");
-    supported_.addPair(messageText(11043), "1");
-    supported_.complete();
-
+    : ConfigPage(session, itemType, basicRules(), parent),
+      supported_({{messageText(message::no), "0"}, {messageText(message::yes), "1"}}) {
     auto* identity = new QGroupBox(listPanel);
     buildIdentity(*identity);
     auto* capabilities = new QGroupBox(listPanel);
     capabilities->setObjectName(QStringLiteral("capabilityGroup"));
     setCaption(*capabilities, 20016);
-    FormGrid(*capabilities, 2).add(capabilityFields(supported_));
+    FormGrid form(*capabilities, 2);
+    fields().add(form, capabilityFields(supported_));
     auto* column = new QVBoxLayout(listPanel);
     column->addWidget(identity);
     column->addWidget(capabilities);
     column->addStretch();
-
-    std::vector<Field> fields = identityFields();
-    std::ranges::move(capabilityFields(supported_), std::back_inserter(fields));
-    setFields(std::move(fields));
     start({nameBtn, macBtn}, {macBtn});
 }
 
@@ -112,7 +101,7 @@ void TOnuBasic::buildIdentity(QWidget& group) {
     llidEdt = form.edit("llidEdt", 20010);
     llidEdt->setReadOnly(true);
     llidEdt->setEnabled(false);
-    form.add(identityFields());
+    fields().add(form, identityFields());
     authValidComb = form.combo("authValidComb", 20015);
     fillCombo(*authValidComb, supported_);
     authValidComb->setCurrentIndex(0);
@@ -121,12 +110,12 @@ void TOnuBasic::buildIdentity(QWidget& group) {
     authValidLabel->hide();
     nameEdit = form.edit("nameEdit", 20013);
     limitTyping(*nameEdit, kNameBytes);
-    nameBtn = makeButton(&group, "nameBtn", 20004, [this] { nameBtnClick(); });
+    nameBtn = makeButton(&group, "nameBtn", message::remove, [this] { nameBtnClick(); });
     form.beside(*nameBtn);
     form.newRow();
     macEdit = form.edit("macEdit", 20014);
-    macEdit->setInputMask(QStringLiteral("nn:nn:nn:nn:nn:nn;_"));
-    macBtn = makeButton(&group, "macBtn", 20004, [this] { macBtnClick(); });
+    maskMac(*macEdit);
+    macBtn = makeButton(&group, "macBtn", message::remove, [this] { macBtnClick(); });
     form.beside(*macBtn);
 }
 
@@ -172,34 +161,36 @@ void TOnuBasic::refusePendingBind(const ReadResult& result) {
     }
 }
 
-void TOnuBasic::configBtnClick() {
-    std::string mac;
-    if (macEdit->isEnabled() && !bindPending_) {
-        MacCheck check = checkMac(maskedText(*macEdit), kBadMac, platform::PromptIcon::none);
-        if (check.failure) {
-            refuse(*check.failure, macEdit);
-            return;
-        }
-        mac = std::move(check.address);
+bool TOnuBasic::bindsAddress() const {
+    return macEdit->isEnabled() && !bindPending_;
+}
+
+bool TOnuBasic::mayWrite() {
+    if (!bindsAddress()) {
+        return true;
     }
-    CodeParaPtr request = beginWrite();
-    if (!request) {
+    const MacCheck check = checkMac(maskedText(*macEdit), kBadMac, platform::PromptIcon::none);
+    if (check.failure) {
+        refuse(*check.failure, macEdit);
+    }
+    return !check.failure;
+}
+
+void TOnuBasic::bindWrite(WriteRequest& request) {
+    const std::string& onu = session().OnuIndexText;
+    if (bindPending_) {
+        request.bind({"MacRowStatus"}, "4", onu);
         return;
     }
-    if (bindPending_) {
-        bind(*request, kGroup, "MacRowStatus", "4", session().OnuIndexText);
-    } else {
-        if (macEdit->isEnabled()) {
-            bind(*request, kGroup, "onuBindMac", bytesOfHex(mac), session().OnuIndexText,
-                 kMacBytes);
-        }
-        if (nameEdit->isEnabled()) {
-            bind(*request, kGroup, "onuName", stateOf(*nameEdit).text, session().OnuIndexText);
-        }
+    if (bindsAddress()) {
+        const std::string mac = checkMac(maskedText(*macEdit), kBadMac, {}).address;
+        request.bind({"onuBindMac"}, bytesOfHex(mac), onu, kMacBytes);
     }
-    finishWrite(std::move(request));
+    if (nameEdit->isEnabled()) {
+        request.bind({"onuName"}, stateOf(*nameEdit).text, onu);
+    }
     // From now on Config activates the binding row; only a refusal by the ONU takes that back.
-    bindPending_ = bindPending_ || macEdit->isEnabled();
+    bindPending_ = macEdit->isEnabled();
 }
 
 void TOnuBasic::nameBtnClick() {
@@ -208,7 +199,7 @@ void TOnuBasic::nameBtnClick() {
 
 void TOnuBasic::macBtnClick() {
     if (maskedText(*macEdit) == kNoMac) {
-        refuse({kNothingBound, {}, message::macCaption, platform::PromptIcon::none}, nullptr);
+        refuse({kNothingBound, {}, message::errorCaption, platform::PromptIcon::none}, nullptr);
         return;
     }
     if (writeOne("MacRowStatus", "6")) {
@@ -217,11 +208,11 @@ void TOnuBasic::macBtnClick() {
 }
 
 bool TOnuBasic::writeOne(const char* object, const std::string& value) {
-    CodeParaPtr request = beginWrite();
+    WriteRequest request = beginWrite();
     if (!request) {
         return false;
     }
-    bind(*request, kGroup, object, value, session().OnuIndexText);
+    request.bind({object}, value, session().OnuIndexText);
     finishWrite(std::move(request));
     return true;
 }

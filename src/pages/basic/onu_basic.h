@@ -31,7 +31,8 @@ public:
     void macBtnClick();
 
 protected:
-    void configBtnClick() override;
+    bool mayWrite() override;
+    void bindWrite(WriteRequest& request) override;
     void fillPage(const ReadResult& result) override;
 
 private:
@@ -39,10 +40,12 @@ private:
     void showMac(const ReadResult& result);
     void showName(const ReadResult& result);
     void refusePendingBind(const ReadResult& result);
+    // Whether Config sends the address, and does not only activate it.
+    [[nodiscard]] bool bindsAddress() const;
     // False when the write could not be made.
     bool writeOne(const char* object, const std::string& value);
 
-    ValueMap supported_;
+    const ValueMap supported_;
     bool bindPending_ = false;
 };
 

@@ -17,6 +17,18 @@ constexpr std::size_t kShortestQuad = 7;
 constexpr std::size_t kLongestQuad = 15;
 constexpr int kLongestQuadGroup = 3;
 
+// Takes blanks, an optional sign and digits off the front of the text.
+template <typename Number>
+bool readNumber(std::string_view& text, Number& value, int base) {
+    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+    if (text.starts_with('+') && !text.substr(1).starts_with('-')) {
+        text.remove_prefix(1);
+    }
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, base);
+    text.remove_prefix(static_cast<std::size_t>(end - text.data()));
+    return error == std::errc();
+}
+
 char lowerCase(char c) {
     return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
 }
@@ -24,13 +36,13 @@ char lowerCase(char c) {
 } // namespace
 
 std::optional<std::int64_t> leadingNumber(std::string_view text, int base) {
-    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
-    if (text.starts_with('+') && !text.substr(1).starts_with('-')) {
-        text.remove_prefix(1);
-    }
     std::int64_t value = 0;
-    const auto parsed = std::from_chars(text.data(), text.data() + text.size(), value, base);
-    return parsed.ec == std::errc() ? std::optional(value) : std::nullopt;
+    return readNumber(text, value, base) ? std::optional(value) : std::nullopt;
+}
+
+std::optional<std::int32_t> wholeNumber(std::string_view text) {
+    std::int32_t value = 0;
+    return readNumber(text, value, 10) && text.empty() ? std::optional(value) : std::nullopt;
 }
 
 std::optional<CheckFailure> checkRange(std::string_view text, std::int64_t minimum,
@@ -58,13 +70,13 @@ MacCheck checkMac(std::string_view text, int badCharacterId, platform::PromptIco
         const bool separator = at % 3 == 2;
         const char c = lowerCase(text[at]);
         if (!separator && c != ' ' && kHexDigits.find(c) == std::string_view::npos) {
-            check.failure = CheckFailure{badCharacterId, {}, message::macCaption, icon};
+            check.failure = CheckFailure{badCharacterId, {}, message::errorCaption, icon};
             return check;
         }
         check.address += !separator && c == ' ' ? '0' : c;
     }
     if (check.address == "00:00:00:00:00:00") {
-        check.failure = CheckFailure{message::macAllZero, {}, message::macCaption, icon};
+        check.failure = CheckFailure{message::allZeroMac, {}, message::errorCaption, icon};
     }
     return check;
 }
@@ -103,6 +115,10 @@ std::string hexOfDecimal(std::string_view decimal, int width) {
     std::snprintf(text.data(), text.size(), "%0*X", width,
                   static_cast<std::uint32_t>(leadingNumber(decimal).value_or(0)));
     return text.data();
+}
+
+std::string decimalOf(std::string_view text, int base) {
+    return std::to_string(leadingNumber(text, base).value_or(0));
 }
 
 } // namespace onudesk

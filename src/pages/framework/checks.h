@@ -4,8 +4,10 @@
 // layer tells it and moves the focus.
 #pragma once
 
+#include "env/message_ids.h"
 #include "platform/prompter.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -13,18 +15,6 @@
 #include <vector>
 
 namespace onudesk {
-
-namespace message {
-inline constexpr int macCaption = 113;
-inline constexpr int macAllZero = 3029;
-inline constexpr int refusalCaption = 11054;
-inline constexpr int deleteQuestion = 11057;
-inline constexpr int deleteCaption = 11058;
-inline constexpr int outOfRange = 11068;
-inline constexpr int badDottedQuad = 11069;
-inline constexpr int noRowSelected = 11204;
-inline constexpr int notANumber = 20029;
-} // namespace message
 
 // A refusal in message ids. Without textId nothing is said and only the focus moves.
 struct CheckFailure {
@@ -37,6 +27,9 @@ struct CheckFailure {
 // Leading blanks, an optional sign, then digits up to the first other character. Nothing when there
 // are no digits or the number needs more than 64 bits.
 [[nodiscard]] std::optional<std::int64_t> leadingNumber(std::string_view text, int base = 10);
+
+// A decimal number of 32 bits and nothing else but blanks before it.
+[[nodiscard]] std::optional<std::int32_t> wholeNumber(std::string_view text);
 
 // The number, inclusive bounds: message 11068 with minimum and maximum. A text without a number
 // fails.
@@ -58,6 +51,8 @@ struct MacCheck {
 [[nodiscard]] MacCheck checkMac(std::string_view text, int badCharacterId,
                                 platform::PromptIcon icon);
 
+inline constexpr std::size_t kMacBytes = 6;
+
 // The bytes that hexadecimal digits stand for; separators and an odd last digit are dropped.
 [[nodiscard]] std::string bytesOfHex(std::string_view digits);
 
@@ -67,5 +62,8 @@ struct MacCheck {
 // The decimal 32-bit number in upper-case hexadecimal with at least `width` digits; 0 when it is
 // none.
 [[nodiscard]] std::string hexOfDecimal(std::string_view decimal, int width);
+
+// The number at the front of the text, in decimal; 0 when there is none.
+[[nodiscard]] std::string decimalOf(std::string_view text, int base);
 
 } // namespace onudesk

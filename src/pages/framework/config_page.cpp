@@ -4,25 +4,18 @@
 #include "env/client_paths.h"
 #include "env/language_module.h"
 #include "onudesk/messages.h"
-#include "pages/framework/title_bar.h"
 #include "snmp/request.h"
 
-#include <algorithm>
 #include <utility>
 
-#include <QCheckBox>
-#include <QHBoxLayout>
+#include <QVBoxLayout>
 
 namespace onudesk {
 
 namespace {
 
 constexpr int kTimerMilliseconds = 4000;
-constexpr int kHelpFileId = 6201;
-constexpr int kConfigCaption = 20001;
-constexpr int kRefreshCaption = 20002;
-constexpr int kHelpCaption = 20003;
-const QColor kPageColour(232, 240, 247);
+constexpr int kFormWidth = 360;
 
 } // namespace
 
@@ -36,27 +29,22 @@ QPushButton* makeButton(QWidget* parent, const char* name, int captionId,
     return button;
 }
 
-void layoutPanels(const QWidget& frame, QWidget& listPanel, QWidget& bottomPanel, int areaWidth) {
-    const QSize bottom = bottomPanel.size();
-    listPanel.setGeometry(0, 0, frame.width(), frame.height() - bottom.height());
-    bottomPanel.move((areaWidth - bottom.width()) / 2, frame.height() - bottom.height());
-}
-
 ConfigPage::ConfigPage(Session& session, std::int32_t itemType, PageRules rules, QWidget* parent)
-    : QFrame(parent), Timer1(new QTimer(this)), listPanel(new QFrame(this)),
-      bottomPanel(new QFrame(this)), session_(session), itemType_(itemType),
+    : PageFrame(parent), Timer1(new QTimer(this)), session_(session), itemType_(itemType),
       rules_(std::move(rules)), catalogue_(loadCatalogue(itemType)), registration_(*this) {
-    paintPlain(*this, kPageColour);
-    listPanel->setObjectName(QStringLiteral("listPanel"));
-    bottomPanel->setObjectName(QStringLiteral("bottomPanel"));
-    configBtn = makeButton(bottomPanel, "configBtn", kConfigCaption, [this] { configBtnClick(); });
-    refreshBtn =
-        makeButton(bottomPanel, "refreshBtn", kRefreshCaption, [this] { refreshBtnClick(); });
-    helpBtn = makeButton(bottomPanel, "helpBtn", kHelpCaption, [this] { helpBtnClick(); });
-    auto* row = new QHBoxLayout(bottomPanel);
-    for (QPushButton* button : {configBtn, refreshBtn, helpBtn}) {
-        row->addWidget(button);
+    if (rules_.config.name != nullptr) {
+        configBtn = addRequestButton(rules_.config.name, rules_.config.captionId,
+                                     [this] { configBtnClick(); });
+        writeButtons_.push_back(configBtn);
     }
+    if (rules_.refresh.name != nullptr) {
+        refreshBtn = makeButton(bottomPanel, rules_.refresh.name, rules_.refresh.captionId,
+                                [this] { refreshBtnClick(); });
+        buttonRow().addWidget(refreshBtn);
+        writeButtons_.push_back(refreshBtn);
+    }
+    helpBtn = makeButton(bottomPanel, "helpBtn", message::help, [this] { helpBtnClick(); });
+    buttonRow().addWidget(helpBtn);
     Timer1->setObjectName(QStringLiteral("Timer1"));
     Timer1->setInterval(kTimerMilliseconds);
     connect(Timer1, &QTimer::timeout, this, &ConfigPage::Timer1Timer);
@@ -66,54 +54,40 @@ ConfigPage::~ConfigPage() {
     unregisterWindow(session_, replyHandle());
 }
 
-void ConfigPage::start(std::vector<QAbstractButton*> request, std::vector<QAbstractButton*> write) {
-    requestButtons_ = std::move(request);
-    requestButtons_.insert(requestButtons_.begin(), configBtn);
-    writeButtons_ = std::move(write);
-    writeButtons_.insert(writeButtons_.begin(), {configBtn, refreshBtn});
-    bottomPanel->adjustSize();
-    orderTabs();
+QPushButton* ConfigPage::addRequestButton(const char* name, int captionId,
+                                          std::function<void()> onClick) {
+    QPushButton* button = makeButton(bottomPanel, name, captionId, std::move(onClick));
+    buttonRow().insertWidget(static_cast<int>(requestButtons_.size()), button);
+    requestButtons_.push_back(button);
+    return button;
+}
+
+QWidget* ConfigPage::buildForm(std::vector<Field> fields) {
+    auto* area = new QWidget(listPanel);
+    area->setMinimumWidth(kFormWidth);
+    auto* middle = new QVBoxLayout(listPanel);
+    middle->addWidget(area, 0, Qt::AlignCenter);
+    FormGrid form(*area, 1);
+    fields_.add(form, std::move(fields));
+    return area;
+}
+
+void ConfigPage::buildCentredForm(std::vector<Field> fields) {
+    listPanel->setMinimumWidth(kFormWidth);
+    FormGrid form(*centredPanel(), 1);
+    fields_.add(form, std::move(fields));
+}
+
+void ConfigPage::start(const std::vector<QAbstractButton*>& request,
+                       const std::vector<QAbstractButton*>& write) {
+    requestButtons_.insert(requestButtons_.end(), request.begin(), request.end());
+    writeButtons_.insert(writeButtons_.end(), write.begin(), write.end());
+    finishLayout();
     if (rules_.start == StartState::waiting) {
         enableRequestButtons(false);
-        refreshBtn->setEnabled(false);
+        enableRefresh(false);
         startTimer();
     }
-}
-
-void ConfigPage::orderTabs() {
-    // The buttons were made first and stand below everything else.
-    QWidget* before = nullptr;
-    for (QWidget* control : listPanel->findChildren<QWidget*>()) {
-        before = (control->focusPolicy() & Qt::TabFocus) != 0 ? control : before;
-    }
-    for (QWidget* button : bottomPanel->findChildren<QPushButton*>()) {
-        if (before != nullptr) {
-            setTabOrder(before, button);
-        }
-        before = button;
-    }
-}
-
-void ConfigPage::setFields(std::vector<Field> fields) {
-    fields_.clear();
-    for (Field& field : fields) {
-        auto* control = findChild<QWidget*>(QString::fromStdString(field.control));
-        if (control == nullptr) {
-            qFatal("no control named %s", field.control.c_str());
-        }
-        auto* box =
-            field.box.empty() ? nullptr : findChild<QCheckBox*>(QString::fromStdString(field.box));
-        fields_.push_back({std::move(field), control, box});
-    }
-}
-
-Field& ConfigPage::field(const std::string& control) {
-    const auto found = std::ranges::find_if(
-        fields_, [&](const BoundField& bound) { return bound.field.control == control; });
-    if (found == fields_.end()) {
-        qFatal("no field named %s", control.c_str());
-    }
-    return found->field;
 }
 
 void ConfigPage::updatePage() {
@@ -125,21 +99,26 @@ void ConfigPage::updatePage() {
 }
 
 void ConfigPage::refreshBtnClick() {
-    enableRequestButtons(false);
-    refreshBtn->setEnabled(false);
+    if (!rules_.refreshKeepsConfig) {
+        enableRequestButtons(false);
+    }
+    enableRefresh(false);
     registerReadRoute(session_, itemType_, replyHandle());
     startTimer();
+    if (rules_.refreshEmpties) {
+        fields_.empty();
+    }
     prepareRefresh();
     sendReadRequest(session_, itemType_);
 }
 
 void ConfigPage::Timer1Timer() {
-    refreshBtn->setEnabled(true);
+    enableRefresh(true);
     Timer1->stop();
 }
 
 void ConfigPage::startTimer() {
-    // A running timer keeps its time, so that reads stay 4000 ms apart and not more.
+    // A running timer keeps its time: refreshBtn comes back when it was going to.
     if (!Timer1->isActive()) {
         Timer1->start();
     }
@@ -166,12 +145,15 @@ void ConfigPage::readReply(void* reply) {
         return;
     }
     enableRequestButtons(rules_.onDecoded == OnDecoded::enables || result.completed);
-    if (result.values.size() < rules_.minimumValues ||
-        (!rules_.resultText.empty() && result.resultText != rules_.resultText)) {
-        return;
+    if (rules_.flagSetsRefresh) {
+        enableRefresh(result.completed);
     }
-    showFields(result);
-    fillPage(result);
+    if (!rules_.resultText.empty() && result.resultText != rules_.resultText) {
+        otherReply(result);
+    } else if (result.values.size() >= rules_.minimumValues) {
+        fields_.show(result);
+        fillPage(result);
+    }
 }
 
 void ConfigPage::writeReply(void* reply) {
@@ -187,89 +169,60 @@ void ConfigPage::writeReply(void* reply) {
 
 void ConfigPage::fillPage(const ReadResult& /*result*/) {}
 
+void ConfigPage::otherReply(const ReadResult& /*result*/) {}
+
 void ConfigPage::enableRequestButtons(bool enabled) {
     for (QAbstractButton* button : requestButtons_) {
         button->setEnabled(enabled);
     }
 }
 
-void ConfigPage::showFields(const ReadResult& result) {
-    for (const BoundField& bound : fields_) {
-        const auto text = shownText(bound.field, result);
-        if (!text) {
-            continue;
-        }
-        auto* combo = qobject_cast<QComboBox*>(bound.control);
-        if (combo == nullptr) {
-            setControlText(*bound.control, *text);
-        } else if (bound.field.unknown == UnknownCode::clears) {
-            selectOrClear(*combo, result.values[bound.field.position]);
-        } else {
-            selectIfKnown(*combo, result.values[bound.field.position]);
-        }
+void ConfigPage::enableRefresh(bool enabled) {
+    if (refreshBtn != nullptr) {
+        refreshBtn->setEnabled(enabled);
     }
 }
 
-FieldState ConfigPage::boundState(const BoundField& bound) {
-    FieldState state = stateOf(*bound.control);
-    if (bound.box != nullptr) {
-        state.ticked = bound.box->isChecked();
-    }
-    return state;
+bool ConfigPage::mayWrite() {
+    return fields_.check(replyHandle());
 }
 
-bool ConfigPage::checkFields() {
-    for (const BoundField& bound : fields_) {
-        if (const auto failure = checkField(bound.field, boundState(bound))) {
-            refuse(*failure, bound.control);
-            return false;
-        }
-    }
-    return true;
+void ConfigPage::bindWrite(WriteRequest& request) {
+    fields_.bind(request, session_.OnuIndexText);
 }
 
 void ConfigPage::configBtnClick() {
-    if (!checkFields()) {
+    if (!mayWrite()) {
         return;
     }
-    if (CodeParaPtr request = beginWrite()) {
-        bindFields(*request);
+    if (WriteRequest request = beginWrite()) {
+        bindWrite(request);
         finishWrite(std::move(request));
     }
 }
 
-CodeParaPtr ConfigPage::beginWrite() {
-    CodeParaPtr request = createWriteRequest(session_, itemType_);
+WriteRequest ConfigPage::newRequest() const {
+    return {session_, catalogue_, itemType_, rules_.group};
+}
+
+void ConfigPage::markWriting() {
+    for (QAbstractButton* button : writeButtons_) {
+        button->setEnabled(false);
+    }
+    startTimer();
+}
+
+WriteRequest ConfigPage::beginWrite() {
+    WriteRequest request = newRequest();
     if (request) {
-        for (QAbstractButton* button : writeButtons_) {
-            button->setEnabled(false);
-        }
-        startTimer();
+        markWriting();
     }
     return request;
 }
 
-void ConfigPage::bind(DllClientCodePara& request, const std::string& group,
-                      const std::string& object, const std::string& value,
-                      const std::string& suffix, std::size_t length) const {
-    if (const CONFIG_OID_T* found = lookup(catalogue_, group, object)) {
-        addWriteBinding(request, value, *found, suffix, length);
-    }
-}
-
-void ConfigPage::bindFields(DllClientCodePara& request) const {
-    for (const BoundField& bound : fields_) {
-        const FieldState state = boundState(bound);
-        if (isWritten(bound.field, state)) {
-            bind(request, bound.field.group, bound.field.object, writtenValue(bound.field, state),
-                 session_.OnuIndexText);
-        }
-    }
-}
-
-void ConfigPage::finishWrite(CodeParaPtr request) {
+void ConfigPage::finishWrite(WriteRequest request) {
     registerWriteRoute(session_, itemType_, replyHandle());
-    postWrite(session_, std::move(request));
+    request.post();
 }
 
 void ConfigPage::refuse(const CheckFailure& failure, QWidget* focus) const {
@@ -277,18 +230,7 @@ void ConfigPage::refuse(const CheckFailure& failure, QWidget* focus) const {
 }
 
 void ConfigPage::helpBtnClick() {
-    openPageHelp(messageText(rules_.helpKeyId), currentHelpIndex(), messageText(kHelpFileId));
-}
-
-void ConfigPage::FrameResize() {
-    // Beside the tree a page starts one pixel right of it; the area to centre in starts at the
-    // tree.
-    layoutPanels(*this, *listPanel, *bottomPanel, width() + (x() > 0 ? 1 : 0));
-}
-
-void ConfigPage::resizeEvent(QResizeEvent* event) {
-    QFrame::resizeEvent(event);
-    FrameResize();
+    openPageHelp(messageText(rules_.helpKeyId), currentHelpIndex(), messageText(message::helpFile));
 }
 
 } // namespace onudesk

@@ -4,14 +4,16 @@
 //
 //     class TOnuExample : public ConfigPage { … };
 //
-// A page states its rules and fields as data, builds its controls on listPanel and its buttons on
-// bottomPanel, and calls start() at the end of its constructor. What is odd about it is code of its
-// own, in the handlers it overrides.
+// A page states its rules and fields as data and calls start() at the end of its constructor. What
+// is odd about it is code of its own, in the steps it overrides.
 #pragma once
 
 #include "bridge/session.h"
+#include "env/message_ids.h"
 #include "pages/framework/controls.h"
-#include "pages/framework/fields.h"
+#include "pages/framework/field_set.h"
+#include "pages/framework/page_frame.h"
+#include "pages/framework/write_request.h"
 #include "platform/window_messages.h"
 #include "snmp/object_catalogue.h"
 #include "snmp/reply.h"
@@ -23,11 +25,8 @@
 #include <vector>
 
 #include <QAbstractButton>
-#include <QFrame>
 #include <QPushButton>
 #include <QTimer>
-
-class QCheckBox;
 
 namespace onudesk {
 
@@ -38,19 +37,33 @@ enum class OnWriteReply { refreshesAndNotifies, refreshes, notifies, ignored };
 // waiting: request buttons disabled and Timer1 running; ready: everything usable.
 enum class StartState { waiting, ready };
 
-struct PageRules {
-    StartState start = StartState::waiting;
-    OnDecoded onDecoded = OnDecoded::enables;
-    OnFailedDecode onFailedDecode = OnFailedDecode::enables;
-    OnWriteReply onWriteReply = OnWriteReply::refreshesAndNotifies;
-    bool readsReplies = true;
-    std::size_t minimumValues = 0;
-    std::string resultText{}; // replies with another result text are not for the page; empty: any
-    bool rereadsWhenShown = false;
-    int helpKeyId = 0; // message whose text is the page's key in the help index
+struct PageButton {
+    const char* name = nullptr; // object name; null: the page has no such button
+    int captionId = 0;
 };
 
-class ConfigPage : public QFrame, public platform::WindowReceiver {
+struct PageRules {
+    int helpKeyId = 0;               // message whose text is the page's key in the help index
+    std::string group = "maintable"; // of objects named without one
+    PageButton config{"configBtn", message::config};
+    PageButton refresh{"refreshBtn", message::refresh};
+    StartState start = StartState::waiting;
+    bool rereadsWhenShown = false;
+
+    bool refreshKeepsConfig = false; // it disables refreshBtn only
+    bool refreshEmpties = false;     // the fields
+
+    bool readsReplies = true;
+    OnDecoded onDecoded = OnDecoded::enables;
+    OnFailedDecode onFailedDecode = OnFailedDecode::enables;
+    bool flagSetsRefresh = false;  // refreshBtn follows the completion flag, too
+    std::string resultText{};      // other result texts go to otherReply(); empty: none do
+    std::size_t minimumValues = 0; // shorter replies are not shown
+
+    OnWriteReply onWriteReply = OnWriteReply::refreshesAndNotifies;
+};
+
+class ConfigPage : public PageFrame, public platform::WindowReceiver {
     Q_OBJECT
 public:
     // Loads the catalogue module of the item type, which the page keeps for all its requests.
@@ -61,76 +74,67 @@ public:
     ConfigPage(const ConfigPage&) = delete;
     ConfigPage& operator=(const ConfigPage&) = delete;
 
-    QPushButton* configBtn = nullptr;
-    QPushButton* refreshBtn = nullptr;
+    QPushButton* configBtn = nullptr;  // null when the rules name none
+    QPushButton* refreshBtn = nullptr; // likewise
     QPushButton* helpBtn = nullptr;
     QTimer* Timer1; // 4000 ms after a request, gives refreshBtn back
 
     [[nodiscard]] std::int32_t itemType() const { return itemType_; }
+    [[nodiscard]] Session& session() const { return session_; }
+    [[nodiscard]] const ObjectCatalogue& catalogue() const { return catalogue_; }
+    [[nodiscard]] const FieldSet& fields() const { return fields_; }
+    [[nodiscard]] const PageRules& rules() const { return rules_; }
     // The handle under which replies reach this page.
     [[nodiscard]] std::uint32_t replyHandle() const { return registration_.handle(); }
 
     // Called when a page that already exists is shown again.
     void updatePage();
+    virtual void configBtnClick();
     void refreshBtnClick();
     void helpBtnClick();
     void Timer1Timer();
-    void FrameResize();
+
+    // The steps of a write, for the page and its dialogs: makes the request, which is false when it
+    // cannot be made; disables the write buttons and starts the timer (both in one: beginWrite);
+    // registers the page for the answer and posts.
+    [[nodiscard]] WriteRequest newRequest() const;
+    void markWriting();
+    [[nodiscard]] WriteRequest beginWrite();
+    void finishWrite(WriteRequest request);
 
     void handleMessage(const platform::WindowMessage& message) override;
 
 protected:
-    virtual void configBtnClick();
+    // Everything that can stop Config, told to the operator.
+    [[nodiscard]] virtual bool mayWrite();
+    virtual void bindWrite(WriteRequest& request);
     // Page-specific preparation of a read: emptying tables, choosing a port.
     virtual void prepareRefresh() {}
     // Shows a decoded reply with enough values. Fields are shown before.
     virtual void fillPage(const ReadResult& result);
+    // Takes a decoded reply of another group than that of the rules.
+    virtual void otherReply(const ReadResult& result);
 
-    // Ends construction: `request` are the buttons that refresh disables and replies give back,
-    // besides configBtn; `write` those that a write disables, besides configBtn and refreshBtn.
-    void start(std::vector<QAbstractButton*> request = {},
-               std::vector<QAbstractButton*> write = {});
-    // The ordinary fields, whose controls exist by now.
-    void setFields(std::vector<Field> fields);
-    [[nodiscard]] Field& field(const std::string& control);
+    // A form of the fields, one below the other, in the middle of listPanel or in a centred panel.
+    // Returns its widget, whose layout is a grid.
+    QWidget* buildForm(std::vector<Field> fields);
+    void buildCentredForm(std::vector<Field> fields);
+    // A button before refreshBtn that refresh disables and replies give back, as configBtn.
+    QPushButton* addRequestButton(const char* name, int captionId, std::function<void()> onClick);
+    // Ends construction: `request` are further buttons that refresh disables and replies give back;
+    // `write` those that a write disables, besides configBtn and refreshBtn.
+    void start(const std::vector<QAbstractButton*>& request = {},
+               const std::vector<QAbstractButton*>& write = {});
 
-    // Checks fields in order; the first bad one is told and gets the focus.
-    [[nodiscard]] bool checkFields();
-    // Creates the request, disables the write buttons and starts the timer; null ends the click.
-    [[nodiscard]] CodeParaPtr beginWrite();
-    // Adds a binding, unless the catalogue has no such object.
-    void bind(DllClientCodePara& request, const std::string& group, const std::string& object,
-              const std::string& value, const std::string& suffix, std::size_t length = 0) const;
-    // One binding per field that is written, in order, for the ONU.
-    void bindFields(DllClientCodePara& request) const;
-    // Registers for the answer and posts.
-    void finishWrite(CodeParaPtr request);
-
+    [[nodiscard]] FieldSet& fields() { return fields_; }
     void refuse(const CheckFailure& failure, QWidget* focus) const;
     void startTimer();
 
-    [[nodiscard]] Session& session() const { return session_; }
-    [[nodiscard]] const ObjectCatalogue& catalogue() const { return catalogue_; }
-    [[nodiscard]] const PageRules& rules() const { return rules_; }
-
-    QFrame* listPanel;   // controls
-    QFrame* bottomPanel; // buttons, kept centred below
-
-    void resizeEvent(QResizeEvent* event) override;
-
 private:
-    struct BoundField {
-        Field field;
-        QWidget* control = nullptr;
-        QCheckBox* box = nullptr;
-    };
-
     void readReply(void* reply);
     void writeReply(void* reply);
     void enableRequestButtons(bool enabled);
-    void showFields(const ReadResult& result);
-    void orderTabs();
-    [[nodiscard]] static FieldState boundState(const BoundField& bound);
+    void enableRefresh(bool enabled);
 
     Session& session_;
     const std::int32_t itemType_;
@@ -139,15 +143,11 @@ private:
     platform::WindowRegistration registration_;
     std::vector<QAbstractButton*> requestButtons_;
     std::vector<QAbstractButton*> writeButtons_;
-    std::vector<BoundField> fields_;
+    FieldSet fields_;
 };
 
-// Connects a click to a member of the page, keeping keyboard focus rules simple.
+// A push button that calls a function; Enter in a field never presses it.
 QPushButton* makeButton(QWidget* parent, const char* name, int captionId,
                         std::function<void()> onClick);
-
-// The list panel takes the frame's height less the bottom panel's; the bottom panel sits below,
-// centred in an area of the given width.
-void layoutPanels(const QWidget& frame, QWidget& listPanel, QWidget& bottomPanel, int areaWidth);
 
 } // namespace onudesk

@@ -20,6 +20,7 @@ namespace {
 constexpr int kFirstCaptionId = 500;
 constexpr int kLastCaptionId = 4000;
 constexpr int kFontPixels = 12;
+constexpr int kEditMargin = 16; // beside an edit's text, both sides together
 
 // The bytes that the program put into a control last, and what the control made of them.
 constexpr const char* kProgramText = "programText";
@@ -36,15 +37,16 @@ class TypingRule : public QValidator {
 public:
     explicit TypingRule(QLineEdit& edit) : QValidator(&edit) {}
 
-    int limit = -1; // bytes of UTF-8, -1 without limit
+    int bytes = -1;      // of UTF-8, -1 without limit
+    int characters = -1; // likewise
     bool digits = false;
 
     void takeProgramText(const QString& text) { accepted_ = text; }
 
     State validate(QString& text, int& /*cursor*/) const override {
-        const qsizetype bytes = text.toUtf8().size();
-        const bool fits = limit < 0 || bytes <= limit || bytes <= accepted_.toUtf8().size();
-        if (!fits || (digits && otherThanDigits(text) > otherThanDigits(accepted_))) {
+        if (!fits(text.toUtf8().size(), accepted_.toUtf8().size(), bytes) ||
+            !fits(text.size(), accepted_.size(), characters) ||
+            (digits && otherThanDigits(text) > otherThanDigits(accepted_))) {
             return Invalid;
         }
         accepted_ = text;
@@ -52,6 +54,10 @@ public:
     }
 
 private:
+    static bool fits(qsizetype now, qsizetype before, int limit) {
+        return limit < 0 || now <= limit || now <= before;
+    }
+
     mutable QString accepted_; // the text before the edit that is being judged
 };
 
@@ -191,11 +197,21 @@ void setControlText(QWidget& control, std::string_view text) {
 }
 
 void limitTyping(QLineEdit& edit, int bytes) {
-    typingRule(edit).limit = bytes;
+    typingRule(edit).bytes = bytes;
+}
+
+void limitCharacters(QLineEdit& edit, int characters) {
+    typingRule(edit).characters = characters;
 }
 
 void digitsOnly(QLineEdit& edit) {
     typingRule(edit).digits = true;
+}
+
+void maskMac(QLineEdit& edit) {
+    edit.setInputMask(QStringLiteral("nn:nn:nn:nn:nn:nn;_"));
+    edit.setMinimumWidth(edit.fontMetrics().horizontalAdvance(QStringLiteral("DD:DD:DD:DD:DD:DD")) +
+                         kEditMargin);
 }
 
 std::string maskedText(const QLineEdit& edit) {
@@ -215,12 +231,17 @@ void refuse(const CheckFailure& failure, QWidget* focus, std::uint32_t owner) {
     }
 }
 
-bool confirmDelete(std::uint32_t owner) {
-    return platform::prompt({.text = messageText(message::deleteQuestion),
-                             .caption = messageText(message::deleteCaption),
+bool confirm(const std::string& text, const std::string& caption, std::uint32_t owner) {
+    return platform::prompt({.text = text,
+                             .caption = caption,
                              .icon = platform::PromptIcon::warning,
                              .buttons = platform::PromptButtons::yesNo,
                              .owner = owner}) == platform::PromptAnswer::yes;
+}
+
+bool confirmDelete(std::uint32_t owner, const std::string& what) {
+    return confirm(messageText(message::deleteQuestion), messageText(message::deleteCaption) + what,
+                   owner);
 }
 
 void tellNotANumber(std::string_view text, std::uint32_t owner) {

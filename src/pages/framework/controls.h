@@ -53,16 +53,23 @@ void setControlText(QWidget& control, std::string_view text);
 
 // Lets the operator type at most so many bytes of UTF-8; texts set by the program stay whole.
 void limitTyping(QLineEdit& edit, int bytes);
+// The same in characters.
+void limitCharacters(QLineEdit& edit, int characters);
 // Lets the operator type digits only; texts set by the program stay whole.
 void digitsOnly(QLineEdit& edit);
 
+// Masks an edit for a MAC address.
+void maskMac(QLineEdit& edit);
 // The text of a masked edit with its separators, and blanks where nothing was typed.
 [[nodiscard]] std::string maskedText(const QLineEdit& edit);
 
 // Tells the operator, in a box owned by the window with that handle, and moves the focus.
 void refuse(const CheckFailure& failure, QWidget* focus, std::uint32_t owner);
-// Asks whether to delete (message 11057, caption 11058); true when the operator says yes.
-[[nodiscard]] bool confirmDelete(std::uint32_t owner);
+// A question to answer with yes or no; true for yes.
+[[nodiscard]] bool confirm(const std::string& text, const std::string& caption,
+                           std::uint32_t owner);
+// Asks whether to delete (message 11057, caption 11058 followed by what goes).
+[[nodiscard]] bool confirmDelete(std::uint32_t owner, const std::string& what = {});
 // The toolkit's answer to a text that should be a number and is not: a warning that quotes it.
 void tellNotANumber(std::string_view text, std::uint32_t owner);
 

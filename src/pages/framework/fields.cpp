@@ -1,15 +1,51 @@
 // SPDX-License-Identifier: MIT
 #include "pages/framework/fields.h"
 
+#include <utility>
+
 namespace onudesk {
+
+namespace {
+
+bool countsAsEmpty(EmptyText rule, std::string_view text) {
+    return rule == EmptyText::blankTakesFocus ? text.find_first_not_of(' ') == std::string::npos
+                                              : text.empty() && rule != EmptyText::fails;
+}
+
+} // namespace
+
+FieldCheck numberIn(std::int64_t minimum, std::int64_t maximum, EmptyText empty) {
+    return {.empty = empty, .range = FieldCheck::Range{minimum, maximum}};
+}
+
+FieldCheck hexIn(std::int64_t minimum, std::int64_t maximum, EmptyText empty) {
+    return {.empty = empty, .range = FieldCheck::Range{minimum, maximum, 16}};
+}
+
+FieldCheck macAddress() {
+    return {.function = [](std::string_view text) {
+        return checkMac(text, message::badMac, platform::PromptIcon::warning).failure;
+    }};
+}
+
+FieldCheck dottedQuad() {
+    return {.function = checkDottedQuad};
+}
+
+Field constant(ObjectName object, std::string value) {
+    return {.kind = ControlKind::none,
+            .object = std::move(object),
+            .written = Written::always,
+            .constant = std::move(value)};
+}
 
 std::optional<std::string> shownText(const Field& field, const ReadResult& result) {
     if (field.position >= result.values.size()) {
         return std::nullopt;
     }
     const std::string& value = result.values[field.position];
-    if (field.map != nullptr) {
-        return field.map->textOf(value);
+    if (field.codes.map != nullptr) {
+        return field.codes.map->textOf(value);
     }
     return field.show != nullptr ? field.show(value) : std::string(textUpToZero(value));
 }
@@ -17,11 +53,9 @@ std::optional<std::string> shownText(const Field& field, const ReadResult& resul
 bool isWritten(const Field& field, const FieldState& state) {
     switch (field.written) {
     case Written::always:
-        return true;
-    case Written::whileEnabled:
-        return state.enabled;
-    case Written::whileTicked:
         return state.ticked;
+    case Written::whileEnabled:
+        return state.ticked && state.enabled;
     case Written::never:
         break;
     }
@@ -33,7 +67,7 @@ std::optional<CheckFailure> checkField(const Field& field, const FieldState& sta
         return std::nullopt;
     }
     const FieldCheck& check = *field.check;
-    if (state.text.empty() && check.empty != EmptyText::fails) {
+    if (countsAsEmpty(check.empty, state.text)) {
         return check.empty == EmptyText::passes ? std::nullopt : std::optional(CheckFailure{});
     }
     if (check.range) {
@@ -46,7 +80,20 @@ std::optional<CheckFailure> checkField(const Field& field, const FieldState& sta
 }
 
 std::string writtenValue(const Field& field, const FieldState& state) {
-    return field.map == nullptr ? state.text : state.code.value_or(std::string());
+    if (field.kind == ControlKind::none) {
+        return field.constant;
+    }
+    if (field.kind == ControlKind::mac) {
+        return bytesOfHex(checkMac(state.text, message::badMac, {}).address);
+    }
+    if (field.check && field.check->range && field.check->range->base != 10) {
+        return decimalOf(state.text, field.check->range->base);
+    }
+    return field.codes.map == nullptr ? state.text : state.code.value_or(std::string());
+}
+
+std::size_t writtenLength(const Field& field) {
+    return field.kind == ControlKind::mac ? kMacBytes : 0;
 }
 
 } // namespace onudesk

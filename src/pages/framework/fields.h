@@ -1,22 +1,22 @@
 // SPDX-License-Identifier: MIT
 //
-// The fields of a record page as data: what a reply puts into each control, what is checked and
-// what is written. Nothing here knows widgets.
+// The fields of a page or item dialog as data: what a reply puts into each control, what is checked
+// and what is written. Nothing here knows widgets.
 //
 //     const std::vector<Field> fields = {
 //         {.control = "numgeEdit", .labelId = 20018, .position = 5},
-//         {.control = "batteryEdit", .labelId = 20028, .position = 15, .map = &supported},
+//         {.control = "ipEdt", .labelId = 50001, .position = 1, .object = {"onuIPAddress"},
+//          .check = dottedQuad(), .written = Written::always},
+//         constant({"onuIPRowStatus"}, "4"),
 //     };
 #pragma once
 
 #include "pages/framework/checks.h"
 #include "pages/framework/value_map.h"
-#include "snmp/object_catalogue.h"
 #include "snmp/reply.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,9 +24,32 @@
 
 namespace onudesk {
 
-enum class EmptyText { fails, takesFocus, passes };
+// An object of the catalogue; without a group it is one of the page's own group.
+struct ObjectName {
+    std::string name{};
+    std::string group{};
+};
+
+// A field without control only writes a constant; with a tick it shows a check box of its own.
+// `mac` is an edit masked for a MAC address, which is written as its six bytes.
+enum class ControlKind { none, edit, memo, combo, mac };
+
+// What the operator may type.
+struct Typing {
+    int bytes = -1; // of UTF-8; -1 for any number
+    bool digitsOnly = false;
+};
+
+// What a code outside the map does to a combo.
 enum class UnknownCode { clears, keeps };
-enum class Written { never, always, whileEnabled, whileTicked };
+
+struct Codes {
+    const ValueMap* map = nullptr; // outlives the field
+    UnknownCode unknown = UnknownCode::clears;
+};
+
+// blankTakesFocus counts a text of blanks as empty.
+enum class EmptyText { fails, takesFocus, blankTakesFocus, passes };
 
 // What a field's text must be before it is written. Bounds may be changed by the page at run time.
 struct FieldCheck {
@@ -34,37 +57,56 @@ struct FieldCheck {
     struct Range {
         std::int64_t minimum = 0;
         std::int64_t maximum = 0;
-        int base = 10;
+        int base = 10; // what is typed in another base is written in decimal
     };
     std::optional<Range> range{};                                             // of its number
     std::optional<CheckFailure> (*function)(std::string_view text) = nullptr; // any other check
 };
 
+[[nodiscard]] FieldCheck numberIn(std::int64_t minimum, std::int64_t maximum,
+                                  EmptyText empty = EmptyText::fails);
+[[nodiscard]] FieldCheck hexIn(std::int64_t minimum, std::int64_t maximum,
+                               EmptyText empty = EmptyText::fails);
+[[nodiscard]] FieldCheck dottedQuad();
+// Of a field of the kind `mac`: message 3036 for other characters than hexadecimal digits, 3029 for
+// the all-zero address.
+[[nodiscard]] FieldCheck macAddress();
+
+enum class Written { never, always, whileEnabled };
+
+// A check box, or one of the radio buttons of the form, in place of the field's label: the field is
+// written and checked only while it is ticked. Fields that follow each other can share one.
+struct Tick {
+    std::string button{}; // object name; empty: none
+    bool radio = false;
+};
+
 inline constexpr std::size_t kNotRead = static_cast<std::size_t>(-1);
 
-enum class ControlKind { edit, memo, combo };
-
 struct Field {
-    std::string control; // object name
-    int labelId = 0;     // message id of its label
+    std::string control{}; // object name
+    int labelId = 0;       // message id of its label
     ControlKind kind = ControlKind::edit;
-    std::size_t position = kNotRead; // of its value in the reply
-    std::string group{};             // of the object it writes
-    std::string object{};
-    const ValueMap* map = nullptr; // outlives the field
+    Typing typing{};
+    std::size_t position = kNotRead; // of its value in the reply, or of its cell in the row
+    ObjectName object{};
+    Codes codes{};
     std::optional<FieldCheck> check{};
-    UnknownCode unknown = UnknownCode::clears; // what a code outside the map does to a combo
-    Written written = Written::never;          // a field that is never written is read-only
-    std::string box{};                         // check box that Written::whileTicked looks at
+    Written written = Written::never; // a field that is never written is read-only
+    Tick tick{};
     std::string (*show)(const std::string& value) = nullptr; // how a value is shown
+    std::string constant{};                                  // what a field without control writes
 };
+
+// A binding that is always written with the same value, at its place among the fields.
+[[nodiscard]] Field constant(ObjectName object, std::string value);
 
 // What the widget layer reads off a control.
 struct FieldState {
-    std::string text;                // as shown
-    std::optional<std::string> code; // of the combo row that is selected
+    std::string text{};                // as shown
+    std::optional<std::string> code{}; // of the combo row that is selected
     bool enabled = true;
-    bool ticked = true; // of the check box that goes with it
+    bool ticked = true;
 };
 
 // What a reply shows in the field: nothing when the reply has no value for it.
@@ -73,10 +115,13 @@ struct FieldState {
 // Whether a write carries the field, its control being in that state.
 [[nodiscard]] bool isWritten(const Field& field, const FieldState& state);
 
-// Checks what would be written, and nothing else.
+// Checks an enabled control that would be written, and nothing else.
 [[nodiscard]] std::optional<CheckFailure> checkField(const Field& field, const FieldState& state);
 
-// The value that a write carries: the selected row's code, else the text.
+// The value that a write carries: the constant, the selected row's code, the bytes of a MAC
+// address, the number typed in another base, or the text.
 [[nodiscard]] std::string writtenValue(const Field& field, const FieldState& state);
+// How many bytes of it are sent; 0 for a text.
+[[nodiscard]] std::size_t writtenLength(const Field& field);
 
 } // namespace onudesk

@@ -4,9 +4,13 @@
 #include "env/language_module.h"
 #include "pages/framework/controls.h"
 
+#include <QCheckBox>
+#include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QRadioButton>
 
 namespace onudesk {
 
@@ -15,12 +19,14 @@ namespace {
 // Grid columns of one pair: label, control, what stands beside it, and the gap to the next pair.
 constexpr int kColumnsPerPair = 4;
 constexpr int kGap = 16;
+constexpr int kMargin = 8;
 constexpr int kMemoLines = 2;
 
 } // namespace
 
 FormGrid::FormGrid(QWidget& parent, int pairs)
     : parent_(parent), grid_(new QGridLayout(&parent)), pairs_(pairs) {
+    grid_->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     for (int pair = 0; pair < pairs; ++pair) {
         grid_->setColumnStretch(pair * kColumnsPerPair + 1, 1);
         if (pair + 1 < pairs) {
@@ -36,40 +42,70 @@ void FormGrid::add(const std::vector<Field>& fields) {
 }
 
 void FormGrid::addField(const Field& field) {
-    const bool readOnly = field.written == Written::never;
-    const char* name = field.control.c_str();
-    switch (field.kind) {
-    case ControlKind::edit:
-        edit(name, field.labelId)->setReadOnly(readOnly);
-        break;
-    case ControlKind::memo:
-        memo(name, field.labelId)->setReadOnly(readOnly);
-        break;
-    case ControlKind::combo:
-        fillCombo(*combo(name, field.labelId), *field.map);
-        break;
+    if (field.kind == ControlKind::none) {
+        if (!field.tick.button.empty()) {
+            place(makeTick(field), nullptr, false);
+        }
+        return;
     }
+    if (field.kind == ControlKind::memo) {
+        newRow();
+    }
+    // Before the control: the order of making is the order of tabs.
+    QWidget* caption = makeCaption(field);
+    QWidget& control = *makeControl(field);
+    control.setObjectName(QString::fromStdString(field.control));
+    control.setAccessibleName(shown(messageText(field.labelId)));
+    if (lastLabel_ != nullptr) {
+        lastLabel_->setBuddy(&control);
+        setCaption(*lastLabel_, field.labelId);
+    }
+    place(caption, &control, field.kind == ControlKind::memo);
+}
+
+QWidget* FormGrid::makeControl(const Field& field) {
+    const bool readOnly = field.written == Written::never;
+    if (field.kind == ControlKind::combo) {
+        auto* combo = new QComboBox(&parent_);
+        if (field.codes.map != nullptr) {
+            fillCombo(*combo, *field.codes.map);
+        }
+        return combo;
+    }
+    if (field.kind == ControlKind::memo) {
+        auto* memo = new QPlainTextEdit(&parent_);
+        memo->setReadOnly(readOnly);
+        memo->setTabChangesFocus(true);
+        const int lines = memo->fontMetrics().lineSpacing() * kMemoLines;
+        memo->setFixedHeight(lines + 2 * memo->frameWidth() + 10);
+        return memo;
+    }
+    auto* edit = new QLineEdit(&parent_);
+    edit->setReadOnly(readOnly);
+    if (field.typing.bytes >= 0) {
+        limitTyping(*edit, field.typing.bytes);
+    }
+    if (field.typing.digitsOnly) {
+        digitsOnly(*edit);
+    }
+    if (field.kind == ControlKind::mac) {
+        maskMac(*edit);
+    }
+    return edit;
 }
 
 QLineEdit* FormGrid::edit(const char* name, int labelId) {
-    auto* control = new QLineEdit(&parent_);
-    place(*control, name, labelId, false);
-    return control;
+    addField({.control = name, .labelId = labelId, .written = Written::always});
+    return find<QLineEdit>(name);
 }
 
 QComboBox* FormGrid::combo(const char* name, int labelId) {
-    auto* control = new QComboBox(&parent_);
-    place(*control, name, labelId, false);
-    return control;
+    addField({.control = name, .labelId = labelId, .kind = ControlKind::combo});
+    return find<QComboBox>(name);
 }
 
-QPlainTextEdit* FormGrid::memo(const char* name, int labelId) {
-    auto* control = new QPlainTextEdit(&parent_);
-    control->setTabChangesFocus(true);
-    const int lines = control->fontMetrics().lineSpacing() * kMemoLines;
-    control->setFixedHeight(lines + 2 * control->frameWidth() + 10);
-    place(*control, name, labelId, true);
-    return control;
+void FormGrid::over(QWidget& widget) {
+    grid_->addWidget(&widget, lastRow_, lastPair_ * kColumnsPerPair + 1);
 }
 
 void FormGrid::newRow() {
@@ -81,27 +117,49 @@ void FormGrid::beside(QWidget& widget) {
     grid_->addWidget(&widget, lastRow_, lastPair_ * kColumnsPerPair + 2);
 }
 
-QWidget& FormGrid::place(QWidget& control, const char* name, int labelId, bool wholeRow) {
-    if (wholeRow) {
-        newRow();
+QWidget* FormGrid::makeTick(const Field& field) {
+    QAbstractButton* tick = nullptr;
+    if (field.tick.radio) {
+        tick = new QRadioButton(&parent_);
+        tick->setChecked(!hasRadio_);
+        hasRadio_ = true;
+    } else {
+        tick = new QCheckBox(&parent_);
     }
-    control.setObjectName(QString::fromLatin1(name));
+    tick->setObjectName(QString::fromStdString(field.tick.button));
+    setCaption(*tick, field.labelId);
+    return tick;
+}
+
+QWidget* FormGrid::makeCaption(const Field& field) {
+    lastLabel_ = nullptr;
+    if (!field.tick.button.empty()) {
+        return find(field.tick.button) != nullptr ? nullptr : makeTick(field);
+    }
     lastLabel_ = new QLabel(&parent_);
-    lastLabel_->setObjectName(QString::fromLatin1(name) + QStringLiteral("Label"));
+    lastLabel_->setObjectName(QString::fromStdString(field.control + "Label"));
     lastLabel_->setTextFormat(Qt::PlainText);
-    lastLabel_->setBuddy(&control);
-    setCaption(*lastLabel_, labelId);
-    control.setAccessibleName(shown(messageText(labelId)));
+    return lastLabel_;
+}
+
+void FormGrid::place(QWidget* caption, QWidget* control, bool wholeRow) {
     const int column = pair_ * kColumnsPerPair;
+    if (caption != nullptr) {
+        // No wider than its text: a box takes no clicks beside it.
+        const bool isTick = qobject_cast<QAbstractButton*>(caption) != nullptr;
+        grid_->addWidget(caption, row_, column,
+                         (wholeRow ? Qt::AlignTop : Qt::Alignment()) |
+                             (isTick ? Qt::AlignLeft : Qt::Alignment()));
+    }
     // Up to the right edge of the last pair's controls.
     const int span = wholeRow ? (pairs_ - 1) * kColumnsPerPair + 1 : 1;
-    grid_->addWidget(lastLabel_, row_, column, wholeRow ? Qt::AlignTop : Qt::Alignment());
-    grid_->addWidget(&control, row_, column + 1, 1, span);
+    if (control != nullptr) {
+        grid_->addWidget(control, row_, column + 1, 1, span);
+    }
     lastRow_ = row_;
     lastPair_ = pair_;
     pair_ = wholeRow ? 0 : (pair_ + 1) % pairs_;
     row_ += pair_ == 0 ? 1 : 0;
-    return control;
 }
 
 } // namespace onudesk

@@ -14,15 +14,12 @@ namespace onudesk {
 
 namespace {
 
-constexpr int kRowIndexRole = Qt::UserRole;
-constexpr int kKeyRole = Qt::UserRole + 1;
-constexpr int kBytesRole = Qt::UserRole + 2;
+constexpr int kRowHeight = 22;
+constexpr int kPaintMilliseconds = 50;
+constexpr int kCellMargin = 12; // beside a text, both sides together
+constexpr int kWidestColumn = 260;
 
-std::string cellText(const Column& column, const ReadResult& result, const std::string& rowIndex) {
-    if (column.position == kRowIndex) {
-        return rowIndex;
-    }
-    const std::string& value = valueAt(result, column.position);
+std::string cellText(const Column& column, const std::string& value) {
     if (column.map != nullptr) {
         return column.map->textOf(value);
     }
@@ -31,15 +28,20 @@ std::string cellText(const Column& column, const ReadResult& result, const std::
 
 } // namespace
 
-RowTable::RowTable(QWidget* parent) : QTableWidget(parent) {
+RowTable::RowTable(QWidget* parent) : QTableWidget(parent), painting_(new QTimer(this)) {
     setObjectName(QStringLiteral("mainTable"));
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
     setTabKeyNavigation(false);
     verticalHeader()->hide();
+    verticalHeader()->setDefaultSectionSize(kRowHeight);
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setHighlightSections(false);
+    painting_->setObjectName(QStringLiteral("PaintTimer"));
+    painting_->setSingleShot(true);
+    painting_->setInterval(kPaintMilliseconds);
+    connect(painting_, &QTimer::timeout, this, &RowTable::paintNow);
 }
 
 void RowTable::setColumns(std::vector<Column> columns) {
@@ -51,54 +53,96 @@ void RowTable::setColumns(std::vector<Column> columns) {
         setColumnHidden(static_cast<int>(at), columns_[at].hidden);
     }
     setHorizontalHeaderLabels(titles);
+    for (int column = 0; column < columnCount(); ++column) {
+        const int titleWidth = horizontalHeader()->sectionSizeHint(column);
+        setColumnWidth(column, std::max(columnWidth(column), titleWidth));
+    }
 }
 
-void RowTable::putReply(const ReadResult& result) {
+void RowTable::widen(int column, const QString& text) {
+    const int wanted = fontMetrics().horizontalAdvance(text) + kCellMargin;
+    if (!isColumnHidden(column) && columnWidth(column) < std::min(wanted, kWidestColumn)) {
+        setColumnWidth(column, std::min(wanted, kWidestColumn));
+    }
+}
+
+int RowTable::putReply(const ReadResult& result) {
     const std::string index = result.oids.empty() ? std::string() : rowIndexOf(result.oids.front());
     std::string key = index;
     std::vector<std::string> cells;
+    std::vector<std::string> values;
+    cells.reserve(columns_.size());
+    values.reserve(columns_.size());
     for (const Column& column : columns_) {
-        cells.push_back(cellText(column, result, index));
+        values.push_back(column.position == kRowIndex ? index : valueAt(result, column.position));
+        cells.push_back(cellText(column, values.back()));
         key = column.isKey ? cells.back() : key;
     }
     const int row = rowOf(key);
     if (row == rowCount()) {
         insertRow(row);
+        rows_.resize(static_cast<std::size_t>(rowCount()));
+        paintLater(row);
     }
     for (std::size_t at = 0; at < cells.size(); ++at) {
-        auto* cell = new QTableWidgetItem(shown(cells[at]));
-        cell->setData(kBytesRole, QByteArray::fromStdString(cells[at]));
-        setItem(row, static_cast<int>(at), cell);
+        const QString text = shown(cells[at]);
+        setItem(row, static_cast<int>(at), new QTableWidgetItem(text));
+        widen(static_cast<int>(at), text);
     }
-    item(row, 0)->setData(kRowIndexRole, QByteArray::fromStdString(index));
-    item(row, 0)->setData(kKeyRole, QByteArray::fromStdString(key));
-    if (0 <= remembered_ && remembered_ < rowCount()) {
-        selectRow(remembered_);
-    }
-}
-
-int RowTable::rowOf(const std::string& key) const {
-    int row = 0;
-    while (row < rowCount() &&
-           (key.empty() || item(row, 0)->data(kKeyRole).toByteArray().toStdString() != key)) {
-        ++row;
+    rows_[static_cast<std::size_t>(row)] = {index, std::move(cells), std::move(values)};
+    if (row == remembered_) {
+        selectRow(row);
     }
     return row;
 }
 
+// A new row makes the table paint all that can be seen. Of a flood of rows, those below need not.
+void RowTable::paintLater(int row) {
+    if (row * kRowHeight > viewport()->height() && !painting_->isActive()) {
+        viewport()->setUpdatesEnabled(false);
+        painting_->start();
+    }
+}
+
+void RowTable::paintNow() {
+    painting_->stop();
+    viewport()->setUpdatesEnabled(true);
+}
+
+int RowTable::rowOf(const std::string& key) {
+    return key.empty() ? rowCount() : rowOfKey_.try_emplace(key, rowCount()).first->second;
+}
+
 void RowTable::clearRows() {
+    rowOfKey_.clear();
+    rows_.clear();
     setRowCount(0);
+    paintNow();
+}
+
+const RowTable::Row* RowTable::find(int row) const {
+    const auto at = static_cast<std::size_t>(row);
+    return 0 <= row && at < rows_.size() ? &rows_[at] : nullptr;
 }
 
 std::string RowTable::cell(int row, std::size_t column) const {
-    const QTableWidgetItem* found = item(row, static_cast<int>(column));
-    return found == nullptr ? std::string() : found->data(kBytesRole).toByteArray().toStdString();
+    const Row* found = find(row);
+    return found == nullptr || column >= found->cells.size() ? std::string() : found->cells[column];
+}
+
+std::vector<std::string> RowTable::cells(int row) const {
+    const Row* found = find(row);
+    return found == nullptr ? std::vector<std::string>() : found->cells;
+}
+
+std::vector<std::string> RowTable::values(int row) const {
+    const Row* found = find(row);
+    return found == nullptr ? std::vector<std::string>() : found->values;
 }
 
 std::string RowTable::rowIndex(int row) const {
-    const QTableWidgetItem* found = item(row, 0);
-    return found == nullptr ? std::string()
-                            : found->data(kRowIndexRole).toByteArray().toStdString();
+    const Row* found = find(row);
+    return found == nullptr ? std::string() : found->index;
 }
 
 int RowTable::selectedRow() const {
@@ -106,16 +150,33 @@ int RowTable::selectedRow() const {
     return rows.isEmpty() ? -1 : rows.front().row();
 }
 
-void RowTable::clearSelectionBeside(const QMouseEvent& event) {
-    if (!indexAt(event.pos()).isValid()) {
-        clearSelection();
-        setCurrentIndex(QModelIndex());
+bool RowTable::isBeside(const QMouseEvent& event) const {
+    return event.button() == Qt::LeftButton && !indexAt(event.pos()).isValid();
+}
+
+void RowTable::clearSelected() {
+    clearSelection();
+    setCurrentIndex(QModelIndex());
+}
+
+void RowTable::keyPressEvent(QKeyEvent* event) {
+    const int before = selectedRow();
+    QTableWidget::keyPressEvent(event);
+    if (selectedRow() != before && onClick) {
+        onClick();
     }
+}
+
+void RowTable::mousePressEvent(QMouseEvent* event) {
+    QTableWidget::mousePressEvent(event);
+    pressedBeside_ = isBeside(*event);
 }
 
 void RowTable::mouseReleaseEvent(QMouseEvent* event) {
     QTableWidget::mouseReleaseEvent(event);
-    clearSelectionBeside(*event);
+    if (pressedBeside_ && isBeside(*event)) {
+        clearSelected();
+    }
     if (event->button() == Qt::LeftButton && onClick) {
         onClick();
     }
@@ -123,7 +184,9 @@ void RowTable::mouseReleaseEvent(QMouseEvent* event) {
 
 void RowTable::mouseDoubleClickEvent(QMouseEvent* event) {
     QTableWidget::mouseDoubleClickEvent(event);
-    clearSelectionBeside(*event);
+    if (isBeside(*event)) {
+        clearSelected();
+    }
     if (event->button() == Qt::LeftButton && onDoubleClick) {
         onDoubleClick();
     }

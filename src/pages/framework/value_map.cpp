@@ -6,6 +6,21 @@
 
 namespace onudesk {
 
+ValueMap::ValueMap(const std::vector<ValuePair>& pairs) {
+    for (const ValuePair& pair : pairs) {
+        addPair(pair.text, pair.value);
+    }
+    complete();
+}
+
+ValueMap ValueMap::numbers(int first, int last) {
+    ValueMap map;
+    for (int number = first; number <= last; ++number) {
+        map.addPair(std::to_string(number), std::to_string(number));
+    }
+    return map;
+}
+
 void ValueMap::addPair(std::string text, std::string value) {
     entries_.try_emplace(text, value);
     pairs_.push_back({std::move(text), std::move(value)});

@@ -2,10 +2,8 @@
 //
 // Display texts and the codes behind them, in both directions.
 //
-//     ValueMap map;
-//     map.addPair(messageText(11044), "0");
-//     map.addPair(messageText(11043), "1");
-//     map.complete();
+//     const ValueMap supported({{messageText(message::no), "0"}, {messageText(message::yes),
+//     "1"}});
 #pragma once
 
 #include <map>
@@ -20,10 +18,17 @@ struct ValuePair {
     std::string value; // decimal text of the SNMP integer
 };
 
-// Display texts and codes must not coincide. The pairs are kept beside the two-way map, so that
-// codes stay right when texts are missing or equal.
+// Display texts must not coincide with codes of other pairs. The pairs are kept beside the two-way
+// map, so that codes stay right when texts are missing or equal.
 class ValueMap {
 public:
+    ValueMap() = default;
+    // All pairs, completed.
+    explicit ValueMap(const std::vector<ValuePair>& pairs);
+
+    // The numbers from `first` to `last`, each its own display text, in their order.
+    [[nodiscard]] static ValueMap numbers(int first, int last);
+
     void addPair(std::string text, std::string value);
     // Adds the reverse entry of every pair and sorts the pairs by the bytes of their texts.
     void complete();

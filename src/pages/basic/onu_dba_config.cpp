@@ -1,0 +1,248 @@
+// SPDX-License-Identifier: MIT
+#include "pages/basic/onu_dba_config.h"
+
+#include "env/language_module.h"
+
+#include <algorithm>
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+namespace onudesk {
+
+namespace {
+
+constexpr int kUpFir = 60801; // captions that the limits are put behind
+constexpr int kUpCir = 60802;
+constexpr int kUpPir = 60803;
+constexpr int kUpstreamOrder = 3031;
+constexpr int kDownstreamOrder = 3032;
+
+// Positions of the values that no control shows.
+constexpr std::size_t kProfile = 17;
+constexpr std::size_t kFirBound = 18;
+constexpr std::size_t kCirBound = 19;
+constexpr std::size_t kPirUpperBound = 20;
+constexpr std::size_t kPirLowerBound = 21;
+constexpr std::size_t kLeastValues = 22;
+
+constexpr std::int32_t kProfile2Maximum = 500004;
+
+struct RateEdit {
+    const char* control;
+    const char* object;
+    int labelId;
+    int digits; // -1 for any number
+    std::int64_t minimum;
+    std::int64_t maximum;
+};
+
+// The upstream rates get their limits with the first reply.
+constexpr RateEdit kUpstream[] = {
+    {"upFirEdt", "upFir", kUpFir, 6, 0, 0},
+    {"upCirEdt", "upCir", kUpCir, 6, 0, 0},
+    {"upPirEdt", "upPir", kUpPir, 7, 0, 0},
+    {"upBustEdt", "upBust", 60804, 3, 32, 640},
+    {"upPriorityEdt", "upPriority", 60805, 2, 1, 32},
+    {"upDelayEdt", "upDelay", 60806, -1, 1, 1000000},
+    {"upJitterEdt", "upJitter", 60807, -1, 1, 1000000},
+};
+// The first is never checked.
+constexpr RateEdit kDownstream[] = {
+    {"downFirEdt", "downFir", 60809, 6, 0, 980000},
+    {"downCirEdt", "downCir", 60810, 7, 0, 1000000},
+    {"downPirEdt", "downPir", 60811, 7, 0, 1000000},
+    {"downBustEdt", "downBust", 60812, 3, 32, 640},
+    {"downPriorityEdt", "downPriority", 60813, 2, 1, 32},
+    {"downDelayEdt", "downDelay", 60814, -1, 1, 1000000},
+    {"downJitterEdt", "downJitter", 60815, -1, 1, 1000000},
+};
+
+// Seven edits and the policing list of one direction, from a position of the reply on.
+template <std::size_t Size>
+std::vector<Field> direction(const RateEdit (&edits)[Size], std::size_t position, Field policing) {
+    std::vector<Field> fields;
+    fields.reserve(Size + 1);
+    for (const RateEdit& edit : edits) {
+        fields.push_back({.control = edit.control,
+                          .labelId = edit.labelId,
+                          .typing = {.bytes = edit.digits, .digitsOnly = true},
+                          .position = position++,
+                          .object = {edit.object},
+                          .check = numberIn(edit.minimum, edit.maximum, EmptyText::takesFocus),
+                          .written = Written::always});
+    }
+    policing.position = position;
+    fields.push_back(policing);
+    return fields;
+}
+
+Field list(const char* control, const char* object, int labelId, const ValueMap& map) {
+    return {.control = control,
+            .labelId = labelId,
+            .kind = ControlKind::combo,
+            .object = {object},
+            .codes = {&map},
+            .written = Written::always};
+}
+
+std::int32_t numberAt(const ReadResult& result, std::size_t position) {
+    return static_cast<std::int32_t>(leadingNumber(valueAt(result, position)).value_or(0));
+}
+
+std::string span(std::int32_t minimum, std::int32_t maximum) {
+    std::string text(1, '(');
+    text += std::to_string(minimum) + "-" + std::to_string(maximum) + " :kbps)";
+    return text;
+}
+
+} // namespace
+
+TOnuDbaConfig::TOnuDbaConfig(Session& session, std::int32_t itemType, QWidget* parent)
+    : ConfigPage(session, itemType,
+                 {.helpKeyId = 6207,
+                  .group = "maingroup",
+                  .rereadsWhenShown = true,
+                  .onDecoded = OnDecoded::followsFlag,
+                  .onFailedDecode = OnFailedDecode::disables,
+                  .resultText = "maingroup",
+                  .minimumValues = kLeastValues},
+                 parent),
+      policing_({{"DISABLE", "0"},
+                 {"CIR_MARK_NO_DROP", "1"},
+                 {"PIR_MARK_NO_DROP", "2"},
+                 {"CIR_MARK_PIR_DROP", "3"},
+                 {"NO_MARK_CIR_DROP", "4"},
+                 {"NO_MARK_PIR_DROP", "5"}}),
+      shaping_(
+          {{messageText(message::off), "0"}, {messageText(3119), "1"}, {messageText(3120), "2"}}) {
+    buildGroups();
+    for (QComboBox* combo : listPanel->findChildren<QComboBox*>()) {
+        combo->setCurrentIndex(0);
+    }
+    downFirEdt->setEnabled(false);
+    start();
+}
+
+void TOnuDbaConfig::buildGroups() {
+    QWidget* panel = centredPanel();
+    auto* column = new QVBoxLayout(panel);
+    column->setContentsMargins(0, 0, 0, 0);
+    auto* row = new QHBoxLayout;
+    auto* shape = new QWidget(panel);
+    upGroup = new QGroupBox(panel);
+    upGroup->setObjectName(QStringLiteral("upGroup"));
+    setCaption(*upGroup, 60818);
+    downGroup = new QGroupBox(panel);
+    downGroup->setObjectName(QStringLiteral("downGroup"));
+    setCaption(*downGroup, 60819);
+    row->addWidget(upGroup);
+    row->addWidget(downGroup);
+    column->addWidget(shape, 0, Qt::AlignLeft);
+    column->addLayout(row);
+
+    FormGrid top(*shape, 1);
+    FormGrid up(*upGroup, 1);
+    FormGrid down(*downGroup, 1);
+    Field shaping = list("shapeActionComb", "shapeAction", 60817, shaping_);
+    shaping.position = 16;
+    fields().add(top, {constant({"rowStatus", "rowstat"}, "4")});
+    fields().add(up, direction(kUpstream, 0, list("upPoliceComb", "upPolice", 60808, policing_)));
+    fields().add(down,
+                 direction(kDownstream, 8, list("downPoliceComb", "downPolice", 60816, policing_)));
+    fields().add(top, {shaping, constant({"rowStatus", "rowstat"}, "5")});
+    Label17 = top.lastLabel();
+    Label17->setObjectName(QStringLiteral("Label17"));
+    shapeActionComb = top.find<QComboBox>("shapeActionComb");
+    upFirEdt = up.find<QLineEdit>("upFirEdt");
+    downFirEdt = down.find<QLineEdit>("downFirEdt");
+}
+
+void TOnuDbaConfig::prepareRefresh() {
+    upGroup->setEnabled(true);
+    downGroup->setEnabled(true);
+}
+
+void TOnuDbaConfig::fillPage(const ReadResult& result) {
+    applyProfile(result);
+    showLimits();
+}
+
+void TOnuDbaConfig::applyProfile(const ReadResult& result) {
+    const std::int32_t profile = numberAt(result, kProfile);
+    switch (profile) {
+    case 1:
+        limits_.cirMaximum = 661375;
+        break;
+    case 2:
+        limits_.firMaximum = std::min(kProfile2Maximum, numberAt(result, kFirBound));
+        limits_.cirMaximum = std::min(kProfile2Maximum, numberAt(result, kCirBound));
+        break;
+    case 3:
+        limits_.cirMaximum = 955000;
+        break;
+    case 4:
+        limits_.firMaximum = 955000;
+        limits_.cirMaximum = 955000;
+        break;
+    default:
+        return;
+    }
+    const bool bounded = profile <= 2;
+    limits_.pirMinimum = bounded ? numberAt(result, kPirLowerBound) : 0;
+    limits_.pirMaximum = bounded ? numberAt(result, kPirUpperBound) : 1000000;
+    upFirEdt->setEnabled(profile % 2 == 0);
+}
+
+void TOnuDbaConfig::showLimits() {
+    limit("upFirEdt", kUpFir, 0, limits_.firMaximum);
+    limit("upCirEdt", kUpCir, 0, limits_.cirMaximum);
+    limit("upPirEdt", kUpPir, limits_.pirMinimum, limits_.pirMaximum);
+}
+
+void TOnuDbaConfig::limit(const char* control, int captionId, std::int32_t minimum,
+                          std::int32_t maximum) {
+    fields().at(control).check->range = {minimum, maximum};
+    auto* label = findChild<QLabel*>(QString::fromLatin1(control) + QStringLiteral("Label"));
+    label->setText(withoutMnemonics(shown(messageText(captionId) + span(minimum, maximum))));
+}
+
+bool TOnuDbaConfig::mayWrite() {
+    return ConfigPage::mayWrite() &&
+           ratesInOrder("upFirEdt", "upCirEdt", "upPirEdt", kUpstreamOrder) &&
+           ratesInOrder("downFirEdt", "downCirEdt", "downPirEdt", kDownstreamOrder);
+}
+
+bool TOnuDbaConfig::ratesInOrder(const char* fir, const char* cir, const char* pir, int refusalId) {
+    std::int32_t fixed = 0;
+    std::int32_t committed = 0;
+    std::int32_t peak = 0;
+    if (!rateOf(cir, committed) || !rateOf(fir, fixed) || !rateOf(pir, peak)) {
+        return false;
+    }
+    if (committed < fixed || committed > peak) {
+        refuse({refusalId, {}, message::errorCaption, platform::PromptIcon::none},
+               findChild<QLineEdit*>(QString::fromLatin1(cir)));
+        return false;
+    }
+    return true;
+}
+
+bool TOnuDbaConfig::rateOf(const char* control, std::int32_t& rate) const {
+    const std::string text = stateOf(*findChild<QLineEdit*>(QString::fromLatin1(control))).text;
+    const auto number = wholeNumber(text);
+    if (!number) {
+        tellNotANumber(text, replyHandle());
+    }
+    rate = number.value_or(0);
+    return number.has_value();
+}
+
+void TOnuDbaConfig::bindWrite(WriteRequest& request) {
+    // Without a selection the shaping action stays what it is.
+    fields().at("shapeActionComb").written =
+        shapeActionComb->currentText().isEmpty() ? Written::never : Written::always;
+    ConfigPage::bindWrite(request);
+}
+
+} // namespace onudesk

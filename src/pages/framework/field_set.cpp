@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#include "pages/framework/field_set.h"
+
+#include "pages/framework/controls.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace onudesk {
+
+void FieldSet::add(FormGrid& form, std::vector<Field> fields) {
+    form.add(fields);
+    bound_.reserve(bound_.size() + fields.size());
+    for (Field& field : fields) {
+        auto* control = form.find<QWidget>(field.control);
+        auto* tick = form.find<QAbstractButton>(field.tick.button);
+        bound_.push_back({std::move(field), control, tick});
+    }
+}
+
+Field& FieldSet::at(const std::string& control) {
+    const auto found = std::ranges::find_if(
+        bound_, [&](const Bound& bound) { return bound.field.control == control; });
+    if (found == bound_.end()) {
+        qFatal("no field named %s", control.c_str());
+    }
+    return found->field;
+}
+
+std::vector<ObjectName> FieldSet::objects() const {
+    std::vector<ObjectName> names;
+    names.reserve(bound_.size());
+    for (const Bound& bound : bound_) {
+        if (!bound.field.object.name.empty()) {
+            names.push_back(bound.field.object);
+        }
+    }
+    return names;
+}
+
+void FieldSet::show(const ReadResult& result) const {
+    for (const Bound& bound : bound_) {
+        const auto text = shownText(bound.field, result);
+        if (!text) {
+            continue;
+        }
+        auto* combo = qobject_cast<QComboBox*>(bound.control);
+        if (combo == nullptr) {
+            setControlText(*bound.control, *text);
+        } else if (bound.field.codes.unknown == UnknownCode::clears) {
+            selectOrClear(*combo, result.values[bound.field.position]);
+        } else {
+            selectIfKnown(*combo, result.values[bound.field.position]);
+        }
+    }
+}
+
+void FieldSet::showRow(const RowTable& table, int row) const {
+    const std::vector<std::string> cells = table.cells(row);
+    const std::vector<std::string> values = table.values(row);
+    for (const Bound& bound : bound_) {
+        if (bound.field.position >= cells.size()) {
+            continue;
+        }
+        if (auto* combo = qobject_cast<QComboBox*>(bound.control)) {
+            selectIfKnown(*combo, values[bound.field.position]);
+        } else {
+            setControlText(*bound.control, cells[bound.field.position]);
+        }
+    }
+}
+
+void FieldSet::empty() const {
+    for (const Bound& bound : bound_) {
+        if (bound.field.position == kNotRead) {
+            continue;
+        }
+        if (auto* combo = qobject_cast<QComboBox*>(bound.control)) {
+            selectByText(*combo, {});
+        } else {
+            setControlText(*bound.control, {});
+        }
+    }
+}
+
+FieldState FieldSet::stateOf(const Bound& bound) {
+    FieldState state = bound.control == nullptr ? FieldState{} : onudesk::stateOf(*bound.control);
+    if (bound.tick != nullptr) {
+        state.ticked = bound.tick->isChecked();
+    }
+    return state;
+}
+
+bool FieldSet::check(std::uint32_t owner) const {
+    for (const Bound& bound : bound_) {
+        if (const auto failure = checkField(bound.field, stateOf(bound))) {
+            refuse(*failure, bound.control, owner);
+            return false;
+        }
+    }
+    return true;
+}
+
+void FieldSet::bind(WriteRequest& request, const std::string& suffix,
+                    const std::string& prefix) const {
+    for (const Bound& bound : bound_) {
+        const FieldState state = stateOf(bound);
+        if (isWritten(bound.field, state) && bound.field.object.name.starts_with(prefix)) {
+            request.bind(bound.field.object, writtenValue(bound.field, state), suffix,
+                         writtenLength(bound.field));
+        }
+    }
+}
+
+} // namespace onudesk

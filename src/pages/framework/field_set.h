@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "pages/framework/fields.h"
+#include "pages/framework/form_grid.h"
+#include "pages/framework/row_table.h"
+#include "pages/framework/write_request.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include <QAbstractButton>
+#include <QWidget>
+
+namespace onudesk {
+
+// The fields of a page or item dialog together with their controls: made, filled, checked and
+// written in one order.
+class FieldSet {
+public:
+    // Makes the controls in the form, which owns them. Order is the order of adding.
+    void add(FormGrid& form, std::vector<Field> fields);
+
+    // The field of a control, to change its bounds.
+    [[nodiscard]] Field& at(const std::string& control);
+
+    // The objects that the fields write.
+    [[nodiscard]] std::vector<ObjectName> objects() const;
+
+    // Shows a decoded reply; fields it has no value for stay as they are.
+    void show(const ReadResult& result) const;
+    // Shows the row of a table: cells as they stand, in combos what their values choose; a value
+    // that is no code of its combo leaves the combo as it is.
+    void showRow(const RowTable& table, int row) const;
+    // Empties edits and memos and clears selections of all fields that replies fill.
+    void empty() const;
+    // Checks in order. The first bad field is told, in a box owned by that window, and gets the
+    // focus.
+    [[nodiscard]] bool check(std::uint32_t owner) const;
+    // One binding per field that is written, in order, for that instance. With a prefix, only of
+    // objects whose names begin with it.
+    void bind(WriteRequest& request, const std::string& suffix,
+              const std::string& prefix = {}) const;
+
+private:
+    struct Bound {
+        Field field;
+        QWidget* control = nullptr; // null for a constant
+        QAbstractButton* tick = nullptr;
+    };
+    [[nodiscard]] static FieldState stateOf(const Bound& bound);
+
+    std::vector<Bound> bound_;
+};
+
+} // namespace onudesk

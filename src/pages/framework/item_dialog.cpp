@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#include "pages/framework/item_dialog.h"
+
+#include <utility>
+
+#include <QGroupBox>
+#include <QVBoxLayout>
+
+namespace onudesk {
+
+namespace {
+
+// 0xE4B483 as blue, green, red.
+const QColor kDialogTitle(0x83, 0xB4, 0xE4);
+const QColor kDialogColour(232, 240, 247);
+
+} // namespace
+
+ItemDialog::ItemDialog(ListPage& page, ItemRules rules, int row)
+    : QDialog(&page, Qt::Dialog | Qt::FramelessWindowHint),
+      TitlePanel(new TitleBar(this, kDialogTitle)), WorkPanel(new QWidget(this)), page_(page),
+      rules_(std::move(rules)), buttons_(new QHBoxLayout) {
+    setFont(textFont());
+    paintPlain(*this, kDialogColour);
+    setCaption(*this, rules_.titleId);
+    setCaption(*TitlePanel->TitleLabel, rules_.titleId);
+    TitlePanel->onClose = [this] { ClosePanelClick(); };
+    new QVBoxLayout(WorkPanel);
+    if (!rules_.fields.empty()) {
+        addFields(*new QWidget(WorkPanel), rules_.fields, rules_.pairs);
+    }
+    for (const ItemGroup& group : rules_.groups) {
+        auto* box = new QGroupBox(WorkPanel);
+        box->setObjectName(QString::fromLatin1(group.name));
+        setCaption(*box, group.titleId);
+        addFields(*box, group.fields, group.pairs);
+    }
+    buttons_->addStretch();
+    if (rules_.ok.name != nullptr) {
+        okBtn = makeButton(this, rules_.ok.name, rules_.ok.captionId, [this] { okBtnClick(); });
+        buttons_->addWidget(okBtn);
+    }
+    cancelBtn =
+        makeButton(this, rules_.cancel.name, rules_.cancel.captionId, [this] { cancelBtnClick(); });
+    buttons_->addWidget(cancelBtn);
+    buttons_->addStretch();
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(2, 2, 2, 8);
+    column->addWidget(TitlePanel);
+    column->addWidget(WorkPanel, 1);
+    column->addLayout(buttons_);
+    fields_.showRow(*page.mainTable, row);
+}
+
+void ItemDialog::addFields(QWidget& area, const std::vector<Field>& fields, int pairs) {
+    FormGrid form(area, pairs);
+    fields_.add(form, fields);
+    WorkPanel->layout()->addWidget(&area);
+}
+
+QPushButton* ItemDialog::addButton(const char* name, int captionId, std::function<void()> onClick) {
+    QPushButton* button = makeButton(this, name, captionId, std::move(onClick));
+    // Before Cancel and the stretch behind it.
+    buttons_->insertWidget(buttons_->count() - 2, button);
+    setTabOrder(button, cancelBtn);
+    return button;
+}
+
+bool ItemDialog::mayWrite() {
+    return fields_.check(page_.replyHandle());
+}
+
+void ItemDialog::bindWrite(WriteRequest& request) {
+    fields_.bind(request, instance());
+}
+
+std::string ItemDialog::instance() const {
+    std::string instance = page_.session().OnuIndexText;
+    if (!rules_.fields.empty()) {
+        const QString key = QString::fromStdString(rules_.fields.front().control);
+        instance += '.';
+        instance += stateOf(*findChild<QWidget*>(key)).text;
+    }
+    return instance;
+}
+
+void ItemDialog::okBtnClick() {
+    if (!mayWrite()) {
+        return;
+    }
+    if (WriteRequest request = page_.beginWrite()) {
+        bindWrite(request);
+        page_.finishWrite(std::move(request));
+        accept();
+    }
+}
+
+void ItemDialog::reject() {
+    if (rules_.refreshesPage) {
+        page_.mainTable->clearRows();
+    }
+    QDialog::reject();
+}
+
+void ItemDialog::done(int result) {
+    const bool closing = isVisible();
+    QDialog::done(result);
+    if (closing) {
+        FormClose();
+    }
+}
+
+void ItemDialog::FormClose() {
+    if (rules_.refreshesPage) {
+        page_.refreshBtnClick();
+    }
+}
+
+void ItemDialog::refuse(const CheckFailure& failure, QWidget* focus) const {
+    onudesk::refuse(failure, focus, page_.replyHandle());
+}
+
+} // namespace onudesk

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#include "pages/management/onu_cpu_car.h"
+
+#include "onudesk/messages.h"
+
+namespace onudesk {
+
+TOnuCpuCar::TOnuCpuCar(Session& session, std::int32_t itemType, QWidget* parent)
+    : ConfigPage(session, itemType,
+                 {.helpKeyId = 6251,
+                  .group = "group1",
+                  .refreshKeepsConfig = true,
+                  .onDecoded = OnDecoded::followsFlag,
+                  .onFailedDecode = OnFailedDecode::disables,
+                  .resultText = "group1",
+                  .minimumValues = 1},
+                 parent) {
+    buildForm({{.control = "cpuEdit",
+                .labelId = 91501,
+                .position = 0,
+                .object = {"onuCpuCarRate"},
+                .check = numberIn(0, 10000, EmptyText::blankTakesFocus),
+                .written = Written::always}});
+    cpuEdit = findChild<QLineEdit*>(QStringLiteral("cpuEdit"));
+    start();
+}
+
+void TOnuCpuCar::handleMessage(const platform::WindowMessage& message) {
+    if (message.number == WM_CODEPARA_READ_REPLY) {
+        digitsOnly(*cpuEdit);
+    }
+    ConfigPage::handleMessage(message);
+}
+
+} // namespace onudesk

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "pages/framework/config_page.h"
+
+#include <array>
+
+#include <QComboBox>
+#include <QLineEdit>
+
+namespace onudesk {
+
+// How the ONU serves its four egress queues, and whether it remaps COS values. Weights count in one
+// of the modes only.
+class TOnuQueueScheduler : public ConfigPage {
+    Q_OBJECT
+public:
+    TOnuQueueScheduler(Session& session, std::int32_t itemType, QWidget* parent);
+
+    QComboBox* modeComb = nullptr;
+    std::array<QLineEdit*, 4> queueEdits{}; // queue0Edit to queue3Edit
+
+    void modeCombChange();
+
+protected:
+    void bindWrite(WriteRequest& request) override;
+    void fillPage(const ReadResult& result) override;
+
+private:
+    const ValueMap modes_;
+    const ValueMap switches_;
+};
+
+} // namespace onudesk

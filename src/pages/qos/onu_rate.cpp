@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include "pages/qos/onu_rate.h"
+
+#include <QGridLayout>
+#include <QLabel>
+
+namespace onudesk {
+
+namespace {
+
+constexpr int kNoLimitNote = 66407;
+constexpr int kTypedBytes = 7;
+
+struct TrafficRate {
+    const char* control;
+    const char* radio;
+    const char* object;
+    int labelId;
+};
+
+// In the order of the reply.
+constexpr TrafficRate kRates[] = {
+    {"downMultiEdit", "downMultiRaBtn", "downMulticastRate", 66401},
+    {"upMultiEdit", "upMultiRaBtn", "upMulticastRate", 66402},
+    {"downBroadEdit", "downBroadRaBtn", "downBroadcastRate", 66403},
+    {"upBroadEdit", "upBroadRaBtn", "upBroadcastRate", 66404},
+    {"downUcastEdit", "downUcastRaBtn", "downUnkownUcastRate", 66405},
+    {"upUcastEdit", "upUcastRaBtn", "upUnkownUcastRate", 66406},
+};
+
+std::vector<Field> rateFields() {
+    std::vector<Field> fields;
+    fields.reserve(std::size(kRates));
+    for (const TrafficRate& rate : kRates) {
+        fields.push_back({.control = rate.control,
+                          .labelId = rate.labelId,
+                          .typing = {.bytes = kTypedBytes, .digitsOnly = true},
+                          .position = fields.size(),
+                          .object = {rate.object},
+                          .check = numberIn(255, 1000000, EmptyText::takesFocus),
+                          .written = Written::always,
+                          .tick = {.button = rate.radio, .radio = true}});
+    }
+    return fields;
+}
+
+} // namespace
+
+TOnuRate::TOnuRate(Session& session, std::int32_t itemType, QWidget* parent)
+    : ConfigPage(session, itemType, {.helpKeyId = 6222, .minimumValues = std::size(kRates)},
+                 parent) {
+    QWidget* form = buildForm(rateFields());
+    auto* note = new QLabel(form);
+    note->setObjectName(QStringLiteral("noteLabel"));
+    setCaption(*note, kNoLimitNote);
+    auto* grid = static_cast<QGridLayout*>(form->layout());
+    grid->addWidget(note, grid->rowCount(), 0, 1, 2);
+    start();
+}
+
+} // namespace onudesk

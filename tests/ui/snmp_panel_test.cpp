@@ -1,0 +1,507 @@
+// SPDX-License-Identifier: MIT
+#include "env/language_module.h"
+#include "mainform/config_main_form.h"
+#include "mainform/snmp_panel.h"
+#include "pages/framework/controls.h"
+#include "snmp/request.h"
+#include "ui_test.h"
+
+#include <set>
+#include <sstream>
+
+namespace onudesk {
+namespace {
+
+using platform::PromptIcon;
+
+using Names = std::set<std::string>;
+using Texts = std::vector<std::string>;
+
+Names words(const std::string& list) {
+    std::istringstream stream(list);
+    return {std::istream_iterator<std::string>(stream), {}};
+}
+
+// Everything that Apply stores.
+Texts stored(const SessionContext& context) {
+    return {std::to_string(context.snmpVersion),
+            std::to_string(context.snmpPort),
+            std::to_string(context.timeout),
+            std::to_string(context.retries),
+            context.readCommunity,
+            context.writeCommunity,
+            context.v3EngineId,
+            context.v3ContextName,
+            std::to_string(context.securityModel),
+            std::to_string(context.securityLevel),
+            context.v3UserName,
+            std::to_string(context.authProtocol),
+            context.authPassword,
+            std::to_string(context.privProtocol),
+            context.privPassword};
+}
+
+const QWidget* nextTabStop(const QWidget& from) {
+    const QWidget* next = from.nextInFocusChain();
+    while ((next->focusPolicy() & Qt::TabFocus) == 0) {
+        next = next->nextInFocusChain();
+    }
+    return next;
+}
+
+class SnmpPanelTest : public test::UiTest {
+protected:
+    SnmpPanelTest() { panel.load(); }
+
+    // The operator's choice in a list.
+    void choose(QComboBox& list, const char* text) {
+        ASSERT_GE(list.findText(QString::fromLatin1(text)), 0) << text;
+        list.setCurrentText(QString::fromLatin1(text));
+    }
+    void chooseUser(const char* level, const char* auth, const char* priv) {
+        choose(*panel.cbSnmpVersion, "version3");
+        choose(*panel.cbSecurityLevel, level);
+        choose(*panel.cbAuthProtocol, auth);
+        choose(*panel.cbPrivProtocol, priv);
+    }
+    void enter(QLineEdit& edit, const std::string& text) { setControlText(edit, text); }
+    // Presses Apply and gives back the message id of the only box.
+    int apply() {
+        panel.btnApply->setFocus(); // away from what the step before refused
+        test::click(*panel.btnApply);
+        box = desk.takeBox();
+        EXPECT_EQ(box.caption, messageText(11054));
+        for (const int id : {3013, 3014, 3015, 3016, 3017, 3018}) {
+            if (box.text == messageText(id)) {
+                return id;
+            }
+        }
+        return box.text.ends_with(" is not a number.") ? message::notANumber : 0;
+    }
+    [[nodiscard]] std::string focus() const {
+        const QWidget* widget = panel.focusWidget();
+        return widget == nullptr ? std::string() : bytesOf(widget->objectName());
+    }
+
+    SessionContext& context = session.context;
+    SnmpPanel panel{context, nullptr};
+    platform::Prompt box;
+};
+
+struct CodeCase {
+    std::int32_t SessionContext::*code;
+    QComboBox* SnmpPanel::*list;
+    std::vector<std::pair<std::int32_t, const char*>> shown;
+    std::vector<std::int32_t> unknown;
+};
+
+TEST_F(SnmpPanelTest, LoadingSelectsKnownCodesAndKeepsTheSelectionOnOthers) {
+    const CodeCase cases[] = {
+        {&SessionContext::snmpVersion,
+         &SnmpPanel::cbSnmpVersion,
+         {{0, "version1"}, {1, "version2c"}, {3, "version3"}},
+         {-1, 2, 4}},
+        {&SessionContext::securityModel,
+         &SnmpPanel::cbSecurityModel,
+         {{0, "any"}, {1, "v1"}, {2, "v2"}, {3, "v3"}},
+         {-1, 4}},
+        {&SessionContext::securityLevel,
+         &SnmpPanel::cbSecurityLevel,
+         {{1, "NoAuth,NoPriv"}, {2, "Auth,NoPriv"}, {3, "Auth,Priv"}},
+         {-1, 0, 4}},
+        {&SessionContext::authProtocol,
+         &SnmpPanel::cbAuthProtocol,
+         {{1, "NONE"}, {2, "MD5"}, {3, "SHA"}},
+         {-1, 0, 4}},
+        {&SessionContext::privProtocol,
+         &SnmpPanel::cbPrivProtocol,
+         {{1, "NONE"}, {2, "DES"}},
+         {-1, 0, 3}},
+    };
+    for (const CodeCase& expected : cases) {
+        QComboBox& list = *(panel.*expected.list);
+        EXPECT_EQ(list.count(), static_cast<int>(expected.shown.size()));
+        for (const auto& [code, text] : expected.shown) {
+            context.*expected.code = code;
+            panel.load();
+            EXPECT_EQ(bytesOf(list.currentText()), text);
+            for (const std::int32_t unknown : expected.unknown) {
+                context.*expected.code = unknown;
+                panel.load();
+                EXPECT_EQ(bytesOf(list.currentText()), text) << unknown;
+            }
+        }
+    }
+}
+
+TEST_F(SnmpPanelTest, StartsWithTheDefaultsAndShowsTextsAsStored) {
+    EXPECT_EQ(bytesOf(panel.cbSecurityModel->currentText()), "v3");
+    EXPECT_EQ(bytesOf(panel.cbSecurityLevel->currentText()), "NoAuth,NoPriv");
+    EXPECT_EQ(bytesOf(panel.cbAuthProtocol->currentText()), "NONE");
+    EXPECT_EQ(bytesOf(panel.cbPrivProtocol->currentText()), "NONE");
+    EXPECT_EQ(bytesOf(panel.edtSnmpTimeout->text()), "5");
+    EXPECT_EQ(bytesOf(panel.edtRetries->text()), "1");
+    context.snmpPort = -7;
+    context.readCommunity = std::string(100, 'r');
+    context.writeCommunity = "\xD6\xD0"; // no UTF-8
+    context.writeCommunityCopy = "as given";
+    panel.load();
+    EXPECT_EQ(bytesOf(panel.edtSnmpPort->text()), "-7");
+    EXPECT_EQ(bytesOf(panel.edtReadCommunity->text()), context.readCommunity);
+    enter(*panel.edtSnmpPort, "161");
+    EXPECT_EQ(apply(), 3018);
+    EXPECT_EQ(context.readCommunity, std::string(100, 'r'));
+    EXPECT_EQ(context.writeCommunity, "\xD6\xD0");
+    EXPECT_EQ(context.writeCommunityCopy, "as given");
+}
+
+TEST_F(SnmpPanelTest, LoadingFiresNoHandlerAndEnablesWhatItSelected) {
+    int changes = 0;
+    for (const QComboBox* list : panel.findChildren<QComboBox*>()) {
+        QObject::connect(list, &QComboBox::currentIndexChanged, list, [&] { ++changes; });
+    }
+    context.snmpVersion = 3;
+    context.securityLevel = 3;
+    context.authProtocol = 3;
+    context.privProtocol = 2;
+    panel.load();
+    EXPECT_EQ(changes, 0);
+    EXPECT_TRUE(panel.edtPrivPassword->isEnabled());
+    EXPECT_FALSE(panel.edtReadCommunity->isEnabled());
+    context.snmpVersion = 1;
+    panel.load();
+    EXPECT_FALSE(panel.edtPrivPassword->isEnabled());
+    EXPECT_TRUE(panel.edtReadCommunity->isEnabled());
+}
+
+struct EnableCase {
+    QComboBox* SnmpPanel::*list;
+    const char* choice;
+    std::string enabled; // besides what always is
+};
+
+TEST_F(SnmpPanelTest, EveryChoiceEnablesWhatItUses) {
+    using Panel = SnmpPanel;
+    const std::string communities = "edtReadCommunity edtWriteCommunity";
+    const std::string user = "edtEngineID edtContextName edtUserName cbSecurityLevel";
+    const std::string auth = user + " cbAuthProtocol";
+    const std::string authKey = auth + " edtAuthPassword";
+    const std::string privKey = authKey + " cbPrivProtocol edtPrivPassword";
+    // One after the other on the same panel.
+    const EnableCase cases[] = {
+        {&Panel::cbSnmpVersion, "version1", communities},
+        {&Panel::cbSnmpVersion, "version3", user},
+        {&Panel::cbSecurityLevel, "Auth,NoPriv", auth},
+        {&Panel::cbAuthProtocol, "MD5", authKey},
+        {&Panel::cbSecurityLevel, "Auth,Priv", authKey + " cbPrivProtocol"},
+        {&Panel::cbPrivProtocol, "DES", privKey},
+        {&Panel::cbAuthProtocol, "NONE", auth + " cbPrivProtocol edtPrivPassword"},
+        {&Panel::cbAuthProtocol, "SHA", privKey},
+        {&Panel::cbSnmpVersion, "version2c", communities},
+        {&Panel::cbSnmpVersion, "version3", privKey}, // from the lists, not from what is stored
+        {&Panel::cbSecurityLevel, "Auth,NoPriv", authKey},
+        {&Panel::cbSecurityLevel, "NoAuth,NoPriv", user},
+        {&Panel::cbSnmpVersion, "version1", communities},
+    };
+    const QColor usable = panel.palette().color(QPalette::Active, QPalette::Base);
+    const QColor face = panel.palette().color(QPalette::Active, QPalette::Button);
+    ASSERT_NE(usable, face);
+    for (const EnableCase& next : cases) {
+        choose(*(panel.*next.list), next.choice);
+        const Names enabled =
+            words("cbSnmpVersion edtSnmpPort edtSnmpTimeout edtRetries " + next.enabled);
+        const bool version3 = enabled.contains("edtUserName");
+        for (const QLabel* label : panel.findChildren<QLabel*>()) {
+            const QWidget* control = label->buddy();
+            const std::string name = bytesOf(control->objectName());
+            SCOPED_TRACE(std::string(next.choice) + " " + name);
+            EXPECT_EQ(control->isEnabled(), enabled.contains(name));
+            EXPECT_EQ(label->isEnabled(),
+                      name == "cbSecurityModel" ? version3 : control->isEnabled());
+            if (qobject_cast<const QLineEdit*>(control) != nullptr) {
+                EXPECT_EQ(control->palette().color(QPalette::Base),
+                          control->isEnabled() ? usable : face);
+            }
+        }
+        EXPECT_EQ(bytesOf(panel.cbSecurityModel->currentText()), "v3");
+    }
+}
+
+struct RefusalCase {
+    const char* level;
+    const char* user;
+    const char* authPassword;
+    const char* privPassword;
+    int textId;
+    const char* focus;
+};
+
+TEST_F(SnmpPanelTest, ApplyChecksTheUserInOrderAndStoresNothingThatFails) {
+    const RefusalCase cases[] = {
+        {"NoAuth,NoPriv", "", "", "", 3013, "edtUserName"},
+        {"NoAuth,NoPriv", "a b", "", "", 3015, "edtUserName"},
+        {"NoAuth,NoPriv", "anna", "", "?", 3018, "btnApply"},
+        {"Auth,NoPriv", "", "", "", 3013, "edtUserName"},
+        {"Auth,NoPriv", "anna", "", "", 3016, "edtAuthPassword"},
+        {"Auth,NoPriv", "an?a", "", "", 3015, "edtUserName"},
+        {"Auth,NoPriv", "anna", "se?ret", "", 3015, "edtAuthPassword"},
+        {"Auth,NoPriv", "anna", "se\"ret", "?", 3018, "btnApply"},
+        {"Auth,Priv", "anna", "secret", "", 3017, "edtPrivPassword"},
+        {"Auth,Priv", "anna", "", "", 3016, "edtAuthPassword"},
+        {"Auth,Priv", "anna", "secret", "se|ret", 3015, "edtPrivPassword"},
+        {"Auth,Priv", "anna", "se|ret", "", 3015, "edtAuthPassword"},
+        {"Auth,Priv", "anna", "secret", "hidden", 3018, "btnApply"},
+    };
+    const SessionContext before = context;
+    for (const RefusalCase& expected : cases) {
+        SCOPED_TRACE(std::string(expected.level) + " " + expected.user + " " +
+                     expected.authPassword + " " + expected.privPassword);
+        context = before;
+        chooseUser(expected.level, "MD5", "DES");
+        enter(*panel.edtUserName, expected.user);
+        enter(*panel.edtAuthPassword, expected.authPassword);
+        enter(*panel.edtPrivPassword, expected.privPassword);
+        // The user is checked before the port is converted.
+        enter(*panel.edtSnmpPort, expected.textId == 3018 ? "162" : "");
+        EXPECT_EQ(apply(), expected.textId);
+        EXPECT_EQ(focus(), expected.focus);
+        if (expected.textId == 3018) {
+            EXPECT_EQ(box.icon, PromptIcon::information);
+            EXPECT_EQ(context.authPassword, expected.authPassword);
+            EXPECT_EQ(context.privPassword, expected.privPassword);
+            continue;
+        }
+        EXPECT_EQ(box.icon, expected.textId == 3015 ? PromptIcon::warning : PromptIcon::none);
+        EXPECT_EQ(stored(context), stored(before));
+    }
+}
+
+TEST_F(SnmpPanelTest, ForbiddenCharactersAreRefusedOneByOne) {
+    chooseUser("Auth,Priv", "SHA", "DES");
+    const std::vector<QLineEdit*> edits{panel.edtUserName, panel.edtAuthPassword,
+                                        panel.edtPrivPassword};
+    for (QLineEdit* checked : edits) {
+        for (int c = 1; c <= 255; ++c) {
+            for (QLineEdit* edit : edits) {
+                enter(*edit, "good");
+            }
+            enter(*checked, std::string("a") + static_cast<char>(c));
+            const bool forbidden =
+                c >= 128 ||
+                std::string(" */:<>?\\|").find(static_cast<char>(c)) != std::string::npos;
+            EXPECT_EQ(apply(), forbidden ? 3015 : 3018) << c;
+        }
+    }
+    test::type(*panel.edtPrivPassword, QStringLiteral("é"));
+    EXPECT_EQ(apply(), 3015);
+}
+
+struct NumberCase {
+    const char* text;
+    int retries; // the message that answers it as number of retries
+    int other;   // as port or time-out
+};
+
+TEST_F(SnmpPanelTest, NumbersAreDecimalAndOnlyRetriesAreBounded) {
+    const NumberCase cases[] = {
+        {"0", 3018, 3018},
+        {"9", 3018, 3018},
+        {"009", 3018, 3018},
+        {"10", 3014, 3018},
+        {"2147483647", 3014, 3018},
+        {"2147483648", 20029, 20029},
+        {"4294967297", 20029, 20029},
+        {"", 20029, 20029},
+        {"-1", 3018, 3018}, // as the host may have given it
+        {" 1", 3018, 3018},
+        {"+-1", 20029, 20029},
+        {"1 ", 20029, 20029},
+        {"0x5", 20029, 20029},
+    };
+    const SessionContext before = context;
+    const auto expectAnswer = [&](const NumberCase& number, QLineEdit& edit, int answer,
+                                  const SessionContext& afterwards) {
+        SCOPED_TRACE(bytesOf(edit.objectName()) + " " + number.text);
+        context = before;
+        panel.load();
+        choose(*panel.cbSnmpVersion, "version2c");
+        enter(*panel.edtSnmpPort, "1161");
+        enter(*panel.edtReadCommunity, "changed");
+        enter(edit, number.text);
+        EXPECT_EQ(apply(), answer);
+        if (answer == 3018) {
+            EXPECT_EQ(context.readCommunity, "changed");
+            return;
+        }
+        EXPECT_EQ(stored(context), stored(afterwards));
+        EXPECT_EQ(focus(), bytesOf(edit.objectName()));
+        EXPECT_EQ(box.icon, answer == 3014 ? PromptIcon::information : PromptIcon::warning);
+        EXPECT_EQ(box.text, fillPlaces(messageText(answer), {number.text}));
+    };
+    for (const NumberCase& number : cases) {
+        // The version is stored before a port, version and port before a time-out that is none.
+        SessionContext partly = before;
+        expectAnswer(number, *panel.edtRetries, number.retries, partly);
+        partly.snmpVersion = 1;
+        expectAnswer(number, *panel.edtSnmpPort, number.other, partly);
+        partly.snmpPort = 1161;
+        expectAnswer(number, *panel.edtSnmpTimeout, number.other, partly);
+    }
+}
+
+TEST_F(SnmpPanelTest, RetriesAreJudgedBeforeTheUser) {
+    choose(*panel.cbSnmpVersion, "version3");
+    enter(*panel.edtRetries, "10");
+    EXPECT_EQ(apply(), 3014);
+    enter(*panel.edtRetries, "9");
+    EXPECT_EQ(apply(), 3013);
+}
+
+TEST_F(SnmpPanelTest, TheButtonRestsWhileTheBoxIsOpen) {
+    bool enabled = true;
+    desk.whileOpen = [&] { enabled = panel.btnApply->isEnabled(); };
+    EXPECT_EQ(apply(), 3018);
+    EXPECT_FALSE(enabled);
+    EXPECT_TRUE(panel.btnApply->isEnabled());
+}
+
+struct TypingCase {
+    QLineEdit* SnmpPanel::*edit;
+    int limit;
+    bool secret;
+};
+
+TEST_F(SnmpPanelTest, TypingIsLimitedAndSecretsAreStars) {
+    const TypingCase cases[] = {
+        {&SnmpPanel::edtReadCommunity, 32, true}, {&SnmpPanel::edtWriteCommunity, 100, true},
+        {&SnmpPanel::edtEngineID, 100, false},    {&SnmpPanel::edtContextName, 100, false},
+        {&SnmpPanel::edtUserName, 32, false},     {&SnmpPanel::edtAuthPassword, 32, true},
+        {&SnmpPanel::edtPrivPassword, 32, true},
+    };
+    chooseUser("Auth,Priv", "MD5", "DES");
+    for (const TypingCase& expected : cases) {
+        QLineEdit& edit = *(panel.*expected.edit);
+        edit.setEnabled(true);
+        test::type(edit, QString(120, u'x'));
+        EXPECT_EQ(edit.text(), QString(expected.limit, u'x')) << bytesOf(edit.objectName());
+        EXPECT_EQ(edit.displayText(), QString(expected.limit, expected.secret ? u'*' : u'x'));
+    }
+    for (QLineEdit* edit : {panel.edtSnmpPort, panel.edtSnmpTimeout, panel.edtRetries}) {
+        edit->clear();
+        test::type(*edit, QStringLiteral("-1a2 "));
+        EXPECT_EQ(edit->text(), QStringLiteral("12"));
+    }
+    enter(*panel.edtRetries, "1");
+    enter(*panel.edtEngineID, std::string(101, 'e'));
+    EXPECT_EQ(apply(), 3018);
+    EXPECT_EQ(context.v3EngineId, std::string(100, 'e'));
+    EXPECT_EQ(context.writeCommunity, std::string(100, 'x'));
+}
+
+TEST_F(SnmpPanelTest, ControlsAreNamedInBothLanguagesAndFollowTheEye) {
+    for (const char* file : {"libonuconfig.ENU", "libonuconfig.CHS"}) {
+        installLanguage(
+            LanguageModule::load(std::string(ONUDESK_SOURCE_DIR) + "/client/lang/" + file).value());
+        SnmpPanel shownPanel(context, nullptr);
+        shownPanel.show();
+        const auto labels = shownPanel.findChildren<QLabel*>();
+        EXPECT_EQ(labels.size(), 15);
+        for (const QLabel* label : labels) {
+            EXPECT_FALSE(label->text().isEmpty());
+            EXPECT_EQ(label->buddy()->accessibleName(), label->text());
+            EXPECT_GE(label->width(), label->sizeHint().width()) << file;
+            EXPECT_TRUE(shownPanel.rect().contains(label->parentWidget()->geometry()));
+        }
+        const QWidget* before = shownPanel.cbSnmpVersion;
+        for (std::size_t stop = 1; stop < 15; ++stop) {
+            const QWidget* next = nextTabStop(*before);
+            const QRect row = before->geometry();
+            const QPoint middle = next->geometry().center();
+            const bool sameRow = row.top() <= middle.y() && middle.y() <= row.bottom();
+            EXPECT_TRUE(sameRow ? row.right() < middle.x() : row.bottom() < middle.y())
+                << bytesOf(next->objectName());
+            before = next;
+        }
+        EXPECT_EQ(nextTabStop(*before), shownPanel.btnApply);
+    }
+}
+
+class SettingsInRequestsTest : public test::UiTest {
+protected:
+    // What the only request on the way to the host carries, version first, privacy password last.
+    Texts sent() {
+        const auto posted = host.take();
+        if (!posted) {
+            return {};
+        }
+        const CodeParaReader reader(*posted->record);
+        Texts entries;
+        for (const std::uint8_t id :
+             {CP_SNMP_VERSION, CP_SNMP_PORT, CP_TIMEOUT, CP_RETRIES, CP_READ_COMMUNITY,
+              CP_WRITE_COMMUNITY, CP_V3_ENGINE_ID, CP_V3_CONTEXT, CP_V3_SEC_MODEL, CP_V3_SEC_LEVEL,
+              CP_V3_USER, CP_V3_AUTH_PROTO, CP_V3_AUTH_KEY, CP_V3_PRIV_PROTO, CP_V3_PRIV_KEY}) {
+            const auto number = reader.integer(id);
+            entries.push_back(number ? std::to_string(static_cast<std::int32_t>(*number))
+                                     : reader.text(id).value_or("absent"));
+        }
+        return entries;
+    }
+};
+
+TEST_F(SettingsInRequestsTest, AppliedSettingsGoIntoEveryLaterRequest) {
+    session.context.menuFileName = "epononuother_menu.xml";
+    session.context.readCommunity = "public";
+    session.context.writeCommunity = "private";
+    session.context.snmpVersion = 1;
+    TConfigMainForm form(session);
+    form.show();
+    SnmpPanel& panel = *form.snmpGroup;
+    ASSERT_TRUE(sendReadRequest(session, 606));
+    EXPECT_EQ(sent(), (Texts{"1", "161", "5", "1", "public", "private", "", "", "-1", "-1", "",
+                             "-1", "", "-1", ""}));
+
+    // SNMPv1 with an empty user: what the lists show is stored along with the rest.
+    panel.cbSnmpVersion->setCurrentIndex(0);
+    test::click(*panel.btnApply);
+    EXPECT_EQ(desk.takeBox().text, messageText(3018));
+    ASSERT_TRUE(sendReadRequest(session, 606));
+    EXPECT_EQ(sent(), (Texts{"0", "161", "5", "1", "public", "private", "", "", "3", "1", "", "1",
+                             "", "1", ""}));
+
+    panel.cbSnmpVersion->setCurrentIndex(2);
+    panel.cbSecurityLevel->setCurrentIndex(2);
+    panel.cbAuthProtocol->setCurrentIndex(2);
+    panel.cbPrivProtocol->setCurrentIndex(1);
+    const std::pair<QLineEdit*, const char*> typed[] = {
+        {panel.edtSnmpPort, "1161"},
+        {panel.edtSnmpTimeout, "8"},
+        {panel.edtRetries, "9"},
+        {panel.edtEngineID, "8000"},
+        {panel.edtContextName, "ctx"},
+        {panel.edtUserName, "anna"},
+        {panel.edtAuthPassword, "auth\"key"},
+        {panel.edtPrivPassword, "privkey"},
+    };
+    for (const auto& [edit, text] : typed) {
+        edit->selectAll();
+        test::type(*edit, QString::fromLatin1(text));
+    }
+    ASSERT_TRUE(sendReadRequest(session, 606));
+    EXPECT_EQ(sent()[0], "0") << "nothing counts before Apply";
+    test::click(*panel.btnApply);
+    EXPECT_EQ(desk.takeBox().text, messageText(3018));
+    EXPECT_EQ(host.pending(), 0U) << "the panel itself sends nothing";
+    const Texts applied{"3", "1161", "8",    "9", "public",    "private", "8000",   "ctx",
+                        "3", "3",    "anna", "3", "auth\"key", "2",       "privkey"};
+    // Reads of a page and writes alike.
+    ASSERT_TRUE(sendReadRequest(session, 608));
+    EXPECT_EQ(sent(), applied);
+    CodeParaPtr write = createWriteRequest(session, 606);
+    ASSERT_TRUE(write);
+    addWriteBinding(*write, "name", {"onuName", "1.3.6.1", 4}, "1.2.5");
+    ASSERT_TRUE(postWrite(session, std::move(write)));
+    EXPECT_EQ(sent(), applied);
+}
+
+} // namespace
+} // namespace onudesk
