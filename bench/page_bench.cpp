@@ -3,7 +3,9 @@
 // Reading the basic page through the whole stack against a bare Net-SNMP session with the same
 // objects and the same agent, in turns; the time to the window's first paint; and its memory.
 #include "bare_session.h"
+#include "ctl/recorder.h"
 #include "ctl/window_driver.h"
+#include "demo_target.h"
 #include "host/agent_launcher.h"
 #include "memory.h"
 #include "platform/files.h"
@@ -92,7 +94,7 @@ void compareReads(TimedApplication& application, ClientHost& host, const OnuTarg
     onudesk::ctl::WindowDriver driver(application, host);
     driver.run(target, [&] {
         driver.window()->setUpdatesEnabled(true);
-        driver.open(kItem);
+        (void)driver.openPage(kItem);
         driver.waitUntilQuiet();
         onudesk::bench::BareSession session(target);
         for (int round = 0; round < kRounds; ++round) {
@@ -148,7 +150,7 @@ int printMemory(QApplication& application, ClientHost& host, const OnuTarget& ta
     onudesk::ctl::WindowDriver driver(application, host);
     driver.run(target, [&] {
         driver.window()->setUpdatesEnabled(true);
-        driver.open(kItem);
+        (void)driver.openPage(kItem);
         driver.waitUntilQuiet();
         driver.window()->grab();
         std::printf("%ld\n", onudesk::bench::residentKilobytes());
@@ -169,14 +171,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     const onudesk::ctl::Recorder recorder;
-    OnuTarget target;
-    target.agentAddress = "127.0.0.1";
-    target.port = agent->port();
-    target.menuFileName = "epononuother_menu.xml";
-    if (!onudesk::host::parseOnuIndex("1.2.5", target)) {
-        return 1;
-    }
-    onudesk::host::useDemoAccess(target);
+    OnuTarget target = onudesk::bench::demoTarget(agent->port());
     if (memoryOnly) {
         return printMemory(application, **host, target);
     }

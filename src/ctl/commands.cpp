@@ -1,98 +1,32 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/commands.h"
 
-#include "ctl/control_snapshot.h"
+#include "ctl/picture.h"
+#include "ctl/report.h"
 
 #include <ostream>
 
-#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QPixmap>
 #include <QWidget>
 
 namespace onudesk::ctl {
 
 namespace {
 
-QString iconName(platform::PromptIcon icon) {
-    switch (icon) {
-    case platform::PromptIcon::information:
-        return QStringLiteral("information");
-    case platform::PromptIcon::warning:
-        return QStringLiteral("warning");
-    case platform::PromptIcon::none:
-        break;
-    }
-    return QStringLiteral("none");
-}
-
-QString captionOf(const CommandContext& context) {
-    for (const TreeItem& item : context.driver.items()) {
-        if (!item.heading && item.itemType == context.options.item) {
-            return item.caption;
-        }
-    }
-    return {};
-}
-
 // Opens the item's page and waits for its values; null, with the reason told, when there is none.
 QWidget* openPage(const CommandContext& context) {
-    const std::int32_t item = context.options.item;
-    const host::OnuTarget& target = context.options.target;
-    if (target.subIndex >= 0 && target.subUnitItemType != item) {
-        context.err << "onuctl: item " << item << ": --item names another one\n";
-        return nullptr;
-    }
-    if (!context.driver.open(item)) {
-        context.err << "onuctl: item " << item << ": the menu has no such item\n";
-        return nullptr;
-    }
-    QWidget* page = context.driver.page();
-    if (page == nullptr) {
-        context.err << "onuctl: item " << item << ": there is no page for it\n";
+    const Result<QWidget*> page = context.driver.openPage(context.options.item);
+    if (!page) {
+        context.err << "onuctl: " << page.error() << '\n';
         return nullptr;
     }
     context.driver.waitUntilQuiet();
-    return page;
-}
-
-QJsonArray boxesJson(const std::vector<platform::Prompt>& boxes) {
-    QJsonArray list;
-    for (const platform::Prompt& box : boxes) {
-        list.append(QJsonObject{{QLatin1String("icon"), iconName(box.icon)},
-                                {QLatin1String("caption"), QString::fromStdString(box.caption)},
-                                {QLatin1String("text"), QString::fromStdString(box.text)}});
-    }
-    return list;
+    return *page;
 }
 
 void print(std::ostream& out, const QJsonObject& object) {
     out << QJsonDocument(object).toJson(QJsonDocument::Indented).toStdString();
-}
-
-void printPageJson(const CommandContext& context, const QWidget& page) {
-    QJsonObject controls;
-    for (const ControlSnapshot& control : snapshotControls(page)) {
-        controls[control.name] = control.properties;
-    }
-    print(context.out, {{QLatin1String("item"), context.options.item},
-                        {QLatin1String("class"), page.objectName()},
-                        {QLatin1String("caption"), captionOf(context)},
-                        {QLatin1String("controls"), controls},
-                        {QLatin1String("boxes"), boxesJson(context.recorder.boxes())}});
-}
-
-void printPageText(const CommandContext& context, const QWidget& page) {
-    context.out << context.options.item << ' ' << page.objectName().toStdString() << " \""
-                << captionOf(context).toStdString() << "\"\n";
-    for (const ControlSnapshot& control : snapshotControls(page)) {
-        context.out << describe(control).toStdString() << '\n';
-    }
-    for (const platform::Prompt& box : context.recorder.boxes()) {
-        context.out << "box " << iconName(box.icon).toStdString() << " \"" << box.caption << "\" \""
-                    << box.text << "\"\n";
-    }
 }
 
 } // namespace
@@ -123,10 +57,15 @@ ExitCode showPage(const CommandContext& context) {
     if (page == nullptr) {
         return exitUsage;
     }
+    const PageReport report{
+        context.options.item, context.driver.captionOf(context.options.item), page, {}};
     if (context.options.json) {
-        printPageJson(context, *page);
-    } else {
-        printPageText(context, *page);
+        print(context.out, pageJson(report, context.recorder.boxes()));
+        return exitOk;
+    }
+    context.out << pageText(report);
+    for (const platform::Prompt& box : context.recorder.boxes()) {
+        context.out << "box " << boxText(box) << '\n';
     }
     return exitOk;
 }
@@ -135,12 +74,9 @@ ExitCode saveScreenshot(const CommandContext& context) {
     if (openPage(context) == nullptr) {
         return exitUsage;
     }
-    context.driver.window()->setUpdatesEnabled(true);
-    QCoreApplication::processEvents(); // lays out what the values changed
-    const QString file = QString::fromStdString(context.options.outputFile.string());
-    if (!context.driver.window()->grab().save(file, "PNG")) {
-        context.err << "onuctl: " << context.options.outputFile.string()
-                    << ": the picture cannot be saved\n";
+    const std::string file = context.options.outputFile.string();
+    if (!savePicture(*context.driver.window(), file)) {
+        context.err << "onuctl: " << file << ": the picture cannot be saved\n";
         return exitClientFailed;
     }
     return exitOk;

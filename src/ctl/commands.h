@@ -3,6 +3,7 @@
 
 #include "ctl/exit_code.h"
 #include "ctl/options.h"
+#include "ctl/recorder.h"
 #include "ctl/window_driver.h"
 
 #include <iosfwd>

@@ -22,6 +22,17 @@ QString property(const ControlSnapshot& control, const char* name) {
     return control.properties[QLatin1String(name)].toString();
 }
 
+// The kind of widgets that only hold others.
+const QString kPanel = QStringLiteral("panel");
+
+QString joined(const QJsonValue& list, const char* between) {
+    QStringList texts;
+    for (const auto& text : list.toArray()) {
+        texts << text.toString();
+    }
+    return texts.join(QLatin1String(between));
+}
+
 void describeCombo(const QComboBox& combo, QJsonObject& properties) {
     QJsonArray items;
     for (int row = 0; row < combo.count(); ++row) {
@@ -100,30 +111,68 @@ QString describeKind(const QWidget& widget, QJsonObject& properties) {
 
 } // namespace
 
+ControlSnapshot snapshotControl(const QObject& object) {
+    const QLatin1String kindKey("kind");
+    const QLatin1String enabled("enabled");
+    ControlSnapshot control{object.objectName(), {}};
+    if (const auto* timer = qobject_cast<const QTimer*>(&object)) {
+        control.properties[kindKey] = QLatin1String("timer");
+        control.properties[enabled] = timer->isActive();
+    } else if (object.isWidgetType()) {
+        const auto& widget = static_cast<const QWidget&>(object);
+        const QString kind = describeKind(widget, control.properties);
+        control.properties[kindKey] = kind.isEmpty() ? kPanel : kind;
+        control.properties[enabled] = widget.isEnabled();
+        control.properties[QLatin1String("visible")] = widget.isVisible();
+        control.properties[QLatin1String("focus")] = widget.window()->focusWidget() == &widget;
+    }
+    return control;
+}
+
 std::vector<ControlSnapshot> snapshotControls(const QWidget& page) {
     std::vector<ControlSnapshot> controls;
     for (const QWidget* widget : page.findChildren<QWidget*>()) {
         const QString name = widget->objectName();
-        if (name.isEmpty() || name.startsWith(QLatin1String("qt_"))) {
+        if (name.isEmpty() || name.startsWith(QLatin1String("qt_")) ||
+            widget->window() != page.window()) {
             continue;
         }
-        ControlSnapshot control{name, {}};
-        const QString kind = describeKind(*widget, control.properties);
-        if (!kind.isEmpty()) {
-            control.properties[QLatin1String("kind")] = kind;
-            control.properties[QLatin1String("enabled")] = widget->isEnabled();
-            control.properties[QLatin1String("visible")] = widget->isVisible();
-            controls.push_back(control);
+        ControlSnapshot control = snapshotControl(*widget);
+        if (property(control, "kind") != kPanel) {
+            controls.push_back(std::move(control));
         }
     }
     for (const QTimer* timer : page.findChildren<QTimer*>()) {
-        if (!timer->objectName().isEmpty()) {
-            controls.push_back({timer->objectName(),
-                                {{QLatin1String("kind"), QLatin1String("timer")},
-                                 {QLatin1String("enabled"), timer->isActive()}}});
+        const auto* owner = qobject_cast<const QWidget*>(timer->parent());
+        if (!timer->objectName().isEmpty() && owner != nullptr &&
+            owner->window() == page.window()) {
+            controls.push_back(snapshotControl(*timer));
         }
     }
     return controls;
+}
+
+std::optional<QString> propertyText(const ControlSnapshot& control, const QString& property) {
+    static const QString rowPrefix = QStringLiteral("row:");
+    const bool isRow = property.startsWith(rowPrefix);
+    const QJsonValue value = control.properties[isRow ? QStringLiteral("rows") : property];
+    if (isRow) {
+        const QJsonValue row = value.toArray()[property.mid(rowPrefix.size()).toInt()];
+        return row.isArray() ? std::optional(joined(row, " | ")) : std::nullopt;
+    }
+    switch (value.type()) {
+    case QJsonValue::Bool:
+        return value.toBool() ? QStringLiteral("true") : QStringLiteral("false");
+    case QJsonValue::Double:
+        return QString::number(value.toInt());
+    case QJsonValue::String:
+        return value.toString();
+    case QJsonValue::Array:
+        return property == QLatin1String("rows") ? QString::number(value.toArray().size())
+                                                 : joined(value, ", ");
+    default:
+        return std::nullopt;
+    }
 }
 
 QString describe(const ControlSnapshot& control) {
@@ -138,11 +187,7 @@ QString describe(const ControlSnapshot& control) {
                                                               : QStringLiteral(" [ ]");
     }
     for (const auto& row : properties[QLatin1String("rows")].toArray()) {
-        QStringList cells;
-        for (const auto& cell : row.toArray()) {
-            cells << cell.toString();
-        }
-        line += QStringLiteral("\n    ") + cells.join(QStringLiteral(" | "));
+        line += QStringLiteral("\n    ") + joined(row, " | ");
     }
     if (!properties[QLatin1String("enabled")].toBool()) {
         line += QStringLiteral(" (disabled)");

@@ -3,26 +3,37 @@
 // What a page shows, control by control.
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include <QJsonObject>
 #include <QString>
 #include <QStringList>
 
+class QObject;
 class QWidget;
 
 namespace onudesk::ctl {
 
 struct ControlSnapshot {
     QString name;
-    // "kind", "text", "enabled", "visible" and, where they apply, "items", "index", "checked",
-    // "columns", "rows", "selected".
+    // "kind", "text", "enabled", "visible", "focus" and, where they apply, "items", "index",
+    // "checked", "columns", "rows", "selected". "focus" is whether keys go to the control while its
+    // window is in front.
     QJsonObject properties;
 };
 
-// The named controls below the widget, in the order in which they were made; plain panels are left
-// out. What an edit hides behind dots stays hidden.
+// The named controls below the widget, in the order in which they were made; plain panels, and the
+// dialogs that belong to the widget, are left out. What an edit hides behind dots stays hidden.
 [[nodiscard]] std::vector<ControlSnapshot> snapshotControls(const QWidget& page);
+// One widget or timer.
+[[nodiscard]] ControlSnapshot snapshotControl(const QObject& object);
+
+// A property as one text: true or false, numbers in decimal, items joined by ", ". Of tables "rows"
+// is their number, and "row:N" the row's visible cells joined by " | ". Nothing when the control
+// has no such property or row.
+[[nodiscard]] std::optional<QString> propertyText(const ControlSnapshot& control,
+                                                  const QString& property);
 
 // One line for the terminal.
 [[nodiscard]] QString describe(const ControlSnapshot& control);

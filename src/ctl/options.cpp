@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/options.h"
 
-#include <charconv>
+#include "bridge/read_number.h"
+
 #include <map>
 #include <utility>
 
@@ -25,6 +26,7 @@ enum LongOption : int {
     optSecrets,
     optTrace,
     optJson,
+    optWatch,
     optHelp,
     optVersion,
 };
@@ -41,15 +43,15 @@ constexpr option kLongOptions[] = {
     {"secrets", required_argument, nullptr, optSecrets},
     {"trace", required_argument, nullptr, optTrace},
     {"json", no_argument, nullptr, optJson},
+    {"watch", no_argument, nullptr, optWatch},
     {"help", no_argument, nullptr, optHelp},
     {"version", no_argument, nullptr, optVersion},
     {nullptr, 0, nullptr, 0},
 };
 
 template <typename Number>
-bool readNumber(const std::string& text, Number& number) {
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    return error == std::errc() && end == text.data() + text.size() && number >= 0;
+bool readCount(const std::string& text, Number& number) {
+    return readNumber(text, number) && number >= 0;
 }
 
 bool readVersion(const std::string& text, host::SnmpVersion& version) {
@@ -92,9 +94,9 @@ Result<bool> takeOption(int code, const std::string& text, Options& options) {
                    ? true
                    : wrong("--onu", text, "numbers as in OLT.PON.ONU");
     case optSub:
-        return readNumber(text, target.subIndex) ? true : wrong("--sub", text, "a number");
+        return readCount(text, target.subIndex) ? true : wrong("--sub", text, "a number");
     case optItem:
-        return readNumber(text, target.subUnitItemType) ? true : wrong("--item", text, "a number");
+        return readCount(text, target.subUnitItemType) ? true : wrong("--item", text, "a number");
     case optMenu:
         target.menuFileName = text;
         return text.size() <= host::kMaxParamText ? true : wrong("--menu", text, "a shorter name");
@@ -102,7 +104,7 @@ Result<bool> takeOption(int code, const std::string& text, Options& options) {
         options.clientDirectory = fs::absolute(text);
         return true;
     case optLocale:
-        return readNumber(text, target.localeId) ? true : wrong("--locale", text, "a number");
+        return readCount(text, target.localeId) ? true : wrong("--locale", text, "a number");
     case optSecrets:
         options.secretsFile = fs::absolute(text);
         return true;
@@ -111,6 +113,9 @@ Result<bool> takeOption(int code, const std::string& text, Options& options) {
         return true;
     case optJson:
         options.json = true;
+        return true;
+    case optWatch:
+        options.watch = true;
         return true;
     case optHelp:
         options.command = Command::help;
@@ -124,7 +129,7 @@ Result<bool> takeOption(int code, const std::string& text, Options& options) {
 }
 
 Result<bool> takeItem(const std::string& text, Options& options) {
-    return readNumber(text, options.item) ? true : wrong("item", text, "an item type number");
+    return readCount(text, options.item) ? true : wrong("item", text, "an item type number");
 }
 
 Result<bool> takeCommand(const std::vector<std::string>& words, Options& options) {
@@ -149,6 +154,15 @@ Result<bool> takeCommand(const std::vector<std::string>& words, Options& options
         options.outputFile = fs::absolute(words[2]);
         return takeItem(words[1], options);
     }
+    if (name == "run" && arguments == 1) {
+        if (words[1].empty()) {
+            return Error{"run: the script has no name"};
+        }
+        options.command = Command::run;
+        options.scriptFile =
+            words[1] == kStandardInput ? fs::path(words[1]) : fs::absolute(words[1]);
+        return true;
+    }
     return Error{"unknown command or wrong number of arguments: " + name + "; see onuctl --help"};
 }
 
@@ -159,6 +173,9 @@ Result<bool> checkConnection(const Options& options) {
     }
     if ((target.subIndex >= 0) != (target.subUnitItemType > 0)) {
         return Error{"--sub and --item go together"};
+    }
+    if (options.watch && options.command != Command::run) {
+        return Error{"--watch goes with run only"};
     }
     return true;
 }
@@ -197,6 +214,8 @@ Result<Options> parseOptions(const std::vector<std::string>& arguments) {
     for (const std::string& word : std::vector(copies.begin() + optind, copies.end())) {
         if (word == "--json") {
             options.json = true;
+        } else if (word == "--watch") {
+            options.watch = true;
         } else {
             words.push_back(word);
         }
@@ -226,12 +245,14 @@ Connection:
 Options:
   --trace FILE|-          one JSON line per request and reply
   --json                  print JSON
+  --watch                 tell every step of a script on standard error
   --help, --version
 
 Commands:
   items                   list the configuration items
   show ITEM               read a page and print its controls
   screenshot ITEM FILE    read a page and save a picture of the window
+  run FILE|-              work the window by a script
 )";
 }
 

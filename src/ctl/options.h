@@ -11,13 +11,14 @@
 
 namespace onudesk::ctl {
 
-enum class Command { help, version, items, show, screenshot };
+enum class Command { help, version, items, show, screenshot, run };
 
 // The command line, checked. File names are absolute.
 struct Options {
     Command command = Command::help;
     std::int32_t item = 0;            // of show and screenshot
     std::filesystem::path outputFile; // of screenshot
+    std::filesystem::path scriptFile; // of run; "-" for standard input
     bool simulate = false;
     std::optional<std::filesystem::path> recording; // of the simulator; its own when absent
     host::OnuTarget target;                         // communities and pass phrases still empty
@@ -25,9 +26,11 @@ struct Options {
     std::filesystem::path clientDirectory;
     std::optional<std::filesystem::path> traceFile; // "-" for standard output
     bool json = false;
+    bool watch = false; // of run
 };
 
 inline constexpr const char* kStandardOutput = "-";
+inline constexpr const char* kStandardInput = "-";
 
 // Arguments without the program's name. Errors are one line that names the argument.
 [[nodiscard]] Result<Options> parseOptions(const std::vector<std::string>& arguments);

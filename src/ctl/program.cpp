@@ -2,16 +2,17 @@
 #include "ctl/program.h"
 
 #include "ctl/commands.h"
+#include "ctl/observation.h"
 #include "ctl/options.h"
+#include "ctl/script.h"
+#include "ctl/script_runner.h"
 #include "ctl/secrets.h"
+#include "ctl/signal_watch.h"
 #include "host/agent_launcher.h"
 #include "host/secret_mask.h"
-#include "host/trace.h"
-#include "onudesk/messages.h"
 
 #include <fstream>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <ostream>
 #include <thread>
@@ -28,43 +29,13 @@ using host::ClientHost;
 
 constexpr const char* kVersion = "onuctl 0.1.0\n";
 
-// Writes the trace and keeps the first error, on the engine's thread; read after the engine stopped
-// or when it is quiet.
-class Observation {
-public:
-    Observation(std::ostream* trace, host::SecretMask mask)
-        : trace_(trace), mask_(std::move(mask)) {}
-
-    host::EngineObserver observer() {
-        return {[this](const host::RequestRecord& request) { write(host::traceLine(request)); },
-                [this](const host::ReplyRecord& reply) {
-                    write(host::traceLine(reply));
-                    note(reply.error);
-                }};
-    }
-    [[nodiscard]] host::ReplyError firstError() const {
-        const std::scoped_lock lock(mutex_);
-        return firstError_;
-    }
-
-private:
-    void write(const std::string& line) {
-        const std::scoped_lock lock(mutex_);
-        if (trace_ != nullptr) {
-            *trace_ << mask_.apply(line).toStdString() << '\n' << std::flush;
-        }
-    }
-    void note(const host::ReplyError& error) {
-        const std::scoped_lock lock(mutex_);
-        if (firstError_.text.empty()) {
-            firstError_ = error;
-        }
-    }
-
-    mutable std::mutex mutex_;
-    std::ostream* trace_;
-    host::SecretMask mask_;
-    host::ReplyError firstError_;
+// A command line that can be carried out.
+struct Invocation {
+    const Options& options;
+    const std::vector<Step>& script; // of run
+    std::ostream* trace;             // null for none
+    std::ostream& out;
+    std::ostream& err;
 };
 
 Result<bool> readSecrets(Options& options) {
@@ -99,36 +70,52 @@ ExitCode runCommand(const CommandContext& context) {
         return saveScreenshot(context);
     case Command::help:
     case Command::version:
+    case Command::run:
         break;
     }
     return exitOk;
 }
 
-ExitCode exitOf(std::int32_t errorStatus) {
-    switch (errorStatus) {
-    case error_status::badRequest: // settings that no request can be made of
-        return exitUsage;
-    case error_status::noPlan:
-        return exitClientFailed;
-    case error_status::walkRefused:
-    case error_status::badReply:
-        return exitAgentError;
-    default:
-        return errorStatus > 0 ? exitAgentError : exitConnectionFailed;
-    }
-}
-
 // An error of the agent or of the way to it outweighs a command that did its part.
-ExitCode judge(ExitCode command, const host::ReplyError& error, std::ostream& err) {
-    if (command != exitOk || error.text.empty()) {
+ExitCode judge(ExitCode command, const Observation& observation, std::ostream& err) {
+    const std::vector<ObservedError> errors = observation.errors();
+    if (command != exitOk || errors.empty()) {
         return command;
     }
-    err << "onuctl: " << error.text << '\n';
-    return exitOf(error.status);
+    err << "onuctl: " << errors.front().error.text << '\n';
+    return exitOf(errors.front().error.status);
 }
 
-ExitCode runWindow(const Options& options, std::ostream* trace, std::ostream& out,
-                   std::ostream& err) {
+ExitCode runCommand(const Invocation& call, WindowDriver& driver, const Recorder& recorder,
+                    const Observation& observation) {
+    ExitCode outcome = exitClientFailed;
+    driver.run(call.options.target, [&] {
+        outcome = runCommand({call.options, driver, recorder, call.out, call.err});
+    });
+    return judge(outcome, observation, call.err);
+}
+
+// The script decides itself what an error of the agent means.
+ExitCode runScript(const Invocation& call, WindowDriver& driver, Recorder& recorder,
+                   const Observation& observation) {
+    const Options& options = call.options;
+    const SignalWatch signals;
+    ScriptRunner runner(call.script, {.window = driver,
+                                      .recorder = recorder,
+                                      .observation = observation,
+                                      .out = call.out,
+                                      .err = call.err,
+                                      .interruptions = [&] { return signals.count(); },
+                                      .scriptName = scriptName(options.scriptFile),
+                                      .itemType = options.target.subUnitItemType,
+                                      .json = options.json,
+                                      .watch = options.watch});
+    driver.runUntilClosed(options.target, [&] { runner.start(); });
+    return runner.finish();
+}
+
+ExitCode runWindow(const Invocation& call) {
+    const Options& options = call.options;
     qputenv("QT_QPA_PLATFORM", "offscreen");
     // The client opens while the toolkit starts: neither needs the other.
     std::unique_ptr<ClientHost> opened;
@@ -147,27 +134,27 @@ ExitCode runWindow(const Options& options, std::ostream* trace, std::ostream& ou
     QApplication application(argc, argv);
     opening.join();
     if (!opened) {
-        err << "onuctl: " << problem << '\n';
+        call.err << "onuctl: " << problem << '\n';
         return exitClientFailed;
     }
     ClientHost& host = *opened;
     const host::OnuTarget& target = options.target;
-    Observation observation(trace, host::SecretMask(host::secretsOf(
-                                       target.readCommunity, target.writeCommunity, target.v3)));
+    Observation observation(
+        call.trace,
+        host::SecretMask(host::secretsOf(target.readCommunity, target.writeCommunity, target.v3)));
     host.engine().setObserver(observation.observer());
-    const Recorder recorder;
+    Recorder recorder;
     WindowDriver driver(application, host);
-    ExitCode outcome = exitClientFailed;
-    driver.run(options.target, [&] {
-        outcome = runCommand({options, driver, recorder, out, err});
-    });
+    const ExitCode outcome = options.command == Command::run
+                                 ? runScript(call, driver, recorder, observation)
+                                 : runCommand(call, driver, recorder, observation);
     host.engine().stop();
-    out.flush();
-    if (!out || (trace != nullptr && !trace->flush())) {
-        err << "onuctl: the output cannot be written\n";
+    call.out.flush();
+    if (!call.out || (call.trace != nullptr && !call.trace->flush())) {
+        call.err << "onuctl: the output cannot be written\n";
         return exitClientFailed;
     }
-    return judge(outcome, observation.firstError(), err);
+    return outcome;
 }
 
 } // namespace
@@ -186,6 +173,15 @@ ExitCode runProgram(const std::vector<std::string>& arguments, std::ostream& out
     if (const Result<bool> secrets = readSecrets(*options); !secrets) {
         err << "onuctl: " << secrets.error() << '\n';
         return exitUsage;
+    }
+    std::vector<Step> script;
+    if (options->command == Command::run) {
+        Result<std::vector<Step>> loaded = loadScript(options->scriptFile);
+        if (!loaded) {
+            err << "onuctl: " << loaded.error() << '\n';
+            return exitUsage;
+        }
+        script = std::move(loaded).value();
     }
     std::ofstream traceFile;
     std::ostream* trace = nullptr;
@@ -208,7 +204,7 @@ ExitCode runProgram(const std::vector<std::string>& arguments, std::ostream& out
         }
         simulator = std::move(started).value();
     }
-    return runWindow(*options, trace, out, err);
+    return runWindow({*options, script, trace, out, err});
 }
 
 } // namespace onudesk::ctl

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/window_driver.h"
 
+#include "ctl/control_finder.h"
+
 #include <QApplication>
 #include <QEventLoop>
 #include <QTimer>
@@ -24,22 +26,16 @@ int depthOf(const QTreeWidgetItem& item) {
 
 } // namespace
 
-Recorder::Recorder()
-    : prompterBefore_(platform::installPrompter(this)),
-      desktopBefore_(platform::installDesktop(this)) {}
-
-Recorder::~Recorder() {
-    platform::installPrompter(prompterBefore_);
-    platform::installDesktop(desktopBefore_);
-}
-
-platform::PromptAnswer Recorder::ask(const platform::Prompt& prompt) {
-    boxes_.push_back(prompt);
-    return prompt.buttons == platform::PromptButtons::yesNo ? platform::PromptAnswer::no
-                                                            : platform::PromptAnswer::ok;
-}
-
 void WindowDriver::run(const host::OnuTarget& target, const std::function<void()>& work) {
+    runUntilClosed(target, [&] {
+        work();
+        window_->close();
+    });
+}
+
+void WindowDriver::runUntilClosed(const host::OnuTarget& target,
+                                  const std::function<void()>& start) {
+    target_ = target;
     QTimer::singleShot(0, &application_, [&] {
         for (QWidget* widget : QApplication::topLevelWidgets()) {
             if (widget->objectName() == QLatin1String("TConfigMainForm")) {
@@ -49,12 +45,11 @@ void WindowDriver::run(const host::OnuTarget& target, const std::function<void()
         if (window_ != nullptr) {
             // Nobody looks at it; a picture paints what it needs itself.
             window_->setUpdatesEnabled(false);
-            work();
-            window_->close();
+            start();
         }
-        window_ = nullptr;
     });
     host_.show(application_, target);
+    window_ = nullptr;
 }
 
 QTreeWidget* WindowDriver::tree() const {
@@ -64,7 +59,7 @@ QTreeWidget* WindowDriver::tree() const {
 QWidget* WindowDriver::page() const {
     const auto* area = window_->findChild<QWidget*>(QStringLiteral("Panel1"));
     for (QWidget* child : area->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-        if (child->isVisible() && child->objectName().startsWith(QLatin1String("TOnu"))) {
+        if (child->isVisible() && isPage(*child)) {
             return child;
         }
     }
@@ -82,10 +77,31 @@ std::vector<TreeItem> WindowDriver::items() const {
     return items;
 }
 
-bool WindowDriver::open(std::int32_t itemType) {
-    if (!tree()->isVisible()) {
-        return page() != nullptr;
+QString WindowDriver::captionOf(std::int32_t itemType) const {
+    for (const TreeItem& item : items()) {
+        if (!item.heading && item.itemType == itemType) {
+            return item.caption;
+        }
     }
+    return {};
+}
+
+Result<QWidget*> WindowDriver::openPage(std::int32_t itemType) {
+    const std::string item = "item " + std::to_string(itemType) + ": ";
+    if (target_.subIndex >= 0 && target_.subUnitItemType != itemType) {
+        return Error{item + "--item names another one"};
+    }
+    if (tree()->isVisible() && !clickItem(itemType)) {
+        return Error{item + "the menu has no such item"};
+    }
+    QWidget* const opened = page();
+    if (opened == nullptr) {
+        return Error{item + "there is no page for it"};
+    }
+    return opened;
+}
+
+bool WindowDriver::clickItem(std::int32_t itemType) {
     for (QTreeWidgetItemIterator node(tree()); *node != nullptr; ++node) {
         if ((*node)->parent() != nullptr && (*node)->childCount() == 0 &&
             (*node)->data(0, Qt::UserRole).toInt() == itemType) {

@@ -3,13 +3,11 @@
 // Works the real window through its controls, without a screen.
 #pragma once
 
+#include "ctl/driven_window.h"
 #include "host/client_host.h"
-#include "platform/desktop.h"
-#include "platform/prompter.h"
 
 #include <cstdint>
 #include <functional>
-#include <string>
 #include <vector>
 
 #include <QString>
@@ -20,26 +18,6 @@ class QWidget;
 
 namespace onudesk::ctl {
 
-// Keeps what the window asks or tells instead of showing it; questions are answered no.
-class Recorder : public platform::Prompter, public platform::Desktop {
-public:
-    Recorder();
-    ~Recorder() override;
-    Recorder(const Recorder&) = delete;
-    Recorder& operator=(const Recorder&) = delete;
-
-    [[nodiscard]] const std::vector<platform::Prompt>& boxes() const { return boxes_; }
-
-    platform::PromptAnswer ask(const platform::Prompt& prompt) override;
-    void showHelp(const std::string& /*book*/, const std::string& /*topic*/) override {}
-    void noteCommand(const std::string& /*line*/) override {}
-
-private:
-    std::vector<platform::Prompt> boxes_;
-    platform::Prompter* prompterBefore_;
-    platform::Desktop* desktopBefore_;
-};
-
 struct TreeItem {
     int depth = 0; // below the root node
     std::int32_t itemType = 0;
@@ -47,30 +25,36 @@ struct TreeItem {
     QString caption;
 };
 
-class WindowDriver {
+class WindowDriver : public DrivenWindow {
 public:
     WindowDriver(QApplication& application, host::ClientHost& host)
         : application_(application), host_(host) {}
 
     // Opens the window on the ONU, does the work in it and closes it.
     void run(const host::OnuTarget& target, const std::function<void()>& work);
+    // Opens the window on the ONU and returns when it is closed; `start` is called once it is open.
+    void runUntilClosed(const host::OnuTarget& target, const std::function<void()>& start);
 
-    // The following only during work.
-    [[nodiscard]] QWidget* window() const { return window_; }
-    // The page in the page area that is shown, or null.
-    [[nodiscard]] QWidget* page() const;
+    // The following only while the window is open.
+    [[nodiscard]] QWidget* window() const override { return window_; }
+    [[nodiscard]] QWidget* page() const override;
+    Result<QWidget*> openPage(std::int32_t itemType) override;
+    [[nodiscard]] QString captionOf(std::int32_t itemType) const override;
     [[nodiscard]] std::vector<TreeItem> items() const;
-    // Clicks the item in the tree; false when the menu does not have it. In single-item mode the
-    // page is there already.
-    bool open(std::int32_t itemType);
-    // Returns when nothing is outstanding and every reply was handled.
+
+    [[nodiscard]] bool observed() const override { return host_.engine().unobserved() == 0; }
+    [[nodiscard]] bool answered() const override { return host_.engine().outstanding() == 0; }
+    [[nodiscard]] bool quiet() const override { return host_.quiet(); }
+    // Returns when quiet.
     void waitUntilQuiet() const;
 
 private:
     [[nodiscard]] QTreeWidget* tree() const;
+    bool clickItem(std::int32_t itemType);
 
     QApplication& application_;
     host::ClientHost& host_;
+    host::OnuTarget target_;
     QWidget* window_ = nullptr;
 };
 

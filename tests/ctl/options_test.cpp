@@ -57,6 +57,19 @@ TEST(Options, RelativeFileNamesBecomeAbsolute) {
     EXPECT_TRUE(options->outputFile.is_absolute());
 }
 
+TEST(Options, ScriptsComeFromAFileOrStandardInput) {
+    const auto file = parseOptions({"--sim", "--watch", "run", "s.onu"});
+    ASSERT_TRUE(file) << file.error();
+    EXPECT_EQ(file->command, Command::run);
+    EXPECT_TRUE(file->scriptFile.is_absolute());
+    EXPECT_TRUE(file->watch);
+    const auto input = parseOptions({"--sim", "run", "-", "--watch", "--json"});
+    ASSERT_TRUE(input) << input.error();
+    EXPECT_EQ(input->scriptFile, kStandardInput);
+    EXPECT_TRUE(input->watch);
+    EXPECT_TRUE(input->json);
+}
+
 TEST(Options, MistakesAreNamed) {
     const std::pair<Words, const char*> cases[] = {
         {{}, "no command"},
@@ -82,6 +95,9 @@ TEST(Options, MistakesAreNamed) {
         {{"--sim", "--secrets", "", "items"}, "empty value"},
         {{"--sim", "--trace=", "items"}, "empty value"},
         {{"--sim", "screenshot", "606", ""}, "no name"},
+        {{"--sim", "run"}, "run"},
+        {{"--sim", "run", ""}, "no name"},
+        {{"--sim", "--watch", "show", "606"}, "--watch goes with run only"},
         {{"--sim", "--menu", std::string(101, 'm'), "items"}, "--menu"},
     };
     for (const auto& [arguments, reason] : cases) {

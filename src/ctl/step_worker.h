@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ctl/control_events.h"
+#include "ctl/control_finder.h"
+#include "ctl/driven_window.h"
+#include "ctl/exit_code.h"
+#include "ctl/observation.h"
+#include "ctl/questions.h"
+#include "ctl/recorder.h"
+#include "ctl/report.h"
+#include "ctl/script.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <iosfwd>
+#include <optional>
+#include <string>
+
+namespace onudesk::ctl {
+
+// What a script runs on, and where its output goes. Everything outlives the run.
+struct RunTools {
+    DrivenWindow& window;
+    Recorder& recorder;
+    const Observation& observation;
+    std::ostream& out;
+    std::ostream& err;
+    // How often somebody wanted the run to end: once ends it after the step at hand, once more ends
+    // the waiting for the agent, too. Asked often; may be empty.
+    std::function<int()> interruptions{};
+    std::string scriptName{};
+    std::int32_t itemType = 0; // shown from the begin, 0 for none
+    bool json = false;
+    bool watch = false;
+};
+
+struct Failure {
+    ExitCode code = exitScriptFailed;
+    std::string text{};
+};
+
+// Does single steps, all but the waiting. A step that opens a dialog or a question returns only
+// when that is closed; other steps are done meanwhile.
+class StepWorker {
+public:
+    StepWorker(const RunTools& tools, Questions& questions);
+
+    std::optional<Failure> perform(const Step& step);
+
+private:
+    [[nodiscard]] Scope scope() const;
+    Problem work(const Step& step);
+    Problem open(const Step& step);
+    Problem onControl(const Step& step);
+    Problem act(QWidget& control, const Step& step);
+    Problem doubleClick(QWidget& control, int row);
+    Problem elapseTimer();
+    Problem answer(const std::string& answer);
+    Problem print(const std::string& what);
+    Problem printControl(const std::string& name);
+    void printPage();
+    void print(const ControlSnapshot& control);
+    void print(const QJsonObject& object, const std::string& text);
+    Problem expectControl(const Step& step);
+    Problem expectBox(const Step& step);
+    Problem expectNoBox();
+    Problem expectWrites(std::int32_t count);
+
+    const RunTools& tools_;
+    Questions& questions_;
+    std::int32_t itemType_;
+    std::size_t begun_ = 0; // steps
+};
+
+} // namespace onudesk::ctl

@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: MIT
+//
+// One row per script of a page: what the agent holds before and after it.
+#include "script_session.h"
+
+#include <ostream>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace onudesk::test {
+namespace {
+
+constexpr const char* kNone = "No Such Instance currently exists at this OID";
+
+struct Object {
+    std::string oid;
+    std::string before;
+    std::string after;
+};
+
+struct ScriptRun {
+    const char* script;
+    const char* onu;
+    std::vector<Object> objects;
+    int status = 0;
+};
+
+// Runs on one agent, each in a window of its own.
+struct PageScripts {
+    const char* name;
+    std::vector<ScriptRun> runs;
+};
+
+// Item, group, column and instance.
+std::string object(const char* rest) {
+    return std::string("1.3.6.1.4.1.27315.") + rest;
+}
+
+// How the test's name calls it.
+void PrintTo(const PageScripts& page, std::ostream* out) {
+    *out << page.name;
+}
+
+std::string basic(const char* columnAndOnu) {
+    return std::string("1.3.6.1.4.1.27315.606.1.1.") + columnAndOnu;
+}
+
+std::vector<PageScripts> pageScripts() {
+    const std::string mac = "\"0A 1B 2C 3D 4E 5F \"";
+    return {
+        {"basicName",
+         {{"basic_name.onu",
+           "1.2.5",
+           {{basic("19.1.2.5"), "\"Fire station\"",
+             "\"4B 65 6C 6C 65 72 20 3C 33 3E 20 E5 8C 97 \""}}},
+          {"basic_name_delete.onu",
+           "1.2.5",
+           {{basic("19.1.2.5"), "\"4B 65 6C 6C 65 72 20 3C 33 3E 20 E5 8C 97 \"", "\"\""}}}}},
+        {"basicMac",
+         {{"basic_mac_write.onu",
+           "1.1.4",
+           {{basic("20.1.1.4"), "\"00 00 00 00 00 00 \"", mac}, {basic("21.1.1.4"), kNone, kNone}}},
+          {"basic_mac_bind.onu",
+           "1.1.4",
+           {{basic("20.1.1.4"), mac, mac}, {basic("21.1.1.4"), kNone, "1"}}},
+          {"basic_mac_delete.onu",
+           "1.1.4",
+           {{basic("20.1.1.4"), mac, kNone}, {basic("21.1.1.4"), "1", kNone}}}}},
+        {"basicMacTaken",
+         {{"basic_mac_taken.onu",
+           "1.1.4",
+           {{basic("20.1.2.5"), "\"00 1A 2B AA BB 05 \"", "\"00 1A 2B AA BB 05 \""},
+            {basic("21.1.1.4"), kNone, "3"}}}}},
+        {"snmpSettings",
+         {{"snmp_settings.onu", "1.2.5", {{object("915.1.1.1.1.2.5"), "1500", "77"}}}}},
+        {"version", {{"version.onu", "1.2.5", {}}}},
+        {"reboot", {{"reboot.onu", "1.2.5", {}}}},
+        {"dba",
+         {{"dba.onu",
+           "1.2.5",
+           {{object("608.1.1.2.1.2.5"), "20000", "30000"},
+            {object("608.1.1.8.1.2.5"), "0", "3"},
+            {object("608.1.1.17.1.2.5"), "0", "2"}}}}},
+        {"ip",
+         {{"ip.onu",
+           "1.2.5",
+           {{object("500.1.1.2.1.2.5"), "10.20.2.15", "10.20.2.77"},
+            {object("675.1.1.2.1.2.5"), "172.16.2.5", "172.16.2.5"},
+            {object("675.1.1.4.1.2.5"), "172.16.0.1", "172.16.0.9"}}}}},
+        {"cpuRate", {{"cpu_rate.onu", "1.2.5", {{object("915.1.1.1.1.2.5"), "1500", "10000"}}}}},
+        {"portVlan",
+         {{"port_vlan.onu",
+           "1.2.5",
+           {{object("612.1.1.2.1.2.5.1"), "0", "1"},
+            {object("612.1.1.3.1.2.5.1"), "0", "55"},
+            {object("612.1.3.4.1.2.5.3.1"), "10", kNone},
+            {object("612.1.3.4.1.2.5.3.2"), "20", "20"},
+            {object("612.1.3.4.1.2.5.3.3"), kNone, "30"},
+            {object("612.1.3.5.1.2.5.3.3"), kNone, "1030"}}}}},
+        {"portMode", {{"port_mode.onu", "1.2.5", {{object("677.1.1.1.1.2.5.3"), "1", "2"}}}}},
+        {"vlanTable",
+         {{"vlan_table.onu",
+           "1.2.5",
+           {{object("611.1.1.2.1.2.5.100"), "1", kNone},
+            {object("611.1.1.4.1.2.5.250"), kNone, "1"}}}}},
+        {"vlanMode", {{"vlan_mode.onu", "1.2.5", {{object("767.1.1.1.1.2.5"), "1", "2"}}}}},
+        {"managementVlan",
+         {{"management_vlan.onu",
+           "1.2.5",
+           {{object("679.1.1.1.1.2.5"), "4094", "300"}, {object("679.1.1.3.1.2.5"), "7", "8"}}}}},
+        {"queues",
+         {{"queues.onu",
+           "1.2.5",
+           {{object("650.1.1.2.1.2.5"), "\"8,4,2,1\"", "\"8,15,2,1\""},
+            {object("650.1.1.3.1.2.5"), "1", "1"},
+            {object("651.1.1.1.1.2.5.1"), "0", "3"},
+            {object("652.1.1.1.1.2.5.6"), "6", "7"}}}}},
+        {"rates",
+         {{"rates.onu",
+           "1.2.5",
+           {{object("607.1.1.3.1.2.5.1"), "20000", "1523"},
+            {object("607.1.1.6.1.2.5.1"), "20000", "20001"},
+            {object("607.1.1.5.1.2.5.2"), "0", "1"},
+            {object("664.1.1.1.1.2.5"), "10000", "10000"},
+            {object("664.1.1.4.1.2.5"), "512", "255"}}}}},
+        {"classification",
+         {{"classification.onu",
+           "1.2.5",
+           {{object("613.1.1.1.1.2.5.1.1"), "1", "0"},
+            {object("613.1.1.1.1.2.5.1.3"), "0", "3"},
+            {object("613.1.1.9.1.2.5.1.3"), "0", "2048"},
+            {object("613.1.1.15.1.2.5.1.3"), "0", "100"}}}}},
+    };
+}
+
+class PageScriptsTest
+    : public testing::TestWithParam<std::tuple<PageScripts, std::string /*SNMP version*/>> {};
+
+TEST_P(PageScriptsTest, LeaveOnTheAgentWhatTheOperatorAskedFor) {
+    const auto& [page, version] = GetParam();
+    const ScriptSession session;
+    for (const ScriptRun& run : page.runs) {
+        SCOPED_TRACE(run.script);
+        for (const Object& object : run.objects) {
+            EXPECT_EQ(session.get(object.oid), object.before) << object.oid << " before";
+        }
+        const Finished onuctl = session.run(run.script, run.onu, version);
+        EXPECT_EQ(onuctl.status, run.status) << onuctl.err << onuctl.out;
+        for (const Object& object : run.objects) {
+            EXPECT_EQ(session.get(object.oid), object.after) << object.oid << " after";
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Pages, PageScriptsTest,
+                         testing::Combine(testing::ValuesIn(pageScripts()),
+                                          testing::Values<std::string>("1", "2c", "3")),
+                         [](const auto& instance) {
+                             return std::string(std::get<0>(instance.param).name) + "_v" +
+                                    std::get<1>(instance.param);
+                         });
+
+} // namespace
+} // namespace onudesk::test

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include "script_session.h"
+
+#include "host/client_host.h"
+
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+namespace onudesk::test {
+
+namespace {
+
+constexpr int kPatienceMilliseconds = 60000;
+
+Finished execute(const QString& program, const QStringList& arguments,
+                 const QStringList& environment = {}) {
+    QProcess process;
+    process.setEnvironment(QProcess::systemEnvironment() + environment);
+    process.start(program, arguments);
+    EXPECT_TRUE(process.waitForFinished(kPatienceMilliseconds)) << program.toStdString();
+    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+            process.readAllStandardOutput().toStdString(),
+            process.readAllStandardError().toStdString()};
+}
+
+QString text(const std::string& bytes) {
+    return QString::fromStdString(bytes);
+}
+
+// The access that the demonstration agent takes, for onuctl.
+QStringList demoEnvironment() {
+    host::OnuTarget target;
+    host::useDemoAccess(target);
+    const std::pair<const char*, std::string> settings[] = {
+        {"READ_COMMUNITY", target.readCommunity},
+        {"WRITE_COMMUNITY", target.writeCommunity},
+        {"V3_USER", target.v3.user},
+        {"V3_LEVEL", "authPriv"},
+        {"V3_AUTH_PROTOCOL", "SHA"},
+        {"V3_AUTH_PASSPHRASE", target.v3.authPassphrase},
+        {"V3_PRIV_PROTOCOL", "DES"},
+        {"V3_PRIV_PASSPHRASE", target.v3.privPassphrase},
+    };
+    QStringList environment;
+    for (const auto& [name, value] : settings) {
+        environment << text(std::string("ONUDESK_") + name + '=' + value);
+    }
+    return environment;
+}
+
+} // namespace
+
+ScriptSession::ScriptSession() {
+    auto agent = host::AgentLauncher::start(host::demoAgent(ONUDESK_BUILD_CLIENT_DIR));
+    if (agent) {
+        agent_.emplace(std::move(agent).value());
+    } else {
+        ADD_FAILURE() << agent.error();
+    }
+}
+
+Finished ScriptSession::run(const std::string& script, const std::string& onu,
+                            const std::string& version) const {
+    return execute(QStringLiteral(ONUCTL_FILE),
+                   {QStringLiteral("--agent"),
+                    QStringLiteral("127.0.0.1:%1").arg(agent_ ? agent_->port() : 1),
+                    QStringLiteral("-v"), text(version), QStringLiteral("--onu"), text(onu),
+                    QStringLiteral("run"), text(E2E_SCRIPT_DIR "/" + script)},
+                   demoEnvironment());
+}
+
+std::string ScriptSession::get(const std::string& oid) const {
+    const Finished tool =
+        execute(QStringLiteral("snmpget"),
+                {QStringLiteral("-v2c"), QStringLiteral("-cpublic"), QStringLiteral("-Oqv"),
+                 QStringLiteral("127.0.0.1:%1").arg(agent_ ? agent_->port() : 1), text(oid)});
+    EXPECT_EQ(tool.status, 0) << tool.err;
+    return tool.out.substr(0, tool.out.find_last_not_of('\n') + 1);
+}
+
+} // namespace onudesk::test

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/agent_launcher.h"
+
+#include <optional>
+#include <string>
+
+namespace onudesk::test {
+
+// What a program left behind.
+struct Finished {
+    int status = -1; // exit status, -1 when it did not exit by itself
+    std::string out;
+    std::string err;
+};
+
+// A simulated agent with the demonstration recording, the scripts that onuctl runs against it, and
+// what snmpget finds on it.
+class ScriptSession {
+public:
+    // Fails the test when the agent does not start.
+    ScriptSession();
+
+    // Runs tests/e2e/SCRIPT on an ONU ("1.2.5") with an SNMP version ("1", "2c", "3").
+    [[nodiscard]] Finished run(const std::string& script, const std::string& onu,
+                               const std::string& version) const;
+    // The object's value as `snmpget -Oqv` prints it, without the line break.
+    [[nodiscard]] std::string get(const std::string& oid) const;
+
+private:
+    std::optional<host::AgentLauncher> agent_;
+};
+
+} // namespace onudesk::test
