@@ -216,12 +216,12 @@ TEST_F(ConfigPageTest, RefreshFollowsTheFlagOnlyWhereTheRulesSaySo) {
     EXPECT_FALSE(page->refreshBtn->isEnabled());
 }
 
-TEST_F(ConfigPageTest, RefreshCanKeepConfigAndEmptyTheFields) {
-    const auto page = makePage({.refreshKeepsConfig = true, .refreshEmpties = true});
+TEST_F(ConfigPageTest, RefreshCanEmptyTheFields) {
+    const auto page = makePage({.refreshEmpties = true});
     ASSERT_TRUE(host.replyRead(kItem, values({"5", "2", "6", "x"})));
     page->control<QLineEdit>("besideEdit")->setText(QStringLiteral("typed"));
     page->refreshBtnClick();
-    EXPECT_TRUE(page->configBtn->isEnabled());
+    EXPECT_FALSE(page->configBtn->isEnabled());
     EXPECT_FALSE(page->refreshBtn->isEnabled());
     EXPECT_TRUE(page->control<QLineEdit>("numberEdit")->text().isEmpty());
     EXPECT_EQ(page->control<QComboBox>("keptComb")->currentIndex(), -1);
@@ -396,13 +396,13 @@ TEST_F(ConfigPageTest, WriteReplyRefreshesFirstThenNotifies) {
     }
 }
 
-TEST_F(ConfigPageTest, RepliesItDoesNotReadGoBack) {
-    const auto page = makePage({.readsReplies = false});
-    ASSERT_TRUE(host.replyRead(kItem, values({"1"})));
-    EXPECT_EQ(page->filled, 0);
-    EXPECT_EQ(test::TestHost::outstandingReplies(), 0U);
-    page->handleMessage({WM_CODEPARA_READ_REPLY, nullptr, 0, nullptr});
+TEST_F(ConfigPageTest, AnAnswerWithoutReplyIsAFailedOneAndUnknownMessagesAreNone) {
+    const auto page = makePage();
     page->handleMessage({4711, nullptr, 0, nullptr});
+    EXPECT_FALSE(page->configBtn->isEnabled());
+    page->handleMessage({WM_CODEPARA_READ_REPLY, nullptr, 0, nullptr});
+    EXPECT_TRUE(page->configBtn->isEnabled());
+    EXPECT_EQ(page->filled, 0);
 }
 
 TEST_F(ConfigPageTest, AnswersAfterTheOperatorMovedOnStayWithTheirPage) {

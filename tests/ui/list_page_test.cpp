@@ -9,6 +9,7 @@
 #include <QCheckBox>
 #include <QCoreApplication>
 #include <QEvent>
+#include <QGroupBox>
 #include <QHeaderView>
 #include <QTimer>
 
@@ -378,9 +379,10 @@ std::vector<Field> boxFields() {
 
 class GroupItem : public ItemDialog {
 public:
-    explicit GroupItem(SampleList& page)
-        : ItemDialog(page, {.fields = tickFields(), .groups = {{"moreGroup", 20016, boxFields()}}},
-                     0) {}
+    explicit GroupItem(SampleList& page) : ItemDialog(page, {.fields = tickFields()}, 0) {
+        addFields(*new QGroupBox(WorkPanel), boxFields(), 1);
+        fields().showRow(*page.mainTable, 0);
+    }
     template <typename Control>
     Control& control(const char* name) {
         return *findChild<Control*>(QString::fromLatin1(name));

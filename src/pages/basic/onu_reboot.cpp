@@ -19,7 +19,6 @@ TOnuReboot::TOnuReboot(Session& session, std::int32_t itemType, QWidget* parent)
                   .config = {"configBtn", message::okay},
                   .refresh = {},
                   .start = StartState::ready,
-                  .readsReplies = false,
                   .onWriteReply = OnWriteReply::notifies},
                  parent) {
     restartWayComb = FormGrid(*centredPanel(), 1).combo("restartWayComb", 62201);

@@ -19,7 +19,7 @@ constexpr int kLongestQuadGroup = 3;
 
 // Takes blanks, an optional sign and digits off the front of the text.
 template <typename Number>
-bool readNumber(std::string_view& text, Number& value, int base) {
+bool takeNumber(std::string_view& text, Number& value, int base) {
     text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
     if (text.starts_with('+') && !text.substr(1).starts_with('-')) {
         text.remove_prefix(1);
@@ -37,12 +37,12 @@ char lowerCase(char c) {
 
 std::optional<std::int64_t> leadingNumber(std::string_view text, int base) {
     std::int64_t value = 0;
-    return readNumber(text, value, base) ? std::optional(value) : std::nullopt;
+    return takeNumber(text, value, base) ? std::optional(value) : std::nullopt;
 }
 
 std::optional<std::int32_t> wholeNumber(std::string_view text) {
     std::int32_t value = 0;
-    return readNumber(text, value, 10) && text.empty() ? std::optional(value) : std::nullopt;
+    return takeNumber(text, value, 10) && text.empty() ? std::optional(value) : std::nullopt;
 }
 
 std::optional<CheckFailure> checkRange(std::string_view text, std::int64_t minimum,

@@ -99,9 +99,7 @@ void ConfigPage::updatePage() {
 }
 
 void ConfigPage::refreshBtnClick() {
-    if (!rules_.refreshKeepsConfig) {
-        enableRequestButtons(false);
-    }
+    enableRequestButtons(false);
     enableRefresh(false);
     registerReadRoute(session_, itemType_, replyHandle());
     startTimer();
@@ -125,7 +123,7 @@ void ConfigPage::startTimer() {
 }
 
 void ConfigPage::handleMessage(const platform::WindowMessage& message) {
-    if (message.number == WM_CODEPARA_READ_REPLY && rules_.readsReplies) {
+    if (message.number == WM_CODEPARA_READ_REPLY) {
         readReply(message.payload);
     } else if (message.number == WM_CODEPARA_WRITE_REPLY &&
                rules_.onWriteReply != OnWriteReply::ignored) {

@@ -50,10 +50,8 @@ struct PageRules {
     StartState start = StartState::waiting;
     bool rereadsWhenShown = false;
 
-    bool refreshKeepsConfig = false; // it disables refreshBtn only
-    bool refreshEmpties = false;     // the fields
+    bool refreshEmpties = false; // the fields
 
-    bool readsReplies = true;
     OnDecoded onDecoded = OnDecoded::enables;
     OnFailedDecode onFailedDecode = OnFailedDecode::enables;
     bool flagSetsRefresh = false;  // refreshBtn follows the completion flag, too
@@ -90,7 +88,7 @@ public:
     // Called when a page that already exists is shown again.
     void updatePage();
     virtual void configBtnClick();
-    void refreshBtnClick();
+    virtual void refreshBtnClick();
     void helpBtnClick();
     void Timer1Timer();
 

@@ -3,7 +3,6 @@
 
 #include <utility>
 
-#include <QGroupBox>
 #include <QVBoxLayout>
 
 namespace onudesk {
@@ -28,12 +27,6 @@ ItemDialog::ItemDialog(ListPage& page, ItemRules rules, int row)
     new QVBoxLayout(WorkPanel);
     if (!rules_.fields.empty()) {
         addFields(*new QWidget(WorkPanel), rules_.fields, rules_.pairs);
-    }
-    for (const ItemGroup& group : rules_.groups) {
-        auto* box = new QGroupBox(WorkPanel);
-        box->setObjectName(QString::fromLatin1(group.name));
-        setCaption(*box, group.titleId);
-        addFields(*box, group.fields, group.pairs);
     }
     buttons_->addStretch();
     if (rules_.ok.name != nullptr) {

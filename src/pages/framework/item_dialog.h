@@ -20,20 +20,11 @@
 
 namespace onudesk {
 
-// Further fields in a box with a title, below the others.
-struct ItemGroup {
-    const char* name = nullptr; // object name
-    int titleId = 0;
-    std::vector<Field> fields{};
-    int pairs = 1;
-};
-
 struct ItemRules {
     int titleId = message::itemTitle;
     // Their positions are columns of the page's table. The first one is the row's key.
     std::vector<Field> fields{};
-    int pairs = 1; // of label and control side by side
-    std::vector<ItemGroup> groups{};
+    int pairs = 1;                       // of label and control side by side
     PageButton ok{"okBtn", message::ok}; // without a name there is none
     PageButton cancel{"cancelBtn", message::cancel};
     bool refreshesPage = true; // whenever it closes; else closing leaves the page as it is
@@ -69,14 +60,15 @@ protected:
     // What closing does to the page.
     void FormClose();
 
+    // Further fields, in an area of their own below the others; pairs of label and control stand
+    // side by side. They follow the others when they are shown, checked and written.
+    void addFields(QWidget& area, const std::vector<Field>& fields, int pairs);
     // A button before Cancel.
     QPushButton* addButton(const char* name, int captionId, std::function<void()> onClick);
     [[nodiscard]] FieldSet& fields() { return fields_; }
     void refuse(const CheckFailure& failure, QWidget* focus) const;
 
 private:
-    void addFields(QWidget& area, const std::vector<Field>& fields, int pairs);
-
     ListPage& page_;
     const ItemRules rules_;
     FieldSet fields_;

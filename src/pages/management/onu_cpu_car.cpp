@@ -9,7 +9,6 @@ TOnuCpuCar::TOnuCpuCar(Session& session, std::int32_t itemType, QWidget* parent)
     : ConfigPage(session, itemType,
                  {.helpKeyId = 6251,
                   .group = "group1",
-                  .refreshKeepsConfig = true,
                   .onDecoded = OnDecoded::followsFlag,
                   .onFailedDecode = OnFailedDecode::disables,
                   .resultText = "group1",
@@ -23,6 +22,13 @@ TOnuCpuCar::TOnuCpuCar(Session& session, std::int32_t itemType, QWidget* parent)
                 .written = Written::always}});
     cpuEdit = findChild<QLineEdit*>(QStringLiteral("cpuEdit"));
     start();
+}
+
+// A read takes Refresh away, not Config.
+void TOnuCpuCar::refreshBtnClick() {
+    const bool mayConfigure = configBtn->isEnabled();
+    ConfigPage::refreshBtnClick();
+    configBtn->setEnabled(mayConfigure);
 }
 
 void TOnuCpuCar::handleMessage(const platform::WindowMessage& message) {

@@ -15,6 +15,7 @@ public:
 
     QLineEdit* cpuEdit = nullptr; // accepts digits only from the first reply on
 
+    void refreshBtnClick() override;
     void handleMessage(const platform::WindowMessage& message) override;
 };
 

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include <QHBoxLayout>
+#include <QGroupBox>
 
 namespace onudesk {
 
@@ -152,7 +152,7 @@ TOnuCls::TOnuCls(Session& session, std::int32_t itemType, QWidget* parent)
     mainTable->setColumns(columns());
     // Neither reads nor writes take it away.
     deleteBtn = makeButton(bottomPanel, "deleteBtn", message::remove, [this] { deleteBtnClick(); });
-    static_cast<QHBoxLayout*>(bottomPanel->layout())->insertWidget(1, deleteBtn);
+    buttonRow().insertWidget(1, deleteBtn);
     start();
 }
 
@@ -215,14 +215,16 @@ void TOnuCls::deleteBtnClick() {
 }
 
 TOnuClsItem::TOnuClsItem(TOnuCls& page, int row)
-    : ItemDialog(page,
-                 {.titleId = 61317,
-                  .fields = slotFields(),
-                  .pairs = 2,
-                  .groups = {{"matchGroup", 61322, matchFields(), 2}},
-                  .ok = {"OKBtn", message::ok}},
-                 row),
+    : ItemDialog(
+          page,
+          {.titleId = 61317, .fields = slotFields(), .pairs = 2, .ok = {"OKBtn", message::ok}},
+          row),
       PhyPortChBox(findChild<QCheckBox*>(QStringLiteral("PhyPortChBox"))), page_(page) {
+    auto* matchGroup = new QGroupBox(WorkPanel);
+    matchGroup->setObjectName(QStringLiteral("matchGroup"));
+    setCaption(*matchGroup, 61322);
+    addFields(*matchGroup, matchFields(), 2);
+    fields().showRow(*page.mainTable, row);
     for (const char* name : {"portEdit", "clsEdit", "indexEdit"}) {
         edit(name)->setEnabled(false);
     }
