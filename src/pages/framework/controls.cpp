@@ -218,6 +218,26 @@ std::string maskedText(const QLineEdit& edit) {
     return bytesOf(edit.displayText().replace(u'_', u' '));
 }
 
+void tabThrough(const QWidget& panel, const QLayout& buttons) {
+    QWidget* before = nullptr;
+    const auto append = [&before](QWidget* control) {
+        if (before != nullptr) {
+            QWidget::setTabOrder(before, control);
+        }
+        before = control;
+    };
+    for (QWidget* control : panel.findChildren<QWidget*>()) {
+        if ((control->focusPolicy() & Qt::TabFocus) != 0) {
+            append(control);
+        }
+    }
+    for (int at = 0; at < buttons.count(); ++at) {
+        if (QWidget* button = buttons.itemAt(at)->widget()) {
+            append(button);
+        }
+    }
+}
+
 void refuse(const CheckFailure& failure, QWidget* focus, std::uint32_t owner) {
     const QPointer<QWidget> target(focus); // the box may outlive it
     if (failure.textId != 0) {

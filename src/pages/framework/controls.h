@@ -14,6 +14,7 @@
 
 #include <QComboBox>
 #include <QFont>
+#include <QLayout>
 #include <QLineEdit>
 #include <QString>
 #include <QWidget>
@@ -62,6 +63,9 @@ void digitsOnly(QLineEdit& edit);
 void maskMac(QLineEdit& edit);
 // The text of a masked edit with its separators, and blanks where nothing was typed.
 [[nodiscard]] std::string maskedText(const QLineEdit& edit);
+
+// Tabs through what stands on the panel, in the order in which it was made, then the buttons.
+void tabThrough(const QWidget& panel, const QLayout& buttons);
 
 // Tells the operator, in a box owned by the window with that handle, and moves the focus.
 void refuse(const CheckFailure& failure, QWidget* focus, std::uint32_t owner);

@@ -49,13 +49,14 @@ void ItemDialog::addFields(QWidget& area, const std::vector<Field>& fields, int 
     FormGrid form(area, pairs);
     fields_.add(form, fields);
     WorkPanel->layout()->addWidget(&area);
+    tabThrough(*WorkPanel, *buttons_);
 }
 
 QPushButton* ItemDialog::addButton(const char* name, int captionId, std::function<void()> onClick) {
     QPushButton* button = makeButton(this, name, captionId, std::move(onClick));
     // Before Cancel and the stretch behind it.
     buttons_->insertWidget(buttons_->count() - 2, button);
-    setTabOrder(button, cancelBtn);
+    tabThrough(*WorkPanel, *buttons_);
     return button;
 }
 

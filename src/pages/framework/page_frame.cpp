@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/framework/page_frame.h"
 
+#include "pages/framework/controls.h"
 #include "pages/framework/title_bar.h"
 
 #include <QEvent>
@@ -34,22 +35,7 @@ QWidget* PageFrame::centredPanel() {
 
 void PageFrame::finishLayout() {
     bottomPanel->adjustSize();
-    // Controls in the order of the panels they stand in, the buttons below everything else.
-    QWidget* before = nullptr;
-    const auto append = [&before](QWidget* control) {
-        if (before != nullptr) {
-            setTabOrder(before, control);
-        }
-        before = control;
-    };
-    for (QWidget* control : listPanel->findChildren<QWidget*>()) {
-        if ((control->focusPolicy() & Qt::TabFocus) != 0) {
-            append(control);
-        }
-    }
-    for (int at = 0; at < buttonRow_->count(); ++at) {
-        append(buttonRow_->itemAt(at)->widget());
-    }
+    tabThrough(*listPanel, *buttonRow_);
 }
 
 void PageFrame::FrameResize() {
