@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "sim/object_table.h"
 
+#include "sim/models.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <tuple>
@@ -50,7 +52,8 @@ auto attributes(const ObjectRule& rule) {
     const ObjectSchema& schema = rule.schema;
     return std::tuple(schema.object.type, schema.access, limits(schema.range), limits(schema.size),
                       limits(schema.numbers), schema.unique, schema.index, schema.spread,
-                      rule.rowStatus, rule.stagedBy, limits(rule.entries), rule.member, rule.slots);
+                      rule.rowStatus, rule.stagedBy, limits(rule.entries), rule.member, rule.slots,
+                      rule.model);
 }
 
 template <typename Wanted>
@@ -102,6 +105,12 @@ Result<ObjectTable> ObjectTable::build(const CatalogueSchema& catalogue) {
             if (auto error = table.addGroup(module, group, name)) {
                 return std::move(*error);
             }
+            auto& columns = table.columns_[{itemType, group.name}];
+            for (const ObjectSchema& schema : group.objects) {
+                if (const auto column = Oid::parse(schema.object.oidstr)) {
+                    columns.emplace(schema.object.name, *column);
+                }
+            }
         }
     }
     return table;
@@ -110,6 +119,9 @@ Result<ObjectTable> ObjectTable::build(const CatalogueSchema& catalogue) {
 std::optional<Error> ObjectTable::addGroup(const ModuleSchema& module, const GroupSchema& group,
                                            const std::string& name) {
     onePerOnu_.push_back(group.read == ReadMode::scalar);
+    if (!group.model.empty() && findModel(group.model) == nullptr) {
+        return Error{name + ": no model " + group.model};
+    }
     for (const ObjectSchema& schema : group.objects) {
         if (schema.object.oidstr.empty()) {
             continue;
@@ -122,7 +134,8 @@ std::optional<Error> ObjectTable::addGroup(const ModuleSchema& module, const Gro
                         .stagedBy = {},
                         .entries = group.entries,
                         .member = memberColumn(group, schema.member),
-                        .slots = group.slots};
+                        .slots = group.slots,
+                        .model = group.model};
         const auto column = Oid::parse(schema.object.oidstr);
         if (!column) {
             return Error{rule.name + ": bad OID \"" + schema.object.oidstr + "\""};
@@ -157,6 +170,12 @@ std::optional<Error> ObjectTable::add(ObjectRule rule) {
                      known->second.name + ", but other attributes are not the same"};
     }
     return std::nullopt;
+}
+
+std::map<std::string, Oid, std::less<>> ObjectTable::columns(std::int32_t module,
+                                                             std::string_view group) const {
+    const auto found = columns_.find({module, std::string(group)});
+    return found == columns_.end() ? std::map<std::string, Oid, std::less<>>() : found->second;
 }
 
 const ObjectRule* ObjectTable::find(const Oid& instance) const {

@@ -8,9 +8,13 @@
 #include "snmp/object_schema.h"
 
 #include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace onudesk::sim {
@@ -25,6 +29,7 @@ struct ObjectRule {
     std::optional<NumberRange> entries; // numbers of the entries, when those are its instances
     std::optional<Oid> member;          // column of the membership of which this object is the tag
     bool slots = false;                 // its instances are slots
+    std::string model;                  // of its group; empty where rows behave as rows do
 
     [[nodiscard]] bool isRowStatus() const { return rowStatus == column; }
     // What a new instance holds where nothing was written; nothing for types without a natural
@@ -36,10 +41,14 @@ struct ObjectRule {
 class ObjectTable {
 public:
     // Objects without an OID are left out. Fails, naming the object, on an OID that is none, on a
-    // `row` or `staged` that no object of the module has for its name, on a `member` that none of
-    // the group has, and when one OID stands twice with different attributes.
+    // `model` that there is not, on a `row` or `staged` that no object of the module has for its
+    // name, on a `member` that none of the group has, and when one OID stands twice with different
+    // attributes.
     [[nodiscard]] static Result<ObjectTable> build(const CatalogueSchema& catalogue);
 
+    // The columns of the group's objects, by their names.
+    [[nodiscard]] std::map<std::string, Oid, std::less<>> columns(std::int32_t module,
+                                                                  std::string_view group) const;
     // The object an instance belongs to, or null. Pointers stay valid while the table lives.
     [[nodiscard]] const ObjectRule* find(const Oid& instance) const;
     // The objects whose rows the row status governs, itself included, in the order of their OIDs.
@@ -59,7 +68,9 @@ private:
                                                 const GroupSchema& group, const std::string& name);
 
     std::map<Oid, ObjectRule> objects_; // by column
-    std::vector<bool> onePerOnu_;       // by group
+    std::map<std::pair<std::int32_t, std::string>, std::map<std::string, Oid, std::less<>>>
+        columns_;                 // by module and group
+    std::vector<bool> onePerOnu_; // by group
 };
 
 } // namespace onudesk::sim

@@ -18,16 +18,6 @@ Value rowValue(RowStatus status) {
     return integerValue(static_cast<std::int64_t>(status));
 }
 
-std::optional<std::int64_t> numberOf(const Value& value) {
-    if (const auto* number = std::get_if<std::int64_t>(&value.content)) {
-        return *number;
-    }
-    if (const auto* number = std::get_if<std::uint64_t>(&value.content)) {
-        return static_cast<std::int64_t>(std::min<std::uint64_t>(*number, INT64_MAX));
-    }
-    return std::nullopt;
-}
-
 bool creates(const Value& value) {
     return value == rowValue(RowStatus::createAndGo) || value == rowValue(RowStatus::createAndWait);
 }
@@ -73,6 +63,10 @@ std::optional<SetStatus> SetTransaction::add(std::size_t index) {
     }
     if (const auto failure = checkValue(*rule, binding)) {
         return failure;
+    }
+    if (!rule->model.empty()) {
+        writeTo(*rule, index);
+        return std::nullopt;
     }
     if (rule->isRowStatus()) {
         return setRowStatus(*rule, binding);
@@ -212,7 +206,32 @@ bool SetTransaction::groupHolds(const ObjectRule& rule, const Oid& instance) con
         [&](const ObjectRule* other) { return exists(other->column.joined(instance)); });
 }
 
-Changes SetTransaction::finish() {
+void SetTransaction::writeTo(const ObjectRule& rule, std::size_t index) {
+    const Oid instance = rule.instanceOf(bindings_[index].oid);
+    auto known = std::ranges::find_if(modelWrites_, [&](const ModelWrite& other) {
+        return other.group == rule.group && other.write.instance() == instance;
+    });
+    if (known == modelWrites_.end()) {
+        known = modelWrites_.insert(
+            known, {rule.group, findModel(rule.model), index, GroupWrite(instance)});
+    }
+    known->write.take(rule.schema.object.name, bindings_[index].value);
+}
+
+std::optional<SetFailure> SetTransaction::runModels() {
+    Device device(store_, changes_.values);
+    for (const ModelWrite& write : modelWrites_) {
+        if (const auto status = write.model(write.write, device)) {
+            return SetFailure{*status, write.firstIndex};
+        }
+    }
+    return std::nullopt;
+}
+
+std::variant<Changes, SetFailure> SetTransaction::finish() {
+    if (const auto failure = runModels()) {
+        return *failure;
+    }
     for (const Oid& status : created_) {
         if (exists(status)) {
             const ObjectRule& rule = *store_.objects().find(status);

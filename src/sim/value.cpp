@@ -141,6 +141,16 @@ std::string formatBytes(Tag tag, const std::string& bytes) {
 
 } // namespace
 
+std::optional<std::int64_t> numberOf(const Value& value) {
+    if (const auto* number = std::get_if<std::int64_t>(&value.content)) {
+        return *number;
+    }
+    if (const auto* number = std::get_if<std::uint64_t>(&value.content)) {
+        return static_cast<std::int64_t>(std::min<std::uint64_t>(*number, INT64_MAX));
+    }
+    return std::nullopt;
+}
+
 Value integerValue(std::int64_t number) {
     return {Tag::integer, number};
 }

@@ -7,6 +7,7 @@
 #include "sim/oid.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -40,6 +41,10 @@ struct Value {
 
 [[nodiscard]] Value integerValue(std::int64_t number);
 [[nodiscard]] Value octetsValue(std::string bytes);
+
+// The number that an integer, counter, gauge or time value holds, at most 2^63 - 1; nothing for
+// others.
+[[nodiscard]] std::optional<std::int64_t> numberOf(const Value& value);
 
 // Reads a value as recordings spell it: `tag` is "2", "4", "4x", "5", "6", "64", "64x", "65", "66",
 // "67", "68", "68x" or "70"; the x forms and 68 take hexadecimal digits. The error says what is

@@ -102,6 +102,7 @@ Result<GroupSchema> readGroup(const TiXmlElement& element) {
         {{"", ReadScope::always}, {"onu", ReadScope::onu}, {"port", ReadScope::port}});
     const bool portFits = readPort(element, group.port) && (!group.port || per == ReadScope::port);
     group.staged = attribute(element, "staged");
+    group.model = attribute(element, "model");
     const auto slots = choose<bool>(attribute(element, "slots"), {{"", false}, {"yes", true}});
     const bool entriesFit = readRange(element, "entries", group.entries) &&
                             (!group.entries || (group.entries->low >= 0 && !group.staged.empty()));

@@ -15,6 +15,7 @@
 //                   status, numbered so
 //           slots   "yes": the rows of a staged group are slots of the row above them, filled and
 //                   emptied, but always there
+//           model   name of the simulator's model of the group: writes do what it says
 //   object  access  "read-only" (when missing), "read-write", "read-create" or "write-only"
 //           range   "LOW..HIGH", inclusive, for numbers
 //           size    "LOW..HIGH" or "N" bytes, for octet strings
@@ -79,6 +80,7 @@ struct GroupSchema {
     std::string staged;
     std::optional<NumberRange> entries;
     bool slots = false;
+    std::string model;
     std::vector<ObjectSchema> objects; // in the order of the file, which is the order of values
 };
 

@@ -67,6 +67,7 @@ TEST(ObjectTable, NamesWhatIsWrong) {
     EXPECT_EQ(errorOf("<group name=\"g\"><object name=\"x\" oidstr=\"1.3.1\" member=\"y\"/></group>"
                       "<group name=\"h\"><object name=\"y\" oidstr=\"1.3.2\"/></group>"),
               "module 900, group g, object x: no object y");
+    EXPECT_EQ(errorOf("<group name=\"g\" model=\"y\"/>"), "module 900, group g: no model y");
     EXPECT_EQ(errorOf("<group name=\"g\"><object name=\"x\" oidstr=\"1.x\"/></group>"),
               "module 900, group g, object x: bad OID \"1.x\"");
     EXPECT_EQ(errorOf("<group name=\"g\"><object name=\"x\" oidstr=\"1.3.1\" row=\"y\"/></group>"),

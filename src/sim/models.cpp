@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#include "sim/models.h"
+
+#include <map>
+#include <string>
+
+namespace onudesk::sim {
+
+DeviceModel findModel(std::string_view name) {
+    static const std::map<std::string, DeviceModel, std::less<>> models = {};
+    const auto found = models.find(name);
+    return found == models.end() ? nullptr : found->second;
+}
+
+} // namespace onudesk::sim
