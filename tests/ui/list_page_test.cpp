@@ -341,6 +341,16 @@ TEST_F(ListPageTest, RawKeysAndCellsStayWhole) {
     EXPECT_EQ(page->mainTable->rowCount(), 3) << "replies without row index have no key";
 }
 
+TEST_F(ListPageTest, ColumnsCanTakeTheOidAndDemandAValue) {
+    const auto page = makeList();
+    page->mainTable->setColumns(
+        {{.titleId = 20013, .required = true}, {.titleId = 20014, .position = kWholeOid}});
+    row("7", {"a"});
+    ASSERT_TRUE(host.replyRead(kItem, {.values = Texts{"b"}, .status = 1}));
+    EXPECT_EQ(page->mainTable->rowCount(), 1);
+    EXPECT_EQ(page->mainTable->cells(0), (Texts{"7", "1.3.6.1.1.7"}));
+}
+
 TEST_F(ListPageTest, ColumnsGrowWithTheirTexts) {
     const auto page = makeList();
     const RowTable& table = *page->mainTable;

@@ -110,6 +110,27 @@ std::string colonSeparated(const std::string& digits) {
     return separated;
 }
 
+std::string macText(const std::string& value) {
+    if (value.size() != kMacBytes) {
+        return colonSeparated(value);
+    }
+    std::string digits;
+    for (const char c : value) {
+        const auto byte = static_cast<unsigned char>(c);
+        digits += kHexDigits[byte / 16];
+        digits += kHexDigits[byte % 16];
+    }
+    return colonSeparated(digits);
+}
+
+std::string instanceBelow(std::string_view prefix, std::string_view oid) {
+    oid.remove_prefix(oid.starts_with('.') ? 1 : 0);
+    if (!oid.starts_with(prefix) || !oid.substr(prefix.size()).starts_with('.')) {
+        return {};
+    }
+    return std::string(oid.substr(prefix.size() + 1));
+}
+
 std::string hexOfDecimal(std::string_view decimal, int width) {
     std::array<char, 32> text{};
     std::snprintf(text.data(), text.size(), "%0*X", width,

@@ -59,6 +59,14 @@ inline constexpr std::size_t kMacBytes = 6;
 // The text with ":" between every two characters; unchanged when its length is odd.
 [[nodiscard]] std::string colonSeparated(const std::string& digits);
 
+// A MAC address as lists show it: of its six bytes in lower-case digits, of digits as they came;
+// ":" between every two.
+[[nodiscard]] std::string macText(const std::string& value);
+
+// What follows the prefix and a "." in an OID, with or without a leading "."; nothing when the OID
+// does not lie below the prefix.
+[[nodiscard]] std::string instanceBelow(std::string_view prefix, std::string_view oid);
+
 // The decimal 32-bit number in upper-case hexadecimal with at least `width` digits; 0 when it is
 // none.
 [[nodiscard]] std::string hexOfDecimal(std::string_view decimal, int width);

@@ -67,14 +67,20 @@ void RowTable::widen(int column, const QString& text) {
 }
 
 int RowTable::putReply(const ReadResult& result) {
-    const std::string index = result.oids.empty() ? std::string() : rowIndexOf(result.oids.front());
+    const std::string oid = result.oids.empty() ? std::string() : result.oids.front();
+    const std::string index = rowIndexOf(oid);
     std::string key = index;
     std::vector<std::string> cells;
     std::vector<std::string> values;
     cells.reserve(columns_.size());
     values.reserve(columns_.size());
     for (const Column& column : columns_) {
-        values.push_back(column.position == kRowIndex ? index : valueAt(result, column.position));
+        values.push_back(column.position == kRowIndex   ? index
+                         : column.position == kWholeOid ? oid
+                                                        : valueAt(result, column.position));
+        if (column.required && values.back().empty()) {
+            return -1;
+        }
         cells.push_back(cellText(column, values.back()));
         key = column.isKey ? cells.back() : key;
     }

@@ -21,8 +21,10 @@
 
 namespace onudesk {
 
-// A column's value comes from this position of the reply, or from the OID's last number.
+// A column's value comes from this position of the reply, from the last number of the first OID, or
+// is that OID.
 inline constexpr std::size_t kRowIndex = static_cast<std::size_t>(-2);
+inline constexpr std::size_t kWholeOid = static_cast<std::size_t>(-3);
 
 struct Column {
     int titleId = 0; // message id
@@ -30,7 +32,8 @@ struct Column {
     const ValueMap* map = nullptr; // outlives the table; unknown codes show nothing
     std::string (*show)(const std::string& value) = nullptr;
     bool hidden = false;
-    bool isKey = false; // at most one; without one the row index is the key
+    bool isKey = false;    // at most one; without one the row index is the key
+    bool required = false; // a reply without this value gives no row
 };
 
 // Report-style list with one selected row at most; a click beside the rows selects none.
@@ -41,7 +44,7 @@ public:
 
     void setColumns(std::vector<Column> columns);
     // Adds the reply's row, or replaces the one that has its key, and selects the remembered row.
-    // Returns the row.
+    // Returns the row, or -1 when the reply lacks a required value.
     int putReply(const ReadResult& result);
     void clearRows();
 
