@@ -189,7 +189,7 @@ void ConfigPage::bindWrite(WriteRequest& request) {
     fields_.bind(request, session_.OnuIndexText);
 }
 
-void ConfigPage::configBtnClick() {
+void ConfigPage::checkAndWrite() {
     if (!mayWrite()) {
         return;
     }

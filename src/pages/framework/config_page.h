@@ -87,7 +87,7 @@ public:
 
     // Called when a page that already exists is shown again.
     void updatePage();
-    virtual void configBtnClick();
+    virtual void configBtnClick() { checkAndWrite(); }
     virtual void refreshBtnClick();
     void helpBtnClick();
     void Timer1Timer();
@@ -103,6 +103,8 @@ public:
     void handleMessage(const platform::WindowMessage& message) override;
 
 protected:
+    // Writes what bindWrite() binds, unless mayWrite() stops it.
+    void checkAndWrite();
     // Everything that can stop Config, told to the operator.
     [[nodiscard]] virtual bool mayWrite();
     virtual void bindWrite(WriteRequest& request);

@@ -183,7 +183,7 @@ void TOnuPortVlan::configBtnClick() {
     if (mode() == kTranslation) {
         TOnuPvidItem(*this).exec();
     } else {
-        ConfigPage::configBtnClick();
+        checkAndWrite();
     }
 }
 
