@@ -2,6 +2,9 @@
 #include "pages/framework/checks.h"
 #include "pages/framework/fields.h"
 #include "pages/framework/value_map.h"
+#include "pages/framework/vlan_list.h"
+
+#include <set>
 
 #include <gtest/gtest.h>
 
@@ -218,6 +221,45 @@ TEST(FieldTexts, ShowByPositionThroughMapOrFunction) {
     EXPECT_EQ(writtenValue({.control = "a", .codes = {&map}}, {"", {}}), "");
     EXPECT_EQ(writtenValue({.control = "a"}, {"text", {}}), "text");
     EXPECT_EQ(writtenValue(constant({"row"}, "4"), {}), "4");
+}
+
+TEST(VlanLists, NameEveryVlanOnce) {
+    struct Case {
+        const char* text;
+        std::set<int> vlans; // empty: no list
+    };
+    const Case cases[] = {
+        {"8,9,11-15", {8, 9, 11, 12, 13, 14, 15}},
+        {"9,8,8-9,8,", {8, 9}},
+        {" 1 ,\n4093 - 4094 ", {1, 4093, 4094}},
+        {"5-5", {5}},
+        {"7,15-11", {7}},
+        {"15-11", {}},
+        {"", {}},
+        {" , ", {}},
+        {",", {}},
+        {"1,,2", {}},
+        {"1,0", {}},
+        {"1,4095", {}},
+        {"4094-4095", {}},
+        {"0-2", {}},
+        {"5-0", {}},
+        {"5--3", {}},
+        {"1-2000000000", {}},
+        {"99999999999", {}},
+        {"7x", {}},
+        {"1 2", {}},
+        {"1-", {}},
+        {"-5", {}},
+        {"1-2-3", {}},
+        {"1;2", {}},
+    };
+    for (const Case& expected : cases) {
+        EXPECT_EQ(parseVlanList(expected.text).value_or(std::set<int>()), expected.vlans)
+            << expected.text;
+    }
+    EXPECT_EQ(vlanListText({11, 8, 4094}), "8,11,4094");
+    EXPECT_EQ(vlanListText({}), "");
 }
 
 } // namespace

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pages/vlan/trunk_list.h"
 
-#include <algorithm>
+#include "pages/framework/vlan_list.h"
+
 #include <cstdint>
 
 namespace onudesk {
@@ -10,7 +11,6 @@ namespace {
 
 constexpr int kBadVlan = 3316;
 constexpr int kTooManyVlans = 3317;
-constexpr std::int64_t kLastVlan = 4094;
 constexpr std::size_t kMostVlans = 8;
 constexpr std::size_t kBytesPerVlan = 2;
 constexpr std::size_t kDigitsPerVlan = 4;
@@ -20,13 +20,7 @@ CheckFailure plainRefusal(int textId) {
 }
 
 std::optional<CheckFailure> addRange(std::int64_t first, std::int64_t last, std::set<int>& vlans) {
-    for (std::int64_t vlan = first; vlan <= last; ++vlan) {
-        if (vlan < 1 || vlan > kLastVlan) {
-            return plainRefusal(kBadVlan);
-        }
-        vlans.insert(static_cast<int>(vlan));
-    }
-    return std::nullopt;
+    return addVlans(first, last, vlans) ? std::nullopt : std::optional(plainRefusal(kBadVlan));
 }
 
 std::optional<CheckFailure> addPiece(std::string_view piece, std::set<int>& vlans) {
@@ -51,11 +45,10 @@ TrunkList parseTrunkList(std::string_view text) {
     if (text.empty()) {
         list.failure = CheckFailure{};
     }
-    // A comma at the end closes the last piece and opens none.
-    while (!text.empty() && !list.failure) {
-        const std::string_view piece = text.substr(0, text.find(','));
-        text.remove_prefix(std::min(piece.size() + 1, text.size()));
-        list.failure = addPiece(piece, list.vlans);
+    for (const std::string_view piece : listPieces(text)) {
+        if (!list.failure) {
+            list.failure = addPiece(piece, list.vlans);
+        }
     }
     if (!list.failure && list.vlans.size() > kMostVlans) {
         list.failure = plainRefusal(kTooManyVlans);
