@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/framework/controls.h"
+
+#include "env/language_module.h"
 #include "pages/framework/title_bar.h"
 #include "ui_test.h"
 
@@ -148,6 +150,8 @@ TEST_F(ControlsTest, RefusalsTellAndMoveTheFocus) {
     EXPECT_NE(box.text.find("9"), std::string::npos);
     EXPECT_EQ(box.owner, 5U);
     EXPECT_EQ(window.focusWidget(), &second);
+    refuse({.textId = message::subject, .after = "7!"}, nullptr, 5);
+    EXPECT_EQ(desk.takeBox().text, messageText(message::subject) + "7!");
     refuse({}, &first, 5); // focus only
     EXPECT_EQ(window.focusWidget(), &first);
     tellNotANumber("twelve", 5);

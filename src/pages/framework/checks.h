@@ -22,6 +22,7 @@ struct CheckFailure {
     std::vector<std::string> arguments{};
     int captionId = message::refusalCaption;
     platform::PromptIcon icon = platform::PromptIcon::warning;
+    std::string after{}; // what follows the text
 };
 
 // Leading blanks, an optional sign, then digits up to the first other character. Nothing when there

@@ -241,10 +241,11 @@ void tabThrough(const QWidget& panel, const QLayout& buttons) {
 void refuse(const CheckFailure& failure, QWidget* focus, std::uint32_t owner) {
     const QPointer<QWidget> target(focus); // the box may outlive it
     if (failure.textId != 0) {
-        platform::prompt({.text = fillPlaces(messageText(failure.textId), failure.arguments),
-                          .caption = messageText(failure.captionId),
-                          .icon = failure.icon,
-                          .owner = owner});
+        platform::prompt(
+            {.text = fillPlaces(messageText(failure.textId), failure.arguments) + failure.after,
+             .caption = messageText(failure.captionId),
+             .icon = failure.icon,
+             .owner = owner});
     }
     if (target) {
         target->setFocus();
