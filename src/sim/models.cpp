@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "sim/models.h"
 
+#include "sim/models/multicast.h"
+
 #include <map>
 #include <string>
 
 namespace onudesk::sim {
 
 DeviceModel findModel(std::string_view name) {
-    static const std::map<std::string, DeviceModel, std::less<>> models = {};
+    static const std::map<std::string, DeviceModel, std::less<>> models = {
+        {"controllable-multicast", writeControllableMulticast},
+        {"igmp-limits", writeIgmpLimits},
+    };
     const auto found = models.find(name);
     return found == models.end() ? nullptr : found->second;
 }

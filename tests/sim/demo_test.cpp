@@ -34,6 +34,13 @@ std::string misfit(const ObjectSchema& schema, const Value& value) {
     return {};
 }
 
+// A write to a slot of module 621 with that row status.
+std::vector<std::string> multicastEntry(const std::string& slot, int status) {
+    const std::string base = "1.9.6.3.1.";
+    return {base + "2." + slot + "|4x|01005e777777", base + "3." + slot + "|2|4094",
+            base + "4." + slot + "|2|1", base + "7." + slot + "|2|" + std::to_string(status)};
+}
+
 class DemoRecording : public testing::Test {
 protected:
     Result<Recording> recording_ = loadRecording(kDemo);
@@ -193,6 +200,18 @@ TEST_F(DemoRecording, TakesTheWritesOfThePages) {
         {{{"613.1.1.1.1.2.5.1.3|2|3", "613.1.1.16.1.2.5.1.3|2|1", "613.1.2.1.1.2.5.1.3|2|4"}},
          "inconsistentValue 3"},
         {{{"613.1.1.1.1.2.5.1.1|2|4", "613.1.2.1.1.2.5.1.1|2|6"}}, "ok"},
+        // multicast: an empty slot, of a port that is not controllable, and a full one; VLANs of a
+        // port with room, without, and of a locked ONU
+        {{multicastEntry("1.2.5.1.3", 4)}, "ok"},
+        {{multicastEntry("1.2.5.3.3", 4)}, "inconsistentValue 1"},
+        {{multicastEntry("1.2.2.1.3", 4)}, "inconsistentValue 1"},
+        {{multicastEntry("1.2.1.1.8", 6), multicastEntry("1.2.1.1.8", 4)}, "ok"},
+        {{{"624.1.1.1.1.2.5|2|0", "624.1.1.2.1.2.5|2|1"}}, "ok"},
+        {{{"625.1.1.1.1.2.5.4|2|1"}}, "ok"},
+        {{{"626.1.2.1.1.2.5.4|2|255"}}, "ok"},
+        {{{"626.1.2.2.1.2.5.1|4|1-3", "626.1.2.3.1.2.5.1|2|4"}}, "ok"},
+        {{{"626.1.2.2.1.2.5.4|4|1", "626.1.2.3.1.2.5.4|2|4"}}, "inconsistentValue 1"},
+        {{{"626.1.2.1.1.1.2.1|2|255"}}, "inconsistentValue 1"},
     };
     for (const Case& each : cases) {
         Store store(shippedTable(), recording_->values);

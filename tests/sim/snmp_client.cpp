@@ -11,7 +11,7 @@ namespace onudesk::sim::test {
 
 namespace {
 
-constexpr std::size_t kLongestWalk = 10000;
+constexpr std::size_t kLongestWalk = 100000;
 
 struct PduDelete {
     void operator()(netsnmp_pdu* pdu) const { snmp_free_pdu(pdu); }
