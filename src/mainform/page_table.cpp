@@ -7,6 +7,10 @@
 #include "pages/basic/onu_version_info.h"
 #include "pages/management/onu_cpu_car.h"
 #include "pages/management/onu_ip_config.h"
+#include "pages/multicast/onu_control_multi.h"
+#include "pages/multicast/onu_multi_igmp.h"
+#include "pages/multicast/onu_multi_report.h"
+#include "pages/multicast/onu_multicast_base.h"
 #include "pages/qos/onu_cls.h"
 #include "pages/qos/onu_cos_queue_scheduler.h"
 #include "pages/qos/onu_langress.h"
@@ -45,11 +49,11 @@ constexpr PageEntry kPages[] = {
     {617, "TOnuPortStatus", "onuPortStatus", nullptr},
     {619, "TOnuMacFilter", "onuMacFilter", nullptr},
     {620, "TOnuMacLimit", "onuMacLimit", nullptr},
-    {621, "TOnuControlMulti", "onuControlMulti", nullptr},
+    {621, "TOnuControlMulti", "onuControlMulti", make<TOnuControlMulti>},
     {622, "TOnuReboot", "onuReboot", make<TOnuReboot>},
-    {624, "TOnuMulticastBase", "onuMultiBase", nullptr},
-    {625, "TOnuMultiReport", "onuMultiReport", nullptr},
-    {626, "TOnuMultiIGMP", "onuMultiIgmp", nullptr},
+    {624, "TOnuMulticastBase", "onuMultiBase", make<TOnuMulticastBase>},
+    {625, "TOnuMultiReport", "onuMultiReport", make<TOnuMultiReport>},
+    {626, "TOnuMultiIGMP", "onuMultiIgmp", make<TOnuMultiIGMP>},
     {643, "TOnuMacAge", "onuMacAge", nullptr},
     {644, "TOnuMacMaxNum", "onuMacMaxNum", nullptr},
     {645, "TOnuSwichQinQ", "onuQinqConfig", nullptr},

@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: MIT
+#include "pages/multicast/onu_control_multi.h"
+
+#include "env/language_module.h"
+
+#include <utility>
+
+namespace onudesk {
+
+namespace {
+
+constexpr int kNotControllable = 3039;
+constexpr int kNoMulticastMac = 3041;
+constexpr int kPermit = 3100;
+constexpr int kPreview = 3101;
+
+constexpr const char* kMulticastMacs = "01:00:5e:"; // what their addresses begin with
+constexpr const char* kNewMac = "01:00:5E:  :  :  ";
+constexpr const char* kFirstColumn = "1.3.6.1.4.1.27315.1.9.6.3.1.1";
+
+// Columns; the shown ones have the first values of the reply.
+constexpr std::size_t kIndex = 0;
+constexpr std::size_t kMac = 1;
+constexpr std::size_t kVlan = 2;
+constexpr std::size_t kType = 3;
+constexpr std::size_t kInstance = 4; // not shown
+
+// Positions in the reply.
+constexpr std::size_t kPortCount = 4;
+constexpr std::size_t kControllable = 5;
+
+std::string rowInstance(const std::string& oid) {
+    return instanceBelow(kFirstColumn, oid);
+}
+
+} // namespace
+
+TOnuControlMulti::TOnuControlMulti(Session& session, std::int32_t itemType, QWidget* parent)
+    : PortListPage(session, itemType,
+                   {.helpKeyId = 6228,
+                    .config = {"cfgBtn", message::config},
+                    .resultText = "maintable",
+                    .minimumValues = 7},
+                   {.countPosition = kPortCount}, parent),
+      types_({{messageText(kPermit), "0"}, {messageText(kPreview), "1"}}) {
+    mainTable->setColumns({{.titleId = 62101, .position = kIndex},
+                           {.titleId = 62102, .position = kMac, .show = macText},
+                           {.titleId = 62103, .position = kVlan},
+                           {.titleId = 62104, .position = kType, .map = &types_},
+                           {.position = kWholeOid, .show = rowInstance, .hidden = true}});
+    deleteBtn = addRequestButton("deleteBtn", message::remove, [this] { deleteBtnClick(); });
+    start();
+}
+
+void TOnuControlMulti::fillPage(const ReadResult& result) {
+    PortListPage::fillPage(result);
+    controllable_ = leadingNumber(result.values[kControllable]) == 1;
+}
+
+void TOnuControlMulti::configBtnClick() {
+    if (controllable_) {
+        PortListPage::configBtnClick();
+    } else {
+        refuse({kNotControllable, {}, message::errorCaption}, mainTable);
+    }
+}
+
+void TOnuControlMulti::openRow(int row) {
+    TOnuControlMultiItem(*this, row).exec();
+}
+
+void TOnuControlMulti::deleteBtnClick() {
+    const int row = requireRow();
+    if (row < 0) {
+        return;
+    }
+    // Rows may come and go while the question is open.
+    const std::vector<std::string> cells = mainTable->cells(row);
+    const std::string type = mainTable->values(row)[kType];
+    const std::string& instance = cells[kInstance];
+    if (instance.empty()) {
+        refuse({message::noRowSelected}, mainTable);
+        return;
+    }
+    if (!confirmDelete(replyHandle())) {
+        return;
+    }
+    mainTable->rememberRow(row);
+    if (WriteRequest request = beginWrite()) {
+        request.bind({"multiMacIndex"}, cells[kIndex], instance);
+        request.bind({"multiMac"}, bytesOfHex(cells[kMac]), instance, kMacBytes);
+        request.bind({"multiVlan"}, cells[kVlan], instance);
+        request.bind({"multiType"}, type, instance);
+        request.bind({"multiRowStatus"}, "6", instance);
+        finishWrite(std::move(request));
+    }
+}
+
+TOnuControlMultiItem::TOnuControlMultiItem(TOnuControlMulti& page, int row)
+    : ItemDialog(page,
+                 {.titleId = 62105,
+                  .fields = {{.control = "portEdit", .labelId = message::portNumber},
+                             {.control = "indexEdit",
+                              .labelId = 62101,
+                              .position = kIndex,
+                              .object = {"multiMacIndex"},
+                              .written = Written::always},
+                             {.control = "macMaskEdit",
+                              .labelId = 62102,
+                              .kind = ControlKind::mac,
+                              .object = {"multiMac"},
+                              .written = Written::always},
+                             {.control = "vlanEdit",
+                              .labelId = 62106,
+                              .typing = {.digitsOnly = true},
+                              .position = kVlan,
+                              .object = {"multiVlan"},
+                              .check = numberIn(1, 4094),
+                              .written = Written::always},
+                             {.control = "typeComb",
+                              .labelId = 62107,
+                              .kind = ControlKind::combo,
+                              .position = kType,
+                              .object = {"multiType"},
+                              .codes = {&page.types()},
+                              .written = Written::always},
+                             constant({"multiRowStatus"}, "4")},
+                  .ok = {"OKBtn", message::ok},
+                  .cancel = {"CancelBtn", message::cancel}},
+                 row),
+      macMaskEdit(findChild<QLineEdit*>(QStringLiteral("macMaskEdit"))), page_(page),
+      indexEdit_(findChild<QLineEdit*>(QStringLiteral("indexEdit"))) {
+    auto* portEdit = findChild<QLineEdit*>(QStringLiteral("portEdit"));
+    setControlText(*portEdit, page.port());
+    portEdit->setEnabled(false);
+    indexEdit_->setEnabled(false);
+    const bool isFilled = page.mainTable->cell(row, kVlan) != "0";
+    setControlText(*macMaskEdit, isFilled ? page.mainTable->cell(row, kMac) : kNewMac);
+    macMaskEdit->setEnabled(!isFilled);
+}
+
+// The address is checked even where it cannot be changed.
+bool TOnuControlMultiItem::mayWrite() {
+    MacCheck mac =
+        checkMac(stateOf(*macMaskEdit).text, message::badMac, platform::PromptIcon::warning);
+    if (!mac.failure && !mac.address.starts_with(kMulticastMacs)) {
+        mac.failure = CheckFailure{kNoMulticastMac, {}, message::errorCaption};
+    }
+    if (mac.failure) {
+        refuse(*mac.failure, macMaskEdit);
+        return false;
+    }
+    return ItemDialog::mayWrite();
+}
+
+std::string TOnuControlMultiItem::instance() const {
+    return page_.session().OnuIndexText + "." + page_.port() + "." + stateOf(*indexEdit_).text;
+}
+
+} // namespace onudesk

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "pages/framework/item_dialog.h"
+#include "pages/framework/port_list_page.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace onudesk {
+
+// The multicast groups that a port may receive: entries by MAC address and VLAN, in slots that are
+// filled and emptied. The ONU says of each port whether they can be set.
+class TOnuControlMulti : public PortListPage {
+    Q_OBJECT
+public:
+    TOnuControlMulti(Session& session, std::int32_t itemType, QWidget* parent);
+
+    QPushButton* deleteBtn = nullptr;
+
+    [[nodiscard]] const ValueMap& types() const { return types_; }
+
+    void configBtnClick() override;
+    void deleteBtnClick();
+
+protected:
+    void openRow(int row) override;
+    void fillPage(const ReadResult& result) override;
+
+private:
+    const ValueMap types_;
+    bool controllable_ = false; // the port of the last row
+};
+
+class TOnuControlMultiItem : public ItemDialog {
+    Q_OBJECT
+public:
+    TOnuControlMultiItem(TOnuControlMulti& page, int row);
+
+    QLineEdit* macMaskEdit = nullptr;
+
+protected:
+    bool mayWrite() override;
+    [[nodiscard]] std::string instance() const override;
+
+private:
+    TOnuControlMulti& page_;
+    QLineEdit* indexEdit_;
+};
+
+} // namespace onudesk
