@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Reading long tables (the VLANs of an ONU, the classification rules of a port) through the whole
+// Reading long tables (VLANs and ports of an ONU, classification rules of a port) through the whole
 // stack, in turns with snmpbulkwalk of the same columns at the same agent, and the longest time for
 // which the rows block the window's event loop. Exits with 1 when a limit is passed.
 #include "ctl/recorder.h"
@@ -40,7 +40,8 @@ struct Table {
     const char* instance; // what stands before the row's number
 };
 constexpr Table kTables[] = {{"VLAN table", 611, 4094, ".1.2.5."},
-                             {"classification list", 613, 64, ".1.2.5.1."}};
+                             {"classification list", 613, 64, ".1.2.5.1."},
+                             {"port list", 617, 256, ".1.2.5."}};
 constexpr int kRounds = 7;
 constexpr double kMostOfWalk = 1.5;  // of the walk's wall time
 constexpr double kLongestBlock = 50; // milliseconds

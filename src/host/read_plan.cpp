@@ -22,8 +22,14 @@ bool isRead(const GroupSchema& group, const Oid& instance) {
            (group.per == ReadScope::always || group.per == scope);
 }
 
+// A request that names more than the ONU names a row of a table that has no instances per port.
+ReadMode modeFor(const GroupSchema& group, const Oid& instance) {
+    const bool oneRow = group.per == ReadScope::always && instance.size() > kOnuNumbers;
+    return oneRow ? ReadMode::scalar : group.read;
+}
+
 Result<PlannedGroup> planGroup(const GroupSchema& group, const Oid& instance) {
-    PlannedGroup planned{.name = group.name, .mode = group.read, .objects = {}};
+    PlannedGroup planned{.name = group.name, .mode = modeFor(group, instance), .objects = {}};
     for (const ObjectSchema& schema : group.objects) {
         const auto oid = parseOid(schema.object.oidstr);
         if (!oid || oid->size() < 2 || oid->size() + instance.size() > kMaxOidArcs) {

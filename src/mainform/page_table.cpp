@@ -11,6 +11,14 @@
 #include "pages/multicast/onu_multi_igmp.h"
 #include "pages/multicast/onu_multi_report.h"
 #include "pages/multicast/onu_multicast_base.h"
+#include "pages/port/onu_capability2.h"
+#include "pages/port/onu_com_session.h"
+#include "pages/port/onu_encription.h"
+#include "pages/port/onu_fec.h"
+#include "pages/port/onu_loopback.h"
+#include "pages/port/onu_port_poe.h"
+#include "pages/port/onu_port_status.h"
+#include "pages/port/onu_port_status_p.h"
 #include "pages/qos/onu_cls.h"
 #include "pages/qos/onu_cos_queue_scheduler.h"
 #include "pages/qos/onu_langress.h"
@@ -36,6 +44,12 @@ ConfigPage* make(Session& session, std::int32_t itemType, QWidget* parent) {
     return new Page(session, itemType, parent);
 }
 
+// The window that was opened for one port shows that port only.
+ConfigPage* makePortStatus(Session& session, std::int32_t itemType, QWidget* parent) {
+    return session.SubIndex == -1 ? make<TOnuPortStatus>(session, itemType, parent)
+                                  : make<TOnuPortStatusP>(session, itemType, parent);
+}
+
 constexpr PageEntry kPages[] = {
     {500, "TOnuIPConfig", "onuIp", make<TOnuIPConfig>},
     {605, "TOnuVersionInfo", "onuVersion", make<TOnuVersionInfo>},
@@ -45,8 +59,8 @@ constexpr PageEntry kPages[] = {
     {611, "TOnuVlanTable", "onuVlanConfig", make<TOnuVlanTable>},
     {612, "TOnuPortVlan", "onuCtcPortVlan", make<TOnuPortVlan>},
     {613, "TOnuCls", "onuCls", make<TOnuCls>},
-    {616, "TOnuFEC", "onuFec", nullptr},
-    {617, "TOnuPortStatus", "onuPortStatus", nullptr},
+    {616, "TOnuFEC", "onuFec", make<TOnuFEC>},
+    {617, "TOnuPortStatus", "onuPortStatus", makePortStatus},
     {619, "TOnuMacFilter", "onuMacFilter", nullptr},
     {620, "TOnuMacLimit", "onuMacLimit", nullptr},
     {621, "TOnuControlMulti", "onuControlMulti", make<TOnuControlMulti>},
@@ -60,7 +74,7 @@ constexpr PageEntry kPages[] = {
     {646, "TOnuPortQinQ", "onuPortQinq", nullptr},
     {647, "TOnuSVlanInsert", "onuSvlanInsert", nullptr},
     {648, "TOnuSVlanPassThrough", "onuSvlanThrough", nullptr},
-    {649, "TOnuEncription", "onuEncription", nullptr},
+    {649, "TOnuEncription", "onuEncription", make<TOnuEncription>},
     {650, "TOnuQueueScheduler", "onuQueueConfig", make<TOnuQueueScheduler>},
     {651, "TOnuCOSQueueScheduler", "onuCosQueue", make<TOnuCOSQueueScheduler>},
     {652, "TOnuRepeatCOSQueue", "onuRepeatCosQueue", make<TOnuRepeatCOSQueue>},
@@ -73,9 +87,9 @@ constexpr PageEntry kPages[] = {
     {677, "TOnuPortModeSetting", "onuPortMode", make<TOnuPortModeSetting>},
     {678, "TOnuPortVlanSetting", "onuPortVlan", nullptr},
     {679, "TOnuIPVlan", "onuManagerVlan", make<TOnuIPVlan>},
-    {763, "TOnuComSession", "onuComSession", nullptr},
+    {763, "TOnuComSession", "onuComSession", make<TOnuComSession>},
     {767, "TOnuCTCMode", "onuVlanMode", make<TOnuCTCMode>},
-    {772, "TOnuLoopback", "onuLoopback", nullptr},
+    {772, "TOnuLoopback", "onuLoopback", make<TOnuLoopback>},
     {811, "TOnuLTAttribute", nullptr, nullptr},
     {812, "TOnuLTIPConfig", nullptr, nullptr},
     {813, "TOnuLTSelfSet", nullptr, nullptr},
@@ -89,9 +103,9 @@ constexpr PageEntry kPages[] = {
     {826, "TOnuVoipSIP", nullptr, nullptr},
     {827, "TOnuVoipFaxModem", nullptr, nullptr},
     {828, "TOnuVoipPort", nullptr, nullptr},
-    {886, "TOnuCapability2", "onuCapability2", nullptr},
+    {886, "TOnuCapability2", "onuCapability2", make<TOnuCapability2>},
     {887, "TOnuPortIsolation", "onuPortIsolation", nullptr},
-    {888, "TOnuPortPoE", "onuPortPoe", nullptr},
+    {888, "TOnuPortPoE", "onuPortPoe", make<TOnuPortPoE>},
     {915, "TOnuCpuCar", nullptr, make<TOnuCpuCar>},
 };
 
@@ -112,7 +126,9 @@ ConfigPage* createPage(Session& session, std::int32_t itemType, QWidget* parent)
         return nullptr;
     }
     ConfigPage* page = entry->create(session, itemType, parent);
-    page->setObjectName(QString::fromLatin1(entry->className));
+    if (page->objectName().isEmpty()) {
+        page->setObjectName(QString::fromLatin1(entry->className));
+    }
     return page;
 }
 

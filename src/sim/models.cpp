@@ -2,6 +2,7 @@
 #include "sim/models.h"
 
 #include "sim/models/multicast.h"
+#include "sim/models/port.h"
 
 #include <map>
 #include <string>
@@ -12,6 +13,10 @@ DeviceModel findModel(std::string_view name) {
     static const std::map<std::string, DeviceModel, std::less<>> models = {
         {"controllable-multicast", writeControllableMulticast},
         {"igmp-limits", writeIgmpLimits},
+        {"com-session", writeComSession},
+        {"encryption", writeEncryption},
+        {"fec", writeFec},
+        {"port-status", writePortStatus},
     };
     const auto found = models.find(name);
     return found == models.end() ? nullptr : found->second;

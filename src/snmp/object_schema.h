@@ -6,7 +6,8 @@
 //   group   read    "scalar": one instance of every object per ONU, read with GET;
 //                   "table": rows below the ONU, read by walking; missing: written only
 //           per     "onu": read when the instance is an ONU's (three numbers or fewer); "port":
-//                   read when there are more, as of a port; missing: always read
+//                   read when there are more, as of a port; missing: always read, of a
+//                   table only the row that those numbers name
 //           port    number of a port, with per="port": read for this port when the instance is an
 //                   ONU's three numbers
 //           staged  name of the module's row-status object that what is written to this group

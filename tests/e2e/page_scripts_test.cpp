@@ -25,6 +25,7 @@ struct ScriptRun {
     const char* script;
     const char* onu;
     std::vector<Object> objects;
+    std::vector<std::string> options = {}; // more of them for onuctl
     int status = 0;
 };
 
@@ -126,6 +127,34 @@ std::vector<PageScripts> pageScripts() {
             {object("607.1.1.5.1.2.5.2"), "0", "1"},
             {object("664.1.1.1.1.2.5"), "10000", "10000"},
             {object("664.1.1.4.1.2.5"), "512", "255"}}}}},
+        {"link",
+         {{"link.onu",
+           "1.2.5",
+           {{object("616.1.1.2.1.2.5"), "2", "3"},
+            {object("649.1.1.1.1.2.5"), "0", "1"},
+            {object("772.1.1.1.1.2.5"), "0", "1"}}},
+          {"link_refused.onu", "1.1.2", {{object("616.1.1.2.1.1.2"), "3", "3"}}}}},
+        {"portStatus",
+         {{"port_status.onu",
+           "1.2.5",
+           {{object("617.1.1.1.1.2.5.1"), "1", "0"},
+            {object("617.1.1.2.1.2.5.1"), "0", "0"},
+            {object("617.1.1.3.1.2.5.1"), "1", "2"}}},
+          {"port_status_single.onu",
+           "1.2.5",
+           {{object("617.1.1.1.1.2.5.3"), "0", "1"}, {object("617.1.1.3.1.2.5.3"), "2", "1"}},
+           {"--sub", "3", "--item", "617"}}}},
+        {"poe",
+         {{"poe.onu", "1.2.5", {{object("888.1.1.1.1.2.5.2"), "1", "0"}}},
+          {"poe_unsupported.onu", "1.1.2", {}}}},
+        {"serial",
+         {{"serial.onu",
+           "1.2.5",
+           {{object("763.1.1.2.1.2.5.1"), "1", "0"},
+            {object("763.1.1.2.1.2.5.3"), "0", "3"},
+            {object("763.1.1.3.1.2.5.3"), "0", "6789"},
+            {object("763.1.1.5.1.2.5.3"), "5", "0"}}}}},
+        {"capability", {{"capability.onu", "1.2.5", {}}, {"capability_other.onu", "1.2.3", {}}}},
         {"classification",
          {{"classification.onu",
            "1.2.5",
@@ -169,7 +198,7 @@ TEST_P(PageScriptsTest, LeaveOnTheAgentWhatTheOperatorAskedFor) {
         for (const Object& object : run.objects) {
             EXPECT_EQ(session.get(object.oid), object.before) << object.oid << " before";
         }
-        const Finished onuctl = session.run(run.script, run.onu, version);
+        const Finished onuctl = session.run(run.script, run.onu, version, run.options);
         EXPECT_EQ(onuctl.status, run.status) << onuctl.err << onuctl.out;
         for (const Object& object : run.objects) {
             EXPECT_EQ(session.get(object.oid), object.after) << object.oid << " after";

@@ -61,13 +61,17 @@ ScriptSession::ScriptSession() {
 }
 
 Finished ScriptSession::run(const std::string& script, const std::string& onu,
-                            const std::string& version) const {
-    return execute(QStringLiteral(ONUCTL_FILE),
-                   {QStringLiteral("--agent"),
-                    QStringLiteral("127.0.0.1:%1").arg(agent_ ? agent_->port() : 1),
-                    QStringLiteral("-v"), text(version), QStringLiteral("--onu"), text(onu),
-                    QStringLiteral("run"), text(E2E_SCRIPT_DIR "/" + script)},
-                   demoEnvironment());
+                            const std::string& version,
+                            const std::vector<std::string>& options) const {
+    QStringList arguments = {
+        QStringLiteral("--agent"), QStringLiteral("127.0.0.1:%1").arg(agent_ ? agent_->port() : 1),
+        QStringLiteral("-v"),      text(version),
+        QStringLiteral("--onu"),   text(onu)};
+    for (const std::string& option : options) {
+        arguments << text(option);
+    }
+    arguments << QStringLiteral("run") << text(E2E_SCRIPT_DIR "/" + script);
+    return execute(QStringLiteral(ONUCTL_FILE), arguments, demoEnvironment());
 }
 
 std::string ScriptSession::get(const std::string& oid) const {

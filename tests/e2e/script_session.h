@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace onudesk::test {
 
@@ -22,9 +23,11 @@ public:
     // Fails the test when the agent does not start.
     ScriptSession();
 
-    // Runs tests/e2e/SCRIPT on an ONU ("1.2.5") with an SNMP version ("1", "2c", "3").
+    // Runs tests/e2e/SCRIPT on an ONU ("1.2.5") with an SNMP version ("1", "2c", "3") and further
+    // options of onuctl.
     [[nodiscard]] Finished run(const std::string& script, const std::string& onu,
-                               const std::string& version) const;
+                               const std::string& version,
+                               const std::vector<std::string>& options = {}) const;
     // The object's value as `snmpget -Oqv` prints it, without the line break.
     [[nodiscard]] std::string get(const std::string& oid) const;
 

@@ -84,6 +84,20 @@ TEST(ReadPlanTest, AGroupCanHaveAPortOfItsOwn) {
     }
 }
 
+TEST(ReadPlanTest, ARequestCanNameOneRowOfATable) {
+    const CatalogueSchema schema = schemaOf(R"(
+        <group name="t" read="table"><o name="x" oidstr="1.3.1"/></group>
+        <group name="p" read="table" per="port"><o name="y" oidstr="1.3.2"/></group>)");
+    const Result<ReadPlan> row = makeReadPlan(schema, 700, {1, 2, 5, 3});
+    ASSERT_TRUE(row.ok() && row->size() == 2);
+    EXPECT_EQ(row->front().mode, ReadMode::scalar);
+    EXPECT_EQ(row->front().objects.front().oid, (Oid{1, 3, 1, 1, 2, 5, 3}));
+    EXPECT_EQ(row->back().mode, ReadMode::table);
+    const Result<ReadPlan> all = makeReadPlan(schema, 700, {1, 2, 5});
+    ASSERT_TRUE(all.ok() && all->size() == 1);
+    EXPECT_EQ(all->front().mode, ReadMode::table);
+}
+
 TEST(ReadPlanTest, UnusableOidIsNamed) {
     for (const char* oid : {"", "1", "1.3.x", "1.3."}) {
         const CatalogueSchema schema =

@@ -45,7 +45,9 @@ std::optional<std::string> shownText(const Field& field, const ReadResult& resul
     }
     const std::string& value = result.values[field.position];
     if (field.codes.map != nullptr) {
-        return field.codes.map->textOf(value);
+        std::string text = field.codes.map->textOf(value);
+        const bool keeps = text.empty() && field.codes.unknown == UnknownCode::keeps;
+        return keeps ? std::nullopt : std::optional(std::move(text));
     }
     return field.show != nullptr ? field.show(value) : std::string(textUpToZero(value));
 }

@@ -40,7 +40,7 @@ struct Typing {
     bool digitsOnly = false;
 };
 
-// What a code outside the map does to a combo.
+// What a code outside the map does to the control.
 enum class UnknownCode { clears, keeps };
 
 struct Codes {
@@ -109,7 +109,8 @@ struct FieldState {
     bool ticked = true;
 };
 
-// What a reply shows in the field: nothing when the reply has no value for it.
+// What a reply shows in the field: nothing when the reply has no value for it, or one that leaves
+// the field as it is.
 [[nodiscard]] std::optional<std::string> shownText(const Field& field, const ReadResult& result);
 
 // Whether a write carries the field, its control being in that state.

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "pages/port/onu_encription.h"
+
+#include "env/language_module.h"
+
+namespace onudesk {
+
+namespace {
+
+constexpr const char* kOn = "1";
+constexpr std::int64_t kNoEncryption = 1; // states in which it cannot be switched on
+constexpr std::int64_t kNoKeys = 2;
+constexpr int kNoEncryptionNotice = 3110;
+constexpr int kNoKeysNotice = 3111;
+
+} // namespace
+
+TOnuEncription::TOnuEncription(Session& session, std::int32_t itemType, QWidget* parent)
+    : ConfigPage(session, itemType,
+                 {.helpKeyId = 6238,
+                  .onDecoded = OnDecoded::followsFlag,
+                  .resultText = "maintable",
+                  .minimumValues = 2},
+                 parent),
+      switches_({{messageText(message::off), "0"}, {messageText(message::on), kOn}}) {
+    buildForm({{.control = "enableComb",
+                .labelId = 64901,
+                .kind = ControlKind::combo,
+                .position = 0,
+                .object = {"onuEncrypEnable"},
+                .codes = {&switches_},
+                .written = Written::always}});
+    enableComb = findChild<QComboBox*>(QStringLiteral("enableComb"));
+    start();
+}
+
+void TOnuEncription::fillPage(const ReadResult& result) {
+    state_ = leadingNumber(result.values[1]).value_or(0);
+}
+
+bool TOnuEncription::mayWrite() {
+    const int notice = state_ == kNoEncryption ? kNoEncryptionNotice
+                       : state_ == kNoKeys     ? kNoKeysNotice
+                                               : 0;
+    if (notice == 0 || selectedCode(*enableComb) != kOn) {
+        return true;
+    }
+    refuse({notice, {}, message::refusalCaption, platform::PromptIcon::information}, nullptr);
+    return false;
+}
+
+} // namespace onudesk
