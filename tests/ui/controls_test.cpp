@@ -2,6 +2,7 @@
 #include "pages/framework/controls.h"
 
 #include "env/language_module.h"
+#include "pages/framework/form_grid.h"
 #include "pages/framework/title_bar.h"
 #include "ui_test.h"
 
@@ -170,6 +171,18 @@ TEST_F(ControlsTest, DeletingAsksFirst) {
     EXPECT_EQ(boxes[0].buttons, platform::PromptButtons::yesNo);
     EXPECT_FALSE(boxes[0].text.empty());
     EXPECT_FALSE(boxes[0].caption.empty());
+}
+
+TEST_F(ControlsTest, ANoteStandsBelowTheForm) {
+    QWidget area;
+    FormGrid form(area, 1);
+    const QLineEdit* edit = form.edit("nameEdit", 20013);
+    addNote(area, 66407);
+    const auto* note = area.findChild<QLabel*>(QStringLiteral("noteLabel"));
+    ASSERT_NE(note, nullptr);
+    EXPECT_EQ(bytesOf(note->text()), messageText(66407));
+    area.show();
+    EXPECT_GE(note->y(), edit->geometry().bottom());
 }
 
 TEST_F(ControlsTest, TitleBarColoursItsClosePanelAndCloses) {

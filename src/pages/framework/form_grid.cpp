@@ -162,4 +162,12 @@ void FormGrid::place(QWidget* caption, QWidget* control, bool wholeRow) {
     row_ += pair_ == 0 ? 1 : 0;
 }
 
+void addNote(QWidget& form, int messageId) {
+    auto* note = new QLabel(&form);
+    note->setObjectName(QStringLiteral("noteLabel"));
+    setCaption(*note, messageId);
+    auto* grid = static_cast<QGridLayout*>(form.layout());
+    grid->addWidget(note, grid->rowCount(), 0, 1, kColumnsPerPair);
+}
+
 } // namespace onudesk

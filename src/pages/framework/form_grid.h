@@ -69,4 +69,7 @@ private:
     int lastPair_ = 0;
 };
 
+// A line of text, noteLabel, below a form of one pair.
+void addNote(QWidget& form, int messageId);
+
 } // namespace onudesk

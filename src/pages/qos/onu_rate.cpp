@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/qos/onu_rate.h"
 
-#include <QGridLayout>
-#include <QLabel>
+#include "pages/framework/form_grid.h"
 
 namespace onudesk {
 
@@ -49,12 +48,7 @@ std::vector<Field> rateFields() {
 TOnuRate::TOnuRate(Session& session, std::int32_t itemType, QWidget* parent)
     : ConfigPage(session, itemType, {.helpKeyId = 6222, .minimumValues = std::size(kRates)},
                  parent) {
-    QWidget* form = buildForm(rateFields());
-    auto* note = new QLabel(form);
-    note->setObjectName(QStringLiteral("noteLabel"));
-    setCaption(*note, kNoLimitNote);
-    auto* grid = static_cast<QGridLayout*>(form->layout());
-    grid->addWidget(note, grid->rowCount(), 0, 1, 2);
+    addNote(*buildForm(rateFields()), kNoLimitNote);
     start();
 }
 
