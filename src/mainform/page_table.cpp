@@ -5,6 +5,8 @@
 #include "pages/basic/onu_dba_config.h"
 #include "pages/basic/onu_reboot.h"
 #include "pages/basic/onu_version_info.h"
+#include "pages/mac/onu_mac_age.h"
+#include "pages/mac/onu_mac_limit.h"
 #include "pages/management/onu_cpu_car.h"
 #include "pages/management/onu_ip_config.h"
 #include "pages/multicast/onu_control_multi.h"
@@ -62,13 +64,13 @@ constexpr PageEntry kPages[] = {
     {616, "TOnuFEC", "onuFec", make<TOnuFEC>},
     {617, "TOnuPortStatus", "onuPortStatus", makePortStatus},
     {619, "TOnuMacFilter", "onuMacFilter", nullptr},
-    {620, "TOnuMacLimit", "onuMacLimit", nullptr},
+    {620, "TOnuMacLimit", "onuMacLimit", make<TOnuMacLimit>},
     {621, "TOnuControlMulti", "onuControlMulti", make<TOnuControlMulti>},
     {622, "TOnuReboot", "onuReboot", make<TOnuReboot>},
     {624, "TOnuMulticastBase", "onuMultiBase", make<TOnuMulticastBase>},
     {625, "TOnuMultiReport", "onuMultiReport", make<TOnuMultiReport>},
     {626, "TOnuMultiIGMP", "onuMultiIgmp", make<TOnuMultiIGMP>},
-    {643, "TOnuMacAge", "onuMacAge", nullptr},
+    {643, "TOnuMacAge", "onuMacAge", make<TOnuMacAge>},
     {644, "TOnuMacMaxNum", "onuMacMaxNum", nullptr},
     {645, "TOnuSwichQinQ", "onuQinqConfig", nullptr},
     {646, "TOnuPortQinQ", "onuPortQinq", nullptr},

@@ -396,6 +396,8 @@ TEST(HelpBook, QuotesTheMessagesOfThePagesAsShown) {
         {"onuIp", true, {11069}},
         {"onuManagerVlan", true, {}},
         {"onuLan", true, {3117, 3118, 3125, 11204}},
+        {"onuMacAge", true, {}},
+        {"onuMacLimit", true, {}},
         {"onuPortMode", true, {11204}},
         {"onuQueueConfig", true, {3113, 3114, 3115}},
         {"onuRate", true, {66407}},

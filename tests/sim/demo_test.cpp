@@ -212,6 +212,10 @@ TEST_F(DemoRecording, TakesTheWritesOfThePages) {
         {{{"626.1.2.2.1.2.5.1|4|1-3", "626.1.2.3.1.2.5.1|2|4"}}, "ok"},
         {{{"626.1.2.2.1.2.5.4|4|1", "626.1.2.3.1.2.5.4|2|4"}}, "inconsistentValue 1"},
         {{{"626.1.2.1.1.1.2.1|2|255"}}, "inconsistentValue 1"},
+        // limits and ageing of MAC addresses
+        {{{"620.1.1.1.1.2.5|2|0"}}, "ok"},
+        {{{"620.1.1.1.1.2.5|2|1001"}}, "wrongValue 1"},
+        {{{"643.1.1.1.1.2.5|2|1048576"}}, "wrongValue 1"},
     };
     for (const Case& each : cases) {
         Store store(shippedTable(), recording_->values);
