@@ -7,6 +7,7 @@
 #include "pages/basic/onu_version_info.h"
 #include "pages/mac/onu_mac_age.h"
 #include "pages/mac/onu_mac_limit.h"
+#include "pages/mac/onu_mac_max_num.h"
 #include "pages/management/onu_cpu_car.h"
 #include "pages/management/onu_ip_config.h"
 #include "pages/multicast/onu_control_multi.h"
@@ -71,7 +72,7 @@ constexpr PageEntry kPages[] = {
     {625, "TOnuMultiReport", "onuMultiReport", make<TOnuMultiReport>},
     {626, "TOnuMultiIGMP", "onuMultiIgmp", make<TOnuMultiIGMP>},
     {643, "TOnuMacAge", "onuMacAge", make<TOnuMacAge>},
-    {644, "TOnuMacMaxNum", "onuMacMaxNum", nullptr},
+    {644, "TOnuMacMaxNum", "onuMacMaxNum", make<TOnuMacMaxNum>},
     {645, "TOnuSwichQinQ", "onuQinqConfig", nullptr},
     {646, "TOnuPortQinQ", "onuPortQinq", nullptr},
     {647, "TOnuSVlanInsert", "onuSvlanInsert", nullptr},

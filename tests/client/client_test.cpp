@@ -398,6 +398,7 @@ TEST(HelpBook, QuotesTheMessagesOfThePagesAsShown) {
         {"onuLan", true, {3117, 3118, 3125, 11204}},
         {"onuMacAge", true, {}},
         {"onuMacLimit", true, {}},
+        {"onuMacMaxNum", true, {11204}},
         {"onuPortMode", true, {11204}},
         {"onuQueueConfig", true, {3113, 3114, 3115}},
         {"onuRate", true, {66407}},

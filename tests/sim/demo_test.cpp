@@ -216,6 +216,8 @@ TEST_F(DemoRecording, TakesTheWritesOfThePages) {
         {{{"620.1.1.1.1.2.5|2|0"}}, "ok"},
         {{{"620.1.1.1.1.2.5|2|1001"}}, "wrongValue 1"},
         {{{"643.1.1.1.1.2.5|2|1048576"}}, "wrongValue 1"},
+        {{{"644.1.1.1.1.2.5.4|2|0"}}, "ok"},
+        {{{"644.1.1.1.1.2.5.5|2|0"}}, "noCreation 1"},
     };
     for (const Case& each : cases) {
         Store store(shippedTable(), recording_->values);

@@ -3,6 +3,7 @@
 // Limits, ageing and filtering of MAC addresses.
 #include "pages/mac/onu_mac_age.h"
 #include "pages/mac/onu_mac_limit.h"
+#include "pages/mac/onu_mac_max_num.h"
 
 #include "page_test.h"
 
@@ -101,6 +102,57 @@ TEST_F(AgeTest, WritesTheTimeInItsBounds) {
                  {11068, {"1", "1048575"}});
     choose("disable");
     EXPECT_EQ(text("timeEdit"), "0");
+}
+
+class MaxNumTest : public test::PageTest<TOnuMacMaxNum, 644> {
+protected:
+    void readPorts() {
+        readRow("1", {"0"}, "maintable", 0);
+        readRow("2", {"64"}, "maintable", 0);
+    }
+};
+
+TEST_F(MaxNumTest, ListsPortsAndDropsNamesWithoutPoint) {
+    readRow("1", {"9"}, "rowstat");
+    readRow("1", {}, "maintable");
+    page();
+    ASSERT_TRUE(host.replyRead(
+        644, {.values = Texts{"9"}, .oids = Texts{"7"}, .status = 1U, .resultText = "maintable"}));
+    EXPECT_EQ(page().mainTable->rowCount(), 0);
+    readPorts();
+    EXPECT_EQ(page().mainTable->cells(0), (Texts{"1", "0"}));
+    EXPECT_EQ(page().mainTable->cells(1), (Texts{"2", "64"}));
+    EXPECT_TRUE(enabled("cfgBtn")) << "whatever the flag says";
+    EXPECT_FALSE(enabled("refreshBtn"));
+}
+
+TEST_F(MaxNumTest, OkWritesThePortsLimitAndItsRowIsSelectedAgain) {
+    readPorts();
+    expectRefused("cfgBtn", "mainTable", {11204});
+    for (const std::string good : {"0", "1000"}) {
+        page().mainTable->selectRow(1);
+        page().configBtn->setEnabled(true);
+        inDialog<TOnuMacMaxNumItem>([&](TOnuMacMaxNumItem& dialog) {
+            auto& port = *dialog.findChild<QLineEdit*>(QStringLiteral("portEdit"));
+            auto& limit = *dialog.findChild<QLineEdit*>(QStringLiteral("maxnumEdit"));
+            EXPECT_EQ(bytesOf(port.text()), "2");
+            EXPECT_TRUE(port.isReadOnly());
+            EXPECT_EQ(bytesOf(limit.text()), "64");
+            for (const char* bad : {"", "1001"}) {
+                setControlText(limit, bad);
+                test::click(*dialog.okBtn);
+                expectBox({11068, {"0", "1000"}});
+                EXPECT_EQ(dialog.focusWidget(), &limit);
+            }
+            setControlText(limit, good);
+            test::click(*dialog.okBtn);
+        });
+        EXPECT_EQ(takeWrite(), Texts{"lanMaxMacLimitNum@1.2.5.2=" + good});
+        EXPECT_EQ(takeRead(), ".1.2.5");
+        expectWrittenAndRead();
+        readPorts();
+        EXPECT_EQ(page().mainTable->selectedRow(), 1);
+    }
 }
 
 } // namespace
