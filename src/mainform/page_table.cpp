@@ -6,6 +6,7 @@
 #include "pages/basic/onu_reboot.h"
 #include "pages/basic/onu_version_info.h"
 #include "pages/mac/onu_mac_age.h"
+#include "pages/mac/onu_mac_filter.h"
 #include "pages/mac/onu_mac_limit.h"
 #include "pages/mac/onu_mac_max_num.h"
 #include "pages/management/onu_cpu_car.h"
@@ -64,7 +65,7 @@ constexpr PageEntry kPages[] = {
     {613, "TOnuCls", "onuCls", make<TOnuCls>},
     {616, "TOnuFEC", "onuFec", make<TOnuFEC>},
     {617, "TOnuPortStatus", "onuPortStatus", makePortStatus},
-    {619, "TOnuMacFilter", "onuMacFilter", nullptr},
+    {619, "TOnuMacFilter", "onuMacFilter", make<TOnuMacFilter>},
     {620, "TOnuMacLimit", "onuMacLimit", make<TOnuMacLimit>},
     {621, "TOnuControlMulti", "onuControlMulti", make<TOnuControlMulti>},
     {622, "TOnuReboot", "onuReboot", make<TOnuReboot>},

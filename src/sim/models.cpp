@@ -3,6 +3,7 @@
 
 #include "sim/models/multicast.h"
 #include "sim/models/port.h"
+#include "sim/models/mac.h"
 
 #include <map>
 #include <string>
@@ -17,6 +18,7 @@ DeviceModel findModel(std::string_view name) {
         {"encryption", writeEncryption},
         {"fec", writeFec},
         {"port-status", writePortStatus},
+        {"macFilter", filterMac},
     };
     const auto found = models.find(name);
     return found == models.end() ? nullptr : found->second;

@@ -252,6 +252,10 @@ std::vector<CatalogueObject> catalogueObjects() {
                 "1.3.6.1.4.1.27315." + item + ".1." + std::to_string(++groupNumber) + ".";
             const auto fixed = kFixedGroups.find(item + " " + attribute(*group, "name"));
             const std::string& base = fixed == kFixedGroups.end() ? place : fixed->second;
+            // The filter list has OIDs of its own, which its page knows.
+            const std::string place = item + ".1." + std::to_string(++groupNumber);
+            const std::string base =
+                "1.3.6.1.4.1.27315." + (place == "619.1.1" ? "1.9.5.2.1" : place) + ".";
             int column = 0;
             for (const TiXmlElement* object = group->FirstChildElement(); object != nullptr;
                  object = object->NextSiblingElement()) {
@@ -397,6 +401,7 @@ TEST(HelpBook, QuotesTheMessagesOfThePagesAsShown) {
         {"onuManagerVlan", true, {}},
         {"onuLan", true, {3117, 3118, 3125, 11204}},
         {"onuMacAge", true, {}},
+        {"onuMacFilter", true, {3029, 3036, 3038, 11057, 11204}},
         {"onuMacLimit", true, {}},
         {"onuMacMaxNum", true, {11204}},
         {"onuPortMode", true, {11204}},

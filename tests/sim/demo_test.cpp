@@ -213,11 +213,18 @@ TEST_F(DemoRecording, TakesTheWritesOfThePages) {
         {{{"626.1.2.2.1.2.5.4|4|1", "626.1.2.3.1.2.5.4|2|4"}}, "inconsistentValue 1"},
         {{{"626.1.2.1.1.1.2.1|2|255"}}, "inconsistentValue 1"},
         // limits and ageing of MAC addresses
+        // limits and ageing of MAC addresses; a filter entry for a list with room for one
         {{{"620.1.1.1.1.2.5|2|0"}}, "ok"},
         {{{"620.1.1.1.1.2.5|2|1001"}}, "wrongValue 1"},
         {{{"643.1.1.1.1.2.5|2|1048576"}}, "wrongValue 1"},
         {{{"644.1.1.1.1.2.5.4|2|0"}}, "ok"},
         {{{"644.1.1.1.1.2.5.5|2|0"}}, "noCreation 1"},
+        {{{"1.9.5.2.1.1.1.1.2.1|4x|0a0000000002", "1.9.5.2.1.2.1.1.2.1|2|1",
+           "1.9.5.2.1.4.1.1.2.1|2|4"},
+          {"1.9.5.2.1.1.1.1.2.1|4x|0a0000000003", "1.9.5.2.1.2.1.1.2.1|2|1",
+           "1.9.5.2.1.4.1.1.2.1|2|4"}},
+         "inconsistentValue 1"},
+        {{{"1.9.5.2.1.4.1.2.1.16|2|6"}}, "ok"},
     };
     for (const Case& each : cases) {
         Store store(shippedTable(), recording_->values);

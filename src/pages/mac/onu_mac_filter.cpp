@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#include "pages/mac/onu_mac_filter.h"
+
+#include <cstddef>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace onudesk {
+
+namespace {
+
+constexpr int kListFull = 3038;
+
+constexpr const char* kMacColumn = "1.3.6.1.4.1.27315.1.9.5.2.1.1";
+constexpr const char* kDeleted = "MAC"; // in the question
+
+// Columns; the first two have the values of these positions.
+constexpr std::size_t kMac = 0;
+constexpr std::size_t kVlan = 1;
+constexpr std::size_t kInstance = 2;     // not shown
+constexpr std::size_t kFullPosition = 2; // in the reply
+
+constexpr const char* kMacObject = "onuMacBlackHoleMac";
+constexpr const char* kVlanObject = "onuMacBlackHoleVlan";
+constexpr const char* kRowStatusObject = "onuMacBlackHoleRowStatus";
+
+// The same however the host hands an address over.
+std::string macCell(const std::string& value) {
+    const std::string bytes = bytesOfHex(value);
+    return macText(bytes.size() == kMacBytes ? bytes : value);
+}
+
+std::string instanceCell(const std::string& oid) {
+    return instanceBelow(kMacColumn, oid);
+}
+
+} // namespace
+
+TOnuMacFilter::TOnuMacFilter(Session& session, std::int32_t itemType, QWidget* parent)
+    : ListPage(session, itemType,
+               {.helpKeyId = 6223,
+                .config = {"cfgBtn", 61906},
+                .refresh = {"refreshBtn", 61908},
+                .onDecoded = OnDecoded::followsFlag,
+                .flagSetsRefresh = true,
+                .resultText = "maintable",
+                .minimumValues = 4},
+               parent) {
+    mainTable->setColumns({{.titleId = 61901, .position = kMac, .show = macCell},
+                           {.titleId = 61902, .position = kVlan},
+                           {.position = kWholeOid, .show = instanceCell, .hidden = true}});
+    deleteBtn = addRequestButton("deleteBtn", 61907, [this] { deleteBtnClick(); });
+    start({}, {deleteBtn});
+}
+
+void TOnuMacFilter::prepareRefresh() {
+    ListPage::prepareRefresh();
+    listFull_ = false; // an empty list has no row to say so
+}
+
+void TOnuMacFilter::fillPage(const ReadResult& result) {
+    ListPage::fillPage(result);
+    listFull_ = leadingNumber(result.values[kFullPosition]) == 1;
+}
+
+void TOnuMacFilter::configBtnClick() {
+    if (listFull_) {
+        refuse({kListFull}, mainTable);
+    } else {
+        TOnuMacFilterItem(*this).exec();
+    }
+}
+
+void TOnuMacFilter::deleteBtnClick() {
+    const int row = requireRow();
+    if (row < 0) {
+        return;
+    }
+    const std::vector<std::string> cells = mainTable->cells(row);
+    if (cells[kInstance].empty()) {
+        refuse({message::noRowSelected}, mainTable);
+        return;
+    }
+    // The row may go while the question is open.
+    if (!confirmDelete(replyHandle(), kDeleted)) {
+        return;
+    }
+    if (WriteRequest request = beginWrite()) {
+        request.bind({kMacObject}, bytesOfHex(cells[kMac]), cells[kInstance], kMacBytes);
+        request.bind({kVlanObject}, cells[kVlan], cells[kInstance]);
+        request.bind({kRowStatusObject}, "6", cells[kInstance]);
+        finishWrite(std::move(request));
+    }
+}
+
+TOnuMacFilterItem::TOnuMacFilterItem(TOnuMacFilter& page)
+    : ItemDialog(page,
+                 {.titleId = 61903,
+                  .fields = {{.control = "macMaskEdit",
+                              .labelId = 61904,
+                              .kind = ControlKind::mac,
+                              .object = {kMacObject},
+                              .check = macAddress(),
+                              .written = Written::always},
+                             {.control = "vlanEdit",
+                              .labelId = 61905,
+                              .typing = {.digitsOnly = true},
+                              .object = {kVlanObject},
+                              .check = numberIn(1, 4094),
+                              .written = Written::always},
+                             constant({kRowStatusObject}, "4")},
+                  .ok = {"OK", message::ok},
+                  .cancel = {"Cancel", message::cancel}},
+                 -1),
+      session_(page.session()) {}
+
+// Whatever number the new entry gets.
+std::string TOnuMacFilterItem::instance() const {
+    return session_.OnuIndexText + ".1";
+}
+
+} // namespace onudesk
