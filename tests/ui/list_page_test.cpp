@@ -41,9 +41,13 @@ public:
     const ValueMap& modes;
     std::vector<int> clicks;
     std::vector<int> opened;
+    Texts arrived; // "row:first value"
 
 protected:
     void openRow(int row) override { opened.push_back(row); }
+    void rowArrived(int row, const ReadResult& result) override {
+        arrived.push_back(std::to_string(row) + ":" + valueAt(result, 0));
+    }
 };
 
 // Shows the key, a number that is written, and the mode.
@@ -349,6 +353,9 @@ TEST_F(ListPageTest, ColumnsCanTakeTheOidAndDemandAValue) {
     ASSERT_TRUE(host.replyRead(kItem, {.values = Texts{"b"}, .status = 1}));
     EXPECT_EQ(page->mainTable->rowCount(), 1);
     EXPECT_EQ(page->mainTable->cells(0), (Texts{"7", "1.3.6.1.1.7"}));
+    row("8", {"c"});
+    row("7", {"d"});
+    EXPECT_EQ(page->arrived, (Texts{"0:a", "1:c", "0:d"}));
 }
 
 TEST_F(ListPageTest, ColumnsGrowWithTheirTexts) {

@@ -31,6 +31,7 @@ struct Box {
     std::vector<std::string> arguments{};
     int captionId = 11054;
     platform::PromptIcon icon = platform::PromptIcon::warning;
+    std::string appended{};
 };
 
 // One page, shown, whose first read is answered by the test.
@@ -98,7 +99,8 @@ protected:
         const auto boxes = desk.takeBoxes();
         ASSERT_EQ(boxes.size(), box.textId == 0 ? 0U : 1U);
         if (box.textId != 0) {
-            EXPECT_EQ(boxes[0].text, fillPlaces(messageText(box.textId), box.arguments));
+            EXPECT_EQ(boxes[0].text,
+                      fillPlaces(messageText(box.textId), box.arguments) + box.appended);
             EXPECT_EQ(boxes[0].caption, messageText(box.captionId));
             EXPECT_EQ(boxes[0].icon, box.icon);
         }

@@ -204,6 +204,13 @@ TEST(FieldChecks, EmptyTextComesBeforeRangeAndFunction) {
     EXPECT_EQ(checkField(field, {"5", {}})->textId, 1);
     field.check->range.reset();
     EXPECT_FALSE(checkField(field, {"x", {}}));
+    std::string taken = "y";
+    field.check->function = [&taken](std::string_view text) {
+        return text == taken ? std::optional(CheckFailure{2}) : std::nullopt;
+    };
+    EXPECT_FALSE(checkField(field, {"x", {}}));
+    taken = "x";
+    EXPECT_EQ(checkField(field, {"x", {}})->textId, 2) << "what a function knows can change";
 }
 
 TEST(FieldTexts, ShowByPositionThroughMapOrFunction) {

@@ -78,7 +78,7 @@ std::optional<CheckFailure> checkField(const Field& field, const FieldState& sta
             return failure;
         }
     }
-    return check.function == nullptr ? std::nullopt : check.function(state.text);
+    return check.function ? check.function(state.text) : std::nullopt;
 }
 
 std::string writtenValue(const Field& field, const FieldState& state) {

@@ -17,6 +17,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -59,8 +60,9 @@ struct FieldCheck {
         std::int64_t maximum = 0;
         int base = 10; // what is typed in another base is written in decimal
     };
-    std::optional<Range> range{};                                             // of its number
-    std::optional<CheckFailure> (*function)(std::string_view text) = nullptr; // any other check
+    using Function = std::function<std::optional<CheckFailure>(std::string_view text)>;
+    std::optional<Range> range{}; // of its number
+    Function function{};          // any other check, after the range
 };
 
 [[nodiscard]] FieldCheck numberIn(std::int64_t minimum, std::int64_t maximum,

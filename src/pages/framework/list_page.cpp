@@ -43,7 +43,10 @@ void ListPage::prepareRefresh() {
 }
 
 void ListPage::fillPage(const ReadResult& result) {
-    mainTable->putReply(result);
+    const int row = mainTable->putReply(result);
+    if (row >= 0) {
+        rowArrived(row, result);
+    }
 }
 
 } // namespace onudesk

@@ -33,6 +33,8 @@ protected:
     virtual void openRow(int /*row*/) {}
     void prepareRefresh() override;
     void fillPage(const ReadResult& result) override;
+    // A reply has put this row into the table.
+    virtual void rowArrived(int /*row*/, const ReadResult& /*result*/) {}
 };
 
 } // namespace onudesk
