@@ -12,6 +12,7 @@ namespace onudesk::sim::test {
 namespace {
 
 constexpr std::size_t kLongestWalk = 100000;
+constexpr std::size_t kLongestWalk = 100000; // no recording of the tests has as many values
 
 struct PduDelete {
     void operator()(netsnmp_pdu* pdu) const { snmp_free_pdu(pdu); }
