@@ -4,6 +4,7 @@
 #include "sim/models/multicast.h"
 #include "sim/models/port.h"
 #include "sim/models/mac.h"
+#include "sim/models/qinq.h"
 
 #include <map>
 #include <string>
@@ -19,6 +20,9 @@ DeviceModel findModel(std::string_view name) {
         {"fec", writeFec},
         {"port-status", writePortStatus},
         {"macFilter", filterMac},
+        {"qinqMode", writeQinQMode},
+        {"sVlanInsert", writeSVlanInsert},
+        {"sVlanPass", writeSVlanPass},
     };
     const auto found = models.find(name);
     return found == models.end() ? nullptr : found->second;
