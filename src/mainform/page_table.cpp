@@ -23,6 +23,8 @@
 #include "pages/port/onu_port_poe.h"
 #include "pages/port/onu_port_status.h"
 #include "pages/port/onu_port_status_p.h"
+#include "pages/qinq/onu_port_qinq.h"
+#include "pages/qinq/onu_swich_qinq.h"
 #include "pages/qos/onu_cls.h"
 #include "pages/qos/onu_cos_queue_scheduler.h"
 #include "pages/qos/onu_langress.h"
@@ -74,8 +76,8 @@ constexpr PageEntry kPages[] = {
     {626, "TOnuMultiIGMP", "onuMultiIgmp", make<TOnuMultiIGMP>},
     {643, "TOnuMacAge", "onuMacAge", make<TOnuMacAge>},
     {644, "TOnuMacMaxNum", "onuMacMaxNum", make<TOnuMacMaxNum>},
-    {645, "TOnuSwichQinQ", "onuQinqConfig", nullptr},
-    {646, "TOnuPortQinQ", "onuPortQinq", nullptr},
+    {645, "TOnuSwichQinQ", "onuQinqConfig", make<TOnuSwichQinQ>},
+    {646, "TOnuPortQinQ", "onuPortQinq", make<TOnuPortQinQ>},
     {647, "TOnuSVlanInsert", "onuSvlanInsert", nullptr},
     {648, "TOnuSVlanPassThrough", "onuSvlanThrough", nullptr},
     {649, "TOnuEncription", "onuEncription", make<TOnuEncription>},

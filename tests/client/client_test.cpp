@@ -405,6 +405,8 @@ TEST(HelpBook, QuotesTheMessagesOfThePagesAsShown) {
         {"onuMacLimit", true, {}},
         {"onuMacMaxNum", true, {11204}},
         {"onuPortMode", true, {11204}},
+        {"onuPortQinq", true, {11062, 11204}},
+        {"onuQinqConfig", true, {3045}},
         {"onuQueueConfig", true, {3113, 3114, 3115}},
         {"onuRate", true, {66407}},
         {"onuReboot", true, {11077}},
