@@ -24,6 +24,8 @@
 #include "pages/port/onu_port_status.h"
 #include "pages/port/onu_port_status_p.h"
 #include "pages/qinq/onu_port_qinq.h"
+#include "pages/qinq/onu_svlan_insert.h"
+#include "pages/qinq/onu_svlan_pass_through.h"
 #include "pages/qinq/onu_swich_qinq.h"
 #include "pages/qos/onu_cls.h"
 #include "pages/qos/onu_cos_queue_scheduler.h"
@@ -78,8 +80,8 @@ constexpr PageEntry kPages[] = {
     {644, "TOnuMacMaxNum", "onuMacMaxNum", make<TOnuMacMaxNum>},
     {645, "TOnuSwichQinQ", "onuQinqConfig", make<TOnuSwichQinQ>},
     {646, "TOnuPortQinQ", "onuPortQinq", make<TOnuPortQinQ>},
-    {647, "TOnuSVlanInsert", "onuSvlanInsert", nullptr},
-    {648, "TOnuSVlanPassThrough", "onuSvlanThrough", nullptr},
+    {647, "TOnuSVlanInsert", "onuSvlanInsert", make<TOnuSVlanInsert>},
+    {648, "TOnuSVlanPassThrough", "onuSvlanThrough", make<TOnuSVlanPassThrough>},
     {649, "TOnuEncription", "onuEncription", make<TOnuEncription>},
     {650, "TOnuQueueScheduler", "onuQueueConfig", make<TOnuQueueScheduler>},
     {651, "TOnuCOSQueueScheduler", "onuCosQueue", make<TOnuCOSQueueScheduler>},

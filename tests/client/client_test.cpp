@@ -411,6 +411,8 @@ TEST(HelpBook, QuotesTheMessagesOfThePagesAsShown) {
         {"onuRate", true, {66407}},
         {"onuReboot", true, {11077}},
         {"onuRepeatCosQueue", true, {3112, 11204}},
+        {"onuSvlanInsert", true, {3046, 3047, 3049, 11204, 11222, 11224}},
+        {"onuSvlanThrough", true, {3046, 3047, 3048, 3049, 11204, 11222, 11224}},
         {"onuVersion", false, {}},
         {"onuVlanConfig", true, {}},
         {"onuVlanMode", true, {}},

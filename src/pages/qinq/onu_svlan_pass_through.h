@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "pages/qinq/svlan_page.h"
+
+namespace onudesk {
+
+// The VLAN ranges of a port that pass untouched.
+class TOnuSVlanPassThrough : public SVlanPage {
+    Q_OBJECT
+public:
+    TOnuSVlanPassThrough(Session& session, std::int32_t itemType, QWidget* parent);
+
+protected:
+    void openRow(int row) override;
+};
+
+class TOnuSVlanPassThroughItem : public SVlanItem {
+    Q_OBJECT
+public:
+    using SVlanItem::SVlanItem;
+};
+
+} // namespace onudesk
