@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "sim/models.h"
 
+#include "sim/models/mac.h"
 #include "sim/models/multicast.h"
 #include "sim/models/port.h"
-#include "sim/models/mac.h"
 #include "sim/models/qinq.h"
 
 #include <map>
@@ -13,16 +13,11 @@ namespace onudesk::sim {
 
 DeviceModel findModel(std::string_view name) {
     static const std::map<std::string, DeviceModel, std::less<>> models = {
-        {"controllable-multicast", writeControllableMulticast},
-        {"igmp-limits", writeIgmpLimits},
-        {"com-session", writeComSession},
-        {"encryption", writeEncryption},
-        {"fec", writeFec},
-        {"port-status", writePortStatus},
-        {"macFilter", filterMac},
-        {"qinqMode", writeQinQMode},
-        {"sVlanInsert", writeSVlanInsert},
-        {"sVlanPass", writeSVlanPass},
+        {"com-session", writeComSession},   {"controllable-multicast", writeControllableMulticast},
+        {"encryption", writeEncryption},    {"fec", writeFec},
+        {"igmp-limits", writeIgmpLimits},   {"mac-filter", filterMac},
+        {"port-status", writePortStatus},   {"qinq-mode", writeQinQMode},
+        {"svlan-insert", writeSVlanInsert}, {"svlan-pass", writeSVlanPass},
     };
     const auto found = models.find(name);
     return found == models.end() ? nullptr : found->second;

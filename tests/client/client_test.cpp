@@ -226,6 +226,7 @@ TEST(Menus, HaveACaptionForEveryNodeInEveryLanguage) {
 
 // Groups whose rows pages know by a fixed OID, which goes before the one of their place.
 const std::map<std::string, std::string> kFixedGroups{
+    {"619 maintable", "1.3.6.1.4.1.27315.1.9.5.2.1."},
     {"621 maintable", "1.3.6.1.4.1.27315.1.9.6.3.1."}};
 
 struct CatalogueObject {
@@ -252,10 +253,6 @@ std::vector<CatalogueObject> catalogueObjects() {
                 "1.3.6.1.4.1.27315." + item + ".1." + std::to_string(++groupNumber) + ".";
             const auto fixed = kFixedGroups.find(item + " " + attribute(*group, "name"));
             const std::string& base = fixed == kFixedGroups.end() ? place : fixed->second;
-            // The filter list has OIDs of its own, which its page knows.
-            const std::string place = item + ".1." + std::to_string(++groupNumber);
-            const std::string base =
-                "1.3.6.1.4.1.27315." + (place == "619.1.1" ? "1.9.5.2.1" : place) + ".";
             int column = 0;
             for (const TiXmlElement* object = group->FirstChildElement(); object != nullptr;
                  object = object->NextSiblingElement()) {

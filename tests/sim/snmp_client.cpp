@@ -11,7 +11,6 @@ namespace onudesk::sim::test {
 
 namespace {
 
-constexpr std::size_t kLongestWalk = 100000;
 constexpr std::size_t kLongestWalk = 100000; // no recording of the tests has as many values
 
 struct PduDelete {

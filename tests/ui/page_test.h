@@ -31,7 +31,7 @@ struct Box {
     std::vector<std::string> arguments{};
     int captionId = 11054;
     platform::PromptIcon icon = platform::PromptIcon::warning;
-    std::string appended{};
+    std::string after{};
 };
 
 // One page, shown, whose first read is answered by the test.
@@ -100,7 +100,7 @@ protected:
         ASSERT_EQ(boxes.size(), box.textId == 0 ? 0U : 1U);
         if (box.textId != 0) {
             EXPECT_EQ(boxes[0].text,
-                      fillPlaces(messageText(box.textId), box.arguments) + box.appended);
+                      fillPlaces(messageText(box.textId), box.arguments) + box.after);
             EXPECT_EQ(boxes[0].caption, messageText(box.captionId));
             EXPECT_EQ(boxes[0].icon, box.icon);
         }

@@ -142,7 +142,8 @@ TEST(Conversions, OfMacsAndNumbers) {
     EXPECT_EQ(colonSeparated("001a2"), "001a2");
     EXPECT_EQ(colonSeparated(""), "");
     EXPECT_EQ(macText(std::string("\0\x1A\x2B\xFC\x4D\x5E", 6)), "00:1a:2b:fc:4d:5e");
-    EXPECT_EQ(macText("001A2BFC4D5E"), "00:1A:2B:FC:4D:5E");
+    EXPECT_EQ(macText("001A2BFC4D5E"), "00:1a:2b:fc:4d:5e");
+    EXPECT_EQ(macText("0Ag4"), "0A:g4");
     EXPECT_EQ(macText(""), "");
     EXPECT_EQ(instanceBelow("1.3.6.1", "1.3.6.1.2.5"), "2.5");
     EXPECT_EQ(instanceBelow("1.3.6.1", ".1.3.6.1.2"), "2");

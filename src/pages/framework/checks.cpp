@@ -111,11 +111,12 @@ std::string colonSeparated(const std::string& digits) {
 }
 
 std::string macText(const std::string& value) {
-    if (value.size() != kMacBytes) {
+    const std::string bytes = value.size() == kMacBytes ? value : bytesOfHex(value);
+    if (bytes.size() != kMacBytes) {
         return colonSeparated(value);
     }
     std::string digits;
-    for (const char c : value) {
+    for (const char c : bytes) {
         const auto byte = static_cast<unsigned char>(c);
         digits += kHexDigits[byte / 16];
         digits += kHexDigits[byte % 16];

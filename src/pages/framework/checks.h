@@ -60,8 +60,8 @@ inline constexpr std::size_t kMacBytes = 6;
 // The text with ":" between every two characters; unchanged when its length is odd.
 [[nodiscard]] std::string colonSeparated(const std::string& digits);
 
-// A MAC address as lists show it: of its six bytes in lower-case digits, of digits as they came;
-// ":" between every two.
+// A MAC address as lists show it, be it six bytes or their digits: lower-case digits, ":" between
+// every two. Of other values every two characters are parted.
 [[nodiscard]] std::string macText(const std::string& value);
 
 // What follows the prefix and a "." in an OID, with or without a leading "."; nothing when the OID

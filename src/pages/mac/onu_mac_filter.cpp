@@ -25,12 +25,6 @@ constexpr const char* kMacObject = "onuMacBlackHoleMac";
 constexpr const char* kVlanObject = "onuMacBlackHoleVlan";
 constexpr const char* kRowStatusObject = "onuMacBlackHoleRowStatus";
 
-// The same however the host hands an address over.
-std::string macCell(const std::string& value) {
-    const std::string bytes = bytesOfHex(value);
-    return macText(bytes.size() == kMacBytes ? bytes : value);
-}
-
 std::string instanceCell(const std::string& oid) {
     return instanceBelow(kMacColumn, oid);
 }
@@ -47,7 +41,7 @@ TOnuMacFilter::TOnuMacFilter(Session& session, std::int32_t itemType, QWidget* p
                 .resultText = "maintable",
                 .minimumValues = 4},
                parent) {
-    mainTable->setColumns({{.titleId = 61901, .position = kMac, .show = macCell},
+    mainTable->setColumns({{.titleId = 61901, .position = kMac, .show = macText},
                            {.titleId = 61902, .position = kVlan},
                            {.position = kWholeOid, .show = instanceCell, .hidden = true}});
     deleteBtn = addRequestButton("deleteBtn", 61907, [this] { deleteBtnClick(); });

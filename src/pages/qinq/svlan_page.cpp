@@ -89,7 +89,7 @@ CheckFailure SVlanPage::refusal() const {
         return {.textId = mode, .icon = platform::PromptIcon::information};
     }
     if (state_.isFull) {
-        return {.textId = kListFull, .appended = kMostRows};
+        return {.textId = kListFull, .after = kMostRows};
     }
     return {.textId = state_.isBlocked ? kPortBlocked : 0};
 }
