@@ -60,6 +60,8 @@ TEST_F(CapabilityTest, ListsInterfacesFromRepliesOfTheirGroup) {
     ASSERT_EQ(page().mainTable->rowCount(), 2);
     EXPECT_EQ(page().mainTable->cells(0), (Texts{"4", "WLAN", "2"}));
     EXPECT_EQ(page().mainTable->cells(1), (Texts{"5", "", "1"}));
+    page().mainTable->onDoubleClick();
+    EXPECT_EQ(host.pending(), 0U) << "there is nothing to open";
 }
 
 TEST_F(CapabilityTest, RefreshEmptiesEverythingAndWaitsForTheTimer) {

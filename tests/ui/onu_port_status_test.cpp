@@ -154,6 +154,8 @@ TEST_F(SinglePortTest, NoticesAddUpUntilRefresh) {
 TEST_F(SinglePortTest, ConfigWritesTheChosenSettingAndLeavesTheButtons) {
     read({"1", "1", "1", "1", ""}, "maintable");
     page().Timer1->stop();
+    test::click(*page().configBtn);
+    EXPECT_EQ(takeWrite(), Texts{"lanFlowControl@1.2.5.3=1"}) << "chosen at first";
     selectByText(control<QComboBox>("shutdownComb"), messageText(11007));
     struct Case {
         const char* radio;

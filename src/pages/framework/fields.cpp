@@ -45,9 +45,9 @@ std::optional<std::string> shownText(const Field& field, const ReadResult& resul
     }
     const std::string& value = result.values[field.position];
     if (field.codes.map != nullptr) {
-        std::string text = field.codes.map->textOf(value);
-        const bool keeps = text.empty() && field.codes.unknown == UnknownCode::keeps;
-        return keeps ? std::nullopt : std::optional(std::move(text));
+        const bool keeps =
+            field.codes.unknown == UnknownCode::keeps && !field.codes.map->hasValue(value);
+        return keeps ? std::nullopt : std::optional(field.codes.map->textOf(value));
     }
     return field.show != nullptr ? field.show(value) : std::string(textUpToZero(value));
 }

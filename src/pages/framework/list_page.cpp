@@ -24,6 +24,20 @@ int ListPage::requireRow() {
     return row;
 }
 
+std::optional<ListPage::RowCopy> ListPage::rowToDelete(std::size_t instanceColumn,
+                                                       const std::string& what) {
+    const int row = requireRow();
+    if (row < 0) {
+        return std::nullopt;
+    }
+    RowCopy copy{.row = row, .cells = mainTable->cells(row), .values = mainTable->values(row)};
+    if (copy.cells[instanceColumn].empty()) {
+        refuse({message::noRowSelected}, mainTable);
+        return std::nullopt;
+    }
+    return confirmDelete(replyHandle(), what) ? std::optional(std::move(copy)) : std::nullopt;
+}
+
 void ListPage::configBtnClick() {
     const int row = requireRow();
     if (row >= 0) {
@@ -33,7 +47,7 @@ void ListPage::configBtnClick() {
 }
 
 void ListPage::mainTableDblClick() {
-    if (configBtn->isEnabled()) {
+    if (configBtn != nullptr && configBtn->isEnabled()) {
         configBtnClick();
     }
 }

@@ -6,7 +6,11 @@
 #include "pages/framework/config_page.h"
 #include "pages/framework/row_table.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace onudesk {
 
@@ -21,6 +25,18 @@ public:
 
     // The selected row, or -1 after telling the operator to select one (message 11204).
     [[nodiscard]] int requireRow();
+
+    // A row as it was when the operator was asked about it; it may go while the question is open.
+    struct RowCopy {
+        int row = -1;
+        std::vector<std::string> cells;
+        std::vector<std::string> values;
+    };
+    // The selected row when the operator wants it deleted. Without a selected row, or without its
+    // instance in that column, the operator is told to select one; `what` ends the caption of the
+    // question.
+    [[nodiscard]] std::optional<RowCopy> rowToDelete(std::size_t instanceColumn,
+                                                     const std::string& what = {});
 
     // With a row selected; without, the operator is told.
     void configBtnClick() override;

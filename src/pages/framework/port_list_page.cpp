@@ -55,8 +55,7 @@ void PortListPage::prepareRefresh() {
     setPortSegment(session(), port());
 }
 
-void PortListPage::fillPage(const ReadResult& result) {
-    ListPage::fillPage(result);
+void PortListPage::rowArrived(int /*row*/, const ReadResult& result) {
     if (portComb->count() == 0) {
         fillPorts(valueAt(result, ports_.countPosition));
     }

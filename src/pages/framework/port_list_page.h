@@ -37,7 +37,7 @@ public:
 
 protected:
     void prepareRefresh() override;
-    void fillPage(const ReadResult& result) override;
+    void rowArrived(int row, const ReadResult& result) override;
 
 private:
     void fillPorts(const std::string& count);

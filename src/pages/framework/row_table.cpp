@@ -96,8 +96,8 @@ int RowTable::putReply(const ReadResult& result) {
         widen(static_cast<int>(at), text);
     }
     rows_[static_cast<std::size_t>(row)] = {index, std::move(cells), std::move(values)};
-    if (row == remembered_) {
-        selectRow(row);
+    if (0 <= remembered_ && remembered_ < rowCount() && selectedRow() != remembered_) {
+        selectRow(remembered_);
     }
     return row;
 }

@@ -38,6 +38,10 @@ std::optional<std::string> ValueMap::translate(const std::string& key) const {
     return found == entries_.end() ? std::nullopt : std::optional(found->second);
 }
 
+bool ValueMap::hasValue(const std::string& value) const {
+    return std::ranges::find(pairs_, value, &ValuePair::value) != pairs_.end();
+}
+
 std::string ValueMap::textOf(const std::string& value) const {
     const auto found = std::ranges::find(pairs_, value, &ValuePair::value);
     return found == pairs_.end() ? std::string() : found->text;

@@ -35,6 +35,7 @@ public:
 
     // The other half of a pair: the text of a code or the code of a text.
     [[nodiscard]] std::optional<std::string> translate(const std::string& key) const;
+    [[nodiscard]] bool hasValue(const std::string& value) const;
     // The display text of a code, empty when the map does not have it.
     [[nodiscard]] std::string textOf(const std::string& value) const;
     // The rows of a combo, in order.

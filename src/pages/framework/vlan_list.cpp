@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/framework/vlan_list.h"
 
-#include "pages/framework/checks.h"
+#include "bridge/read_number.h"
 
 #include <algorithm>
 
@@ -12,16 +12,19 @@ namespace {
 constexpr std::int64_t kLastVlan = 4094;
 constexpr std::string_view kBlanks = " \t\r\n";
 
-// The whole text but for blanks around it.
-std::optional<std::int32_t> numberOf(std::string_view text) {
-    return wholeNumber(text.substr(0, text.find_last_not_of(kBlanks) + 1));
+// Digits that name a VLAN, with blanks around them.
+std::optional<int> vlanOf(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+    int vlan = 0;
+    const bool isNumber = readNumber(text.substr(0, text.find_last_not_of(kBlanks) + 1), vlan);
+    return isNumber && 1 <= vlan && vlan <= kLastVlan ? std::optional(vlan) : std::nullopt;
 }
 
 bool addPiece(std::string_view piece, std::set<int>& vlans) {
     const std::size_t dash = piece.find('-');
-    const auto first = numberOf(piece.substr(0, dash));
-    const auto last = dash == std::string_view::npos ? first : numberOf(piece.substr(dash + 1));
-    return first && last && *last > 0 && addVlans(*first, *last, vlans);
+    const auto first = vlanOf(piece.substr(0, dash));
+    const auto last = dash == std::string_view::npos ? first : vlanOf(piece.substr(dash + 1));
+    return first && last && addVlans(*first, *last, vlans);
 }
 
 } // namespace

@@ -48,11 +48,6 @@ TOnuMacFilter::TOnuMacFilter(Session& session, std::int32_t itemType, QWidget* p
     start({}, {deleteBtn});
 }
 
-void TOnuMacFilter::prepareRefresh() {
-    ListPage::prepareRefresh();
-    listFull_ = false; // an empty list has no row to say so
-}
-
 void TOnuMacFilter::fillPage(const ReadResult& result) {
     ListPage::fillPage(result);
     listFull_ = leadingNumber(result.values[kFullPosition]) == 1;
@@ -67,23 +62,15 @@ void TOnuMacFilter::configBtnClick() {
 }
 
 void TOnuMacFilter::deleteBtnClick() {
-    const int row = requireRow();
-    if (row < 0) {
-        return;
-    }
-    const std::vector<std::string> cells = mainTable->cells(row);
-    if (cells[kInstance].empty()) {
-        refuse({message::noRowSelected}, mainTable);
-        return;
-    }
-    // The row may go while the question is open.
-    if (!confirmDelete(replyHandle(), kDeleted)) {
+    const auto row = rowToDelete(kInstance, kDeleted);
+    if (!row) {
         return;
     }
     if (WriteRequest request = beginWrite()) {
-        request.bind({kMacObject}, bytesOfHex(cells[kMac]), cells[kInstance], kMacBytes);
-        request.bind({kVlanObject}, cells[kVlan], cells[kInstance]);
-        request.bind({kRowStatusObject}, "6", cells[kInstance]);
+        const std::string& instance = row->cells[kInstance];
+        request.bind({kMacObject}, bytesOfHex(row->cells[kMac]), instance, kMacBytes);
+        request.bind({kVlanObject}, row->cells[kVlan], instance);
+        request.bind({kRowStatusObject}, "6", instance);
         finishWrite(std::move(request));
     }
 }

@@ -23,7 +23,6 @@ public:
     void mainTableDblClick() override {}
 
 protected:
-    void prepareRefresh() override;
     void fillPage(const ReadResult& result) override;
 
 private:

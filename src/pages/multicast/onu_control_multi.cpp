@@ -49,7 +49,7 @@ TOnuControlMulti::TOnuControlMulti(Session& session, std::int32_t itemType, QWid
                            {.titleId = 62104, .position = kType, .map = &types_},
                            {.position = kWholeOid, .show = rowInstance, .hidden = true}});
     deleteBtn = addRequestButton("deleteBtn", message::remove, [this] { deleteBtnClick(); });
-    start();
+    start({}, {deleteBtn});
 }
 
 void TOnuControlMulti::fillPage(const ReadResult& result) {
@@ -70,27 +70,17 @@ void TOnuControlMulti::openRow(int row) {
 }
 
 void TOnuControlMulti::deleteBtnClick() {
-    const int row = requireRow();
-    if (row < 0) {
+    const auto row = rowToDelete(kInstance);
+    if (!row) {
         return;
     }
-    // Rows may come and go while the question is open.
-    const std::vector<std::string> cells = mainTable->cells(row);
-    const std::string type = mainTable->values(row)[kType];
-    const std::string& instance = cells[kInstance];
-    if (instance.empty()) {
-        refuse({message::noRowSelected}, mainTable);
-        return;
-    }
-    if (!confirmDelete(replyHandle())) {
-        return;
-    }
-    mainTable->rememberRow(row);
+    mainTable->rememberRow(row->row);
     if (WriteRequest request = beginWrite()) {
-        request.bind({"multiMacIndex"}, cells[kIndex], instance);
-        request.bind({"multiMac"}, bytesOfHex(cells[kMac]), instance, kMacBytes);
-        request.bind({"multiVlan"}, cells[kVlan], instance);
-        request.bind({"multiType"}, type, instance);
+        const std::string& instance = row->cells[kInstance];
+        request.bind({"multiMacIndex"}, row->cells[kIndex], instance);
+        request.bind({"multiMac"}, bytesOfHex(row->cells[kMac]), instance, kMacBytes);
+        request.bind({"multiVlan"}, row->cells[kVlan], instance);
+        request.bind({"multiType"}, row->values[kType], instance);
         request.bind({"multiRowStatus"}, "6", instance);
         finishWrite(std::move(request));
     }

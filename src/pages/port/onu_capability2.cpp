@@ -4,6 +4,7 @@
 #include "env/language_module.h"
 
 #include <QBoxLayout>
+#include <QLabel>
 
 namespace onudesk {
 

@@ -76,7 +76,7 @@ TOnuComSession::TOnuComSession(Session& session, std::int32_t itemType, QWidget*
                 .minimumValues = 11},
                parent),
       deleteBtn(addRequestButton("deleteBtn", message::remove, [this] { deleteBtnClick(); })) {
-    mainTable->setColumns({{.titleId = kFirstTitle, .position = kComId, .isKey = true},
+    mainTable->setColumns({{.titleId = kFirstTitle, .position = kComId},
                            {.titleId = kFirstTitle + 1, .position = kType, .map = &maps_.types},
                            {.titleId = kFirstTitle + 2, .position = 3},
                            {.titleId = kFirstTitle + 3, .position = 2},
@@ -86,7 +86,7 @@ TOnuComSession::TOnuComSession(Session& session, std::int32_t itemType, QWidget*
                            {.titleId = kFirstTitle + 7, .position = 7, .map = &maps_.stopBits},
                            {.titleId = kFirstTitle + 8, .position = 9},
                            {.titleId = kFirstTitle + 9, .position = 10}});
-    start();
+    start({}, {deleteBtn});
 }
 
 void TOnuComSession::prepareRefresh() {

@@ -27,7 +27,7 @@ public:
     QPushButton* deleteBtn = nullptr;
 
     [[nodiscard]] const ComSessionMaps& maps() const { return maps_; }
-    // The listed ports without session.
+    // The ports that replies since the last refresh named without session.
     [[nodiscard]] const std::set<std::int64_t>& freeComIds() const { return freeComIds_; }
 
     // Makes a session on a free port, whatever row is selected; without free port it does nothing.

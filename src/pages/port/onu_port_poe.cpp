@@ -31,8 +31,7 @@ void TOnuPortPoE::prepareRefresh() {
 }
 
 void TOnuPortPoE::fillPage(const ReadResult& result) {
-    if (!modes_.textOf(result.values[kMode]).empty() &&
-        !states_.textOf(result.values[kState]).empty()) {
+    if (modes_.hasValue(result.values[kMode]) && states_.hasValue(result.values[kState])) {
         ListPage::fillPage(result);
     } else if (!poeUnsupported_) {
         poeUnsupported_ = true;
@@ -55,6 +54,7 @@ void TOnuPortPoE::configBtnClick() {
 }
 
 void TOnuPortPoE::openRow(int row) {
+    registerWriteRoute(session(), itemType(), replyHandle());
     TOnuPortPoEItem(*this, row).exec();
 }
 

@@ -62,7 +62,9 @@ void TOnuPortStatusP::bindWrite(WriteRequest& request) {
 }
 
 void TOnuPortStatusP::configBtnClick() {
-    if (WriteRequest request = newRequest()) {
+    // The catalogue as it is now: this window may have been open for long.
+    const ObjectCatalogue now = loadCatalogue(itemType());
+    if (WriteRequest request(session(), now, itemType(), rules().group); request) {
         bindWrite(request);
         finishWrite(std::move(request));
     }

@@ -3,12 +3,6 @@
 
 namespace onudesk {
 
-namespace {
-
-constexpr int kNotFlexible = 3047;
-
-} // namespace
-
 TOnuSVlanInsert::TOnuSVlanInsert(Session& session, std::int32_t itemType, QWidget* parent)
     : SVlanPage(
           session, itemType,

@@ -5,12 +5,14 @@ namespace onudesk {
 
 namespace {
 
+constexpr int kQinQIsOff = 3048;
+
 int refusalOf(const std::string& state) {
     switch (leadingNumber(state).value_or(0)) {
     case 1:
-        return 3047; // not flexible
+        return kNotFlexible;
     case 2:
-        return 3048; // off
+        return kQinQIsOff;
     default:
         return 0;
     }

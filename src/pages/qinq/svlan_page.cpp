@@ -70,16 +70,18 @@ SVlanPage::SVlanPage(Session& session, std::int32_t itemType, SVlanRules ranges,
 void SVlanPage::prepareRefresh() {
     PortListPage::prepareRefresh();
     used_.clear();
-    state_ = {};
 }
 
 void SVlanPage::rowArrived(int row, const ReadResult& result) {
+    PortListPage::rowArrived(row, result);
     used_.add(valueAt(result, kFirst), valueAt(result, kLast));
     used_.add(valueAt(result, ranges_.otherRange), valueAt(result, ranges_.otherRange + 1));
     state_ = {.isFull = isSet(valueAt(result, kListIsFull)),
               .isBlocked = isSet(valueAt(result, ranges_.portBlocked)),
               .mode = valueAt(result, ranges_.mode)};
     if (rowId(mainTable->cell(row, kFirst)) == added_) {
+        added_.clear();
+        mainTable->rememberRow(row);
         mainTable->selectRow(row);
     }
 }
@@ -98,9 +100,10 @@ void SVlanPage::configBtnClick() {
     const CheckFailure failure = refusal();
     if (failure.textId != 0) {
         refuse(failure, mainTable);
-    } else {
-        openRow(-1);
+        return;
     }
+    mainTable->rememberRow(mainTable->selectedRow());
+    openRow(-1);
 }
 
 void SVlanPage::deleteBtnClick() {
@@ -108,6 +111,7 @@ void SVlanPage::deleteBtnClick() {
     if (row < 0) {
         return;
     }
+    mainTable->rememberRow(row);
     if (WriteRequest request = beginWrite()) {
         const std::string instance =
             session().OnuIndexText + "." + port() + "." + mainTable->rowIndex(row);

@@ -26,6 +26,8 @@ struct SVlanNumber {
     int labelId;
 };
 
+inline constexpr int kNotFlexible = 3047; // the ONU does not do flexible QinQ
+
 // What tells the two lists apart. Positions are those of values in a reply.
 struct SVlanRules {
     int helpKeyId = 0;
@@ -51,12 +53,11 @@ public:
 
     [[nodiscard]] const SVlanRules& ranges() const { return ranges_; }
     [[nodiscard]] bool isUsed(std::string_view vlan) const { return used_.contains(vlan); }
-    // The range that begins with this VLAN was added: its row is selected when it arrives.
+    // The range that begins with this VLAN was added: its row is selected once it arrives.
     void setAdded(const std::string& firstVlan) { added_ = rowId(decimalOf(firstVlan, 10)); }
 
     void configBtnClick() override;
     void deleteBtnClick();
-    void mainTableClick() override { added_.clear(); }
 
 protected:
     void prepareRefresh() override;

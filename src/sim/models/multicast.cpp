@@ -19,8 +19,8 @@ constexpr int kLastVlan = 4094;
 
 using Vlans = std::set<int>;
 
-// Numbers and ascending ranges between commas, with blanks around numbers. Nothing for anything
-// else.
+// Numbers and ranges between commas, with blanks around numbers; descending ranges add nothing.
+// Nothing for anything else.
 std::optional<Vlans> vlansOf(const std::string& list) {
     static const std::regex kPiece(R"(\s*(\d{1,9})\s*(-\s*(\d{1,9})\s*)?)");
     Vlans vlans;
@@ -32,7 +32,7 @@ std::optional<Vlans> vlansOf(const std::string& list) {
         }
         const int first = std::stoi(match[1]);
         const int last = match[3].matched ? std::stoi(match[3]) : first;
-        if (first < 1 || last < first || last > kLastVlan) {
+        if (std::min(first, last) < 1 || std::max(first, last) > kLastVlan) {
             return std::nullopt;
         }
         for (int vlan = first; vlan <= last; ++vlan) {

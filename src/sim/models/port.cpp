@@ -42,6 +42,7 @@ std::optional<SetStatus> writePortStatus(const GroupWrite& write, Device& device
     if (ports.find("lanState", port) == nullptr) {
         return SetStatus::noCreation;
     }
+    const bool wasShutDown = ports.number("lanShutDown", port) == kShutDown;
     for (const char* setting : {"lanFlowControl", "lanShutDown", "lanautoNeg"}) {
         if (const auto number = write.number(setting)) {
             ports.putNumber(setting, port, *number);
@@ -49,7 +50,7 @@ std::optional<SetStatus> writePortStatus(const GroupWrite& write, Device& device
     }
     if (ports.number("lanShutDown", port) == kShutDown) {
         ports.putNumber("lanState", port, 0);
-    } else if (write.find("lanShutDown") != nullptr) {
+    } else if (wasShutDown) {
         const bool advertises =
             ports.bytes("lanAdv", port).find_first_not_of('0') != std::string::npos;
         ports.putNumber("lanState", port, advertises ? 1 : 0);
@@ -76,7 +77,7 @@ std::optional<SetStatus> writeComSession(const GroupWrite& write, Device& device
         return std::nullopt;
     }
     if (status != static_cast<std::int64_t>(RowStatus::createAndGo)) {
-        return SetStatus::wrongValue;
+        return SetStatus::inconsistentValue;
     }
     const std::int64_t type = write.number("ComSessionType").value_or(0);
     const bool needsAddress = type != kTcpServer;
