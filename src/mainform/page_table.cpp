@@ -5,6 +5,12 @@
 #include "pages/basic/onu_dba_config.h"
 #include "pages/basic/onu_reboot.h"
 #include "pages/basic/onu_version_info.h"
+#include "pages/lt/onu_lt_attribute.h"
+#include "pages/lt/onu_lt_gain.h"
+#include "pages/lt/onu_lt_infa_status.h"
+#include "pages/lt/onu_lt_ip_config.h"
+#include "pages/lt/onu_lt_pon_set.h"
+#include "pages/lt/onu_lt_self_set.h"
 #include "pages/mac/onu_mac_age.h"
 #include "pages/mac/onu_mac_filter.h"
 #include "pages/mac/onu_mac_limit.h"
@@ -98,12 +104,12 @@ constexpr PageEntry kPages[] = {
     {763, "TOnuComSession", "onuComSession", make<TOnuComSession>},
     {767, "TOnuCTCMode", "onuVlanMode", make<TOnuCTCMode>},
     {772, "TOnuLoopback", "onuLoopback", make<TOnuLoopback>},
-    {811, "TOnuLTAttribute", nullptr, nullptr},
-    {812, "TOnuLTIPConfig", nullptr, nullptr},
-    {813, "TOnuLTSelfSet", nullptr, nullptr},
-    {815, "TOnuLTInfaStatus", nullptr, nullptr},
-    {816, "TOnuLTGain", nullptr, nullptr},
-    {817, "TOnuLTPonSet", nullptr, nullptr},
+    {811, "TOnuLTAttribute", nullptr, make<TOnuLTAttribute>},
+    {812, "TOnuLTIPConfig", nullptr, make<TOnuLTIPConfig>},
+    {813, "TOnuLTSelfSet", nullptr, make<TOnuLTSelfSet>},
+    {815, "TOnuLTInfaStatus", nullptr, make<TOnuLTInfaStatus>},
+    {816, "TOnuLTGain", nullptr, make<TOnuLTGain>},
+    {817, "TOnuLTPonSet", nullptr, make<TOnuLTPonSet>},
     {822, "TOnuVoipIAD", nullptr, nullptr},
     {823, "TOnuVoip", nullptr, nullptr},
     {824, "TOnuVoipH248", nullptr, nullptr},

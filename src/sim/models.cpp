@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "sim/models.h"
 
+#include "sim/models/lt.h"
 #include "sim/models/mac.h"
 #include "sim/models/multicast.h"
 #include "sim/models/port.h"
@@ -18,6 +19,7 @@ DeviceModel findModel(std::string_view name) {
         {"igmp-limits", writeIgmpLimits},   {"mac-filter", filterMac},
         {"port-status", writePortStatus},   {"qinq-mode", writeQinQMode},
         {"svlan-insert", writeSVlanInsert}, {"svlan-pass", writeSVlanPass},
+        {"work-pon", writeWorkPon},
     };
     const auto found = models.find(name);
     return found == models.end() ? nullptr : found->second;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Modules 616, 617, 649 and 763: settings of ports and of the link.
+// Modules 616, 617, 649, 763 and 817: settings of ports and of the link.
 #include "sim_fixture.h"
 
 #include <algorithm>
@@ -58,6 +58,13 @@ const ModelCase kCases[] = {
       {{"616.1.1.2.1.2.8|2|2"}, "noCreation 1"},
       {{"616.1.1.2.1.2.5|2|4"}, "wrongValue 1"}},
      {"616.1.1.2.1.2.5|2|2"}},
+    {"WorkingPonPortWhereThereIsAChoice",
+     {"817.1.1.1.1.2.5|2|1", "817.1.1.1.1.2.6|2|0"},
+     {{{"817.1.1.1.1.2.5|2|2"}, "ok"},
+      {{"817.1.1.1.1.2.5|2|0"}, "inconsistentValue 1"},
+      {{"817.1.1.1.1.2.6|2|1"}, "inconsistentValue 1"},
+      {{"817.1.1.1.1.2.7|2|1"}, "noCreation 1"}},
+     {"817.1.1.1.1.2.5|2|2", "817.1.1.1.1.2.6|2|0"}},
     {"EncryptionOnInStateZeroOffAlways",
      {"649.1.1.1.1.2.5|2|0", "649.1.1.2.1.2.5|2|0", "649.1.1.1.1.2.6|2|1", "649.1.1.2.1.2.6|2|2"},
      {{{"649.1.1.1.1.2.5|2|1"}, "ok"},

@@ -4,6 +4,7 @@
 #include "env/language_module.h"
 
 #include <algorithm>
+#include <memory>
 
 #include <QAbstractButton>
 #include <QCheckBox>
@@ -11,6 +12,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QTextCursor>
 #include <QValidator>
 
 namespace onudesk {
@@ -202,6 +204,24 @@ void limitTyping(QLineEdit& edit, int bytes) {
 
 void limitCharacters(QLineEdit& edit, int characters) {
     typingRule(edit).characters = characters;
+}
+
+void limitCharacters(QPlainTextEdit& memo, int characters) {
+    const auto accepted = std::make_shared<QString>(memo.toPlainText());
+    QObject::connect(&memo, &QPlainTextEdit::textChanged, &memo, [&memo, characters, accepted] {
+        const QString text = memo.toPlainText();
+        const qsizetype surplus = text.size() - accepted->size();
+        if (text.size() <= characters || surplus <= 0) {
+            *accepted = text;
+            return;
+        }
+        QTextCursor cursor = memo.textCursor();
+        const int position = std::max(0, cursor.position() - static_cast<int>(surplus));
+        const QSignalBlocker quiet(memo);
+        memo.setPlainText(*accepted);
+        cursor.setPosition(position);
+        memo.setTextCursor(cursor);
+    });
 }
 
 void digitsOnly(QLineEdit& edit) {

@@ -19,6 +19,8 @@
 #include <QString>
 #include <QWidget>
 
+class QPlainTextEdit;
+
 namespace onudesk {
 
 // Texts are UTF-8 bytes everywhere but at the widget; a text ends at its first zero byte.
@@ -56,6 +58,8 @@ void setControlText(QWidget& control, std::string_view text);
 void limitTyping(QLineEdit& edit, int bytes);
 // The same in characters.
 void limitCharacters(QLineEdit& edit, int characters);
+// The same for a memo that has its text already; a longer one can only be made shorter.
+void limitCharacters(QPlainTextEdit& memo, int characters);
 // Lets the operator type digits only; texts set by the program stay whole.
 void digitsOnly(QLineEdit& edit);
 

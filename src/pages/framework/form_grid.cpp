@@ -162,6 +162,20 @@ void FormGrid::place(QWidget* caption, QWidget* control, bool wholeRow) {
     row_ += pair_ == 0 ? 1 : 0;
 }
 
+void addUnit(QWidget& form, const char* control, const char* unit) {
+    auto* grid = static_cast<QGridLayout*>(form.layout());
+    const QString name = QString::fromLatin1(control);
+    int row = 0;
+    int column = 0;
+    int rows = 0;
+    int columns = 0;
+    grid->getItemPosition(grid->indexOf(form.findChild<QWidget*>(name)), &row, &column, &rows,
+                          &columns);
+    auto* label = new QLabel(QString::fromUtf8(unit), &form);
+    label->setObjectName(name + QStringLiteral("Unit"));
+    grid->addWidget(label, row, column + 1);
+}
+
 void addNote(QWidget& form, int messageId) {
     auto* note = new QLabel(&form);
     note->setObjectName(QStringLiteral("noteLabel"));

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#include "pages/lt/onu_lt_pon_set.h"
+
+namespace onudesk {
+
+namespace {
+
+constexpr const char* kNoChoice = "0";
+
+} // namespace
+
+TOnuLTPonSet::TOnuLTPonSet(Session& session, std::int32_t itemType, QWidget* parent)
+    : ConfigPage(session, itemType,
+                 {.helpKeyId = 6267,
+                  .group = "group1",
+                  .onDecoded = OnDecoded::followsFlag,
+                  .resultText = "group1",
+                  .minimumValues = 1},
+                 parent) {
+    buildForm({{.control = "ponComb",
+                .labelId = 81701,
+                .kind = ControlKind::combo,
+                .object = {"vgonuworkponset"},
+                .codes = {&ports_},
+                .written = Written::always}});
+    ponComb = findChild<QComboBox*>(QStringLiteral("ponComb"));
+    start();
+}
+
+void TOnuLTPonSet::fillPage(const ReadResult& result) {
+    const bool isChoice = result.values.front() != kNoChoice;
+    ponComb->setEnabled(isChoice);
+    if (isChoice) {
+        selectOrClear(*ponComb, result.values.front());
+    }
+}
+
+} // namespace onudesk
