@@ -78,6 +78,7 @@ public:
     int prepared = 0;
     int filled = 0;
     int others = 0;
+    bool shows = true;
 
     template <typename Control>
     [[nodiscard]] Control* control(const char* name) const {
@@ -89,6 +90,7 @@ public:
 
 protected:
     void prepareRefresh() override { ++prepared; }
+    bool mayShow(const ReadResult&) override { return shows; }
     void fillPage(const ReadResult&) override { ++filled; }
     void otherReply(const ReadResult&) override { ++others; }
 
@@ -268,6 +270,16 @@ TEST_F(ConfigPageTest, ShortAndForeignRepliesChangeNothing) {
     EXPECT_EQ(page->filled, 1);
     EXPECT_EQ(page->others, 2) << "another group, and none";
     EXPECT_EQ(page->control<QLineEdit>("numberEdit")->text(), QStringLiteral("5"));
+}
+
+TEST_F(ConfigPageTest, APageCanRefuseToShowAReplyButTakesItsFlag) {
+    const auto page = makePage({.onDecoded = OnDecoded::followsFlag});
+    ASSERT_TRUE(host.replyRead(kItem, values({"5", "2", "six"}, 0)));
+    page->shows = false;
+    ASSERT_TRUE(host.replyRead(kItem, values({"6", "1", "seven"}, 1)));
+    EXPECT_EQ(page->filled, 1);
+    EXPECT_EQ(page->control<QLineEdit>("tickedEdit")->text(), QStringLiteral("six"));
+    EXPECT_TRUE(page->configBtn->isEnabled());
 }
 
 TEST_F(ConfigPageTest, FieldsFillByPositionAndUnknownCodesClearOrKeep) {

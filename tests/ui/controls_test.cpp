@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTextCursor>
 
 namespace onudesk {
 namespace {
@@ -95,6 +96,38 @@ TEST_F(ControlsTest, TypingLimitsCountBytesAndNeverCutTheProgramsText) {
     edit.end(false);
     test::type(edit, QStringLiteral("x"));
     EXPECT_EQ(bytesOf(edit.text()).find('x'), std::string::npos);
+}
+
+TEST_F(ControlsTest, TypingIntoAMemoIsLimitedWhereItIsTyped) {
+    QPlainTextEdit memo;
+    limitTyping(memo, 4);
+    test::type(memo, QStringLiteral("中a文"));
+    EXPECT_EQ(memo.toPlainText(), QStringLiteral("中a"));
+    memo.moveCursor(QTextCursor::Start);
+    test::type(memo, QStringLiteral("x"));
+    EXPECT_EQ(memo.toPlainText(), QStringLiteral("中a")) << "the end stays";
+    setControlText(memo, "longer than four");
+    EXPECT_EQ(stateOf(memo).text, "longer than four");
+    test::type(memo, QStringLiteral("!"));
+    EXPECT_EQ(stateOf(memo).text, "longer than four");
+    memo.selectAll();
+    memo.insertPlainText(QStringLiteral("another text of the operator"));
+    EXPECT_EQ(stateOf(memo).text, "another text of ") << "as long as what was there";
+}
+
+TEST_F(ControlsTest, FieldsOfOneTickHaveLabelsThatDiffer) {
+    QWidget panel;
+    FormGrid form(panel, 1);
+    form.add({{.control = "one", .labelId = 20010, .tick = {"box"}},
+              {.control = "beside", .labelId = 20010, .tick = {"box"}},
+              {.control = "two", .labelId = 20011, .tick = {"box"}}});
+    EXPECT_EQ(panel.findChildren<QCheckBox*>().size(), 1);
+    EXPECT_EQ(form.find("oneLabel"), nullptr);
+    EXPECT_EQ(form.find("besideLabel"), nullptr);
+    auto* label = form.find<QLabel>("twoLabel");
+    ASSERT_NE(label, nullptr);
+    EXPECT_EQ(bytesOf(label->text()), messageText(20011));
+    EXPECT_EQ(label->buddy(), form.find("two"));
 }
 
 TEST_F(ControlsTest, DigitsOnlyLimitsTypingNotSetting) {

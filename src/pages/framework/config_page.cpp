@@ -148,7 +148,7 @@ void ConfigPage::readReply(void* reply) {
     }
     if (!rules_.resultText.empty() && result.resultText != rules_.resultText) {
         otherReply(result);
-    } else if (result.values.size() >= rules_.minimumValues) {
+    } else if (result.values.size() >= rules_.minimumValues && mayShow(result)) {
         fields_.show(result);
         fillPage(result);
     }
@@ -163,6 +163,10 @@ void ConfigPage::writeReply(void* reply) {
         return;
     }
     writeResultNotice(session_, replyHandle(), reply, {});
+}
+
+bool ConfigPage::mayShow(const ReadResult& /*result*/) {
+    return true;
 }
 
 void ConfigPage::fillPage(const ReadResult& /*result*/) {}

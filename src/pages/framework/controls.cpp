@@ -10,7 +10,6 @@
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
-#include <QPlainTextEdit>
 #include <QPointer>
 #include <QTextCursor>
 #include <QValidator>
@@ -200,6 +199,19 @@ void setControlText(QWidget& control, std::string_view text) {
 
 void limitTyping(QLineEdit& edit, int bytes) {
     typingRule(edit).bytes = bytes;
+}
+
+// What is too much is taken away before the cursor, where it was put in.
+void limitTyping(QPlainTextEdit& memo, int bytes) {
+    QObject::connect(&memo, &QPlainTextEdit::textChanged, &memo, [&memo, bytes] {
+        const QSignalBlocker quiet(memo);
+        const auto most =
+            std::max<qsizetype>(bytes, memo.property(kProgramShown).toString().toUtf8().size());
+        QTextCursor cursor = memo.textCursor();
+        while (memo.toPlainText().toUtf8().size() > most && !cursor.atStart()) {
+            cursor.deletePreviousChar();
+        }
+    });
 }
 
 void limitCharacters(QLineEdit& edit, int characters) {

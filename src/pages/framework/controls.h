@@ -16,6 +16,7 @@
 #include <QFont>
 #include <QLayout>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QString>
 #include <QWidget>
 
@@ -56,6 +57,7 @@ void setControlText(QWidget& control, std::string_view text);
 
 // Lets the operator type at most so many bytes of UTF-8; texts set by the program stay whole.
 void limitTyping(QLineEdit& edit, int bytes);
+void limitTyping(QPlainTextEdit& memo, int bytes);
 // The same in characters.
 void limitCharacters(QLineEdit& edit, int characters);
 // The same for a memo that has its text already; a longer one can only be made shorter.

@@ -76,6 +76,9 @@ QWidget* FormGrid::makeControl(const Field& field) {
         auto* memo = new QPlainTextEdit(&parent_);
         memo->setReadOnly(readOnly);
         memo->setTabChangesFocus(true);
+        if (field.typing.bytes >= 0) {
+            limitTyping(*memo, field.typing.bytes);
+        }
         const int lines = memo->fontMetrics().lineSpacing() * kMemoLines;
         memo->setFixedHeight(lines + 2 * memo->frameWidth() + 10);
         return memo;
@@ -133,8 +136,13 @@ QWidget* FormGrid::makeTick(const Field& field) {
 
 QWidget* FormGrid::makeCaption(const Field& field) {
     lastLabel_ = nullptr;
-    if (!field.tick.button.empty()) {
-        return find(field.tick.button) != nullptr ? nullptr : makeTick(field);
+    const bool shared = find(field.tick.button) != nullptr;
+    if (!field.tick.button.empty() && !shared) {
+        tickLabelId_ = field.labelId;
+        return makeTick(field);
+    }
+    if (shared && field.labelId == tickLabelId_) {
+        return nullptr;
     }
     lastLabel_ = new QLabel(&parent_);
     lastLabel_->setObjectName(QString::fromStdString(field.control + "Label"));

@@ -25,8 +25,9 @@ namespace onudesk {
 
 // Fills a widget with label-and-control pairs, left to right, then down. Every control gets its
 // object name, a label named after it ("nameEditLabel") and that label's text as accessible name; a
-// field with a tick has the check box or radio button in place of the label, and fields that share
-// it stand side by side. The first radio button is chosen. Tab order is the order of adding.
+// field with a tick has the check box or radio button in place of the label; fields that share it
+// have a label only where it differs from that of the tick. The first radio button is chosen. Tab
+// order is the order of adding.
 class FormGrid {
 public:
     // The widget owns everything; `pairs` is how many stand side by side.
@@ -61,6 +62,7 @@ private:
     QWidget& parent_;
     QGridLayout* grid_;
     QLabel* lastLabel_ = nullptr;
+    int tickLabelId_ = 0; // of the tick made last
     bool hasRadio_ = false;
     int pairs_;
     int row_ = 0;
