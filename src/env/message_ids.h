@@ -10,6 +10,7 @@ inline constexpr int errorCaption = 113;
 inline constexpr int allZeroMac = 3029;
 inline constexpr int nothingToDelete = 3034;
 inline constexpr int badMac = 3036;
+inline constexpr int unsupported = 3185;
 inline constexpr int importRemark = 3262;
 inline constexpr int helpFile = 6201;
 inline constexpr int noticeCaption = 11001;

@@ -44,6 +44,7 @@
 #include "pages/vlan/onu_port_mode_setting.h"
 #include "pages/vlan/onu_port_vlan.h"
 #include "pages/vlan/onu_vlan_table.h"
+#include "pages/voip/onu_voip_fax_modem.h"
 
 #include <algorithm>
 
@@ -115,7 +116,7 @@ constexpr PageEntry kPages[] = {
     {824, "TOnuVoipH248", nullptr, nullptr},
     {825, "TOnuVoipH248Rtp", nullptr, nullptr},
     {826, "TOnuVoipSIP", nullptr, nullptr},
-    {827, "TOnuVoipFaxModem", nullptr, nullptr},
+    {827, "TOnuVoipFaxModem", nullptr, make<TOnuVoipFaxModem>},
     {828, "TOnuVoipPort", nullptr, nullptr},
     {886, "TOnuCapability2", "onuCapability2", make<TOnuCapability2>},
     {887, "TOnuPortIsolation", "onuPortIsolation", nullptr},

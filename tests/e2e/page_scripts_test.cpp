@@ -250,6 +250,11 @@ std::vector<PageScripts> pageScripts() {
             {object("648.1.1.3.1.2.5.2.0"), "0", kNone}}},
           {"svlan_pass_off.onu", "1.2.3", {}},
           {"svlan_pass_static.onu", "1.2.2", {}}}},
+        {"faxModem",
+         {{"fax_modem.onu",
+           "1.2.5",
+           {{object("827.1.1.1.1.2.5"), "1", "0"}, {object("827.1.1.2.1.2.5"), "0", "1"}}},
+          {"fax_modem_unknown.onu", "1.1.2", {{object("827.1.1.2.1.1.2"), "255", "255"}}}}},
     };
 }
 
