@@ -44,6 +44,7 @@
 #include "pages/vlan/onu_port_mode_setting.h"
 #include "pages/vlan/onu_port_vlan.h"
 #include "pages/vlan/onu_vlan_table.h"
+#include "pages/voip/onu_voip.h"
 #include "pages/voip/onu_voip_fax_modem.h"
 
 #include <algorithm>
@@ -112,7 +113,7 @@ constexpr PageEntry kPages[] = {
     {816, "TOnuLTGain", nullptr, make<TOnuLTGain>},
     {817, "TOnuLTPonSet", nullptr, make<TOnuLTPonSet>},
     {822, "TOnuVoipIAD", nullptr, nullptr},
-    {823, "TOnuVoip", nullptr, nullptr},
+    {823, "TOnuVoip", nullptr, make<TOnuVoip>},
     {824, "TOnuVoipH248", nullptr, nullptr},
     {825, "TOnuVoipH248Rtp", nullptr, nullptr},
     {826, "TOnuVoipSIP", nullptr, nullptr},

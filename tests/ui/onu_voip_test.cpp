@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Fax and modem, parameters and identity of the voice module.
+#include "pages/voip/onu_voip.h"
 #include "pages/voip/onu_voip_fax_modem.h"
 
 #include "page_test.h"
@@ -8,6 +9,7 @@
 namespace onudesk {
 namespace {
 
+using test::Box;
 using test::Texts;
 
 class FaxModemTest : public test::PageTest<TOnuVoipFaxModem, 827> {
@@ -64,6 +66,165 @@ TEST_F(FaxModemTest, WritesBothCodesEvenWithoutSelection) {
     test::click(*page().configBtn);
     EXPECT_EQ(takeWrite(), (Texts{"voiceT38Enable@1.2.5=", "voiceFaxModemControl@1.2.5=",
                                   "faxModemRowStatus@1.2.5=4"}));
+}
+
+class VoipTest : public test::PageTest<TOnuVoip, 823> {
+protected:
+    const Texts sample_{"0",      "10.0.0.5", "255.0.0.0", "10.0.0.1", "2", "me",
+                        "secret", "1",        "100",       "0",        "7", "1"};
+    const Texts names_{"modeComb",    "ipEdit",    "maskEdit",     "getwayEdit",
+                       "poeModeComb", "nameEdit",  "passwordEdit", "flagComb",
+                       "cvlanEdit",   "svlanEdit", "priorityEdit"};
+
+    Texts shownTexts() {
+        Texts texts;
+        for (const std::string& name : names_) {
+            texts.push_back(text(name.c_str()));
+        }
+        return texts;
+    }
+    void choose(const char* mode) {
+        auto& combo = control<QComboBox>("modeComb");
+        selectByText(combo, mode);
+        Q_EMIT combo.activated(combo.currentIndex());
+    }
+    void tick(const char* box) { control<QCheckBox>(box).setChecked(true); }
+    Texts written() {
+        page().configBtn->setEnabled(true);
+        test::click(*page().configBtn);
+        return takeWrite();
+    }
+};
+
+TEST_F(VoipTest, ShowsWhatCameAndKeepsWhatItDoesNotKnow) {
+    EXPECT_FALSE(enabled("deleteBtn"));
+    read(sample_, "maintable");
+    const Texts shown{"static IP", "10.0.0.5", "255.0.0.0", "10.0.0.1", "PAP", "me",
+                      "secret",    "tag",      "100",       "0",        "7"};
+    EXPECT_EQ(shownTexts(), shown);
+    EXPECT_TRUE(enabled("deleteBtn"));
+    EXPECT_FALSE(control<QCheckBox>("flagCheckb").isChecked());
+    page().refreshBtnClick();
+    EXPECT_EQ(takeRead(), ".1.2.5");
+    EXPECT_FALSE(enabled("deleteBtn"));
+    read(Texts(11, "1"), "maintable", 0);
+    EXPECT_EQ(shownTexts(), shown) << "eleven values are too few";
+    EXPECT_FALSE(enabled("configBtn") || enabled("deleteBtn"));
+    read({"7", "", "", "", "3", "", "", "9", "", "", "", ""}, "maintable");
+    EXPECT_EQ(shownTexts(), (Texts{"static IP", "", "", "", "PAP", "", "", "tag", "", "", ""}));
+    failRead();
+    EXPECT_FALSE(enabled("configBtn") || enabled("deleteBtn"));
+}
+
+TEST_F(VoipTest, TheModeSaysWhatCanBeEdited) {
+    struct Mode {
+        const char* code;
+        bool address;
+        bool account;
+    };
+    for (const Mode& mode : {Mode{"2", false, true},
+                             {"7", false, true},
+                             {"0", true, false},
+                             {"", true, false},
+                             {"1", false, false}}) {
+        Texts values = sample_;
+        values[0] = mode.code;
+        read(values, "maintable");
+        for (const char* name : {"ipEdit", "maskEdit", "getwayEdit"}) {
+            EXPECT_EQ(enabled(name), mode.address) << mode.code;
+        }
+        for (const char* name : {"poeModeComb", "nameEdit", "passwordEdit"}) {
+            EXPECT_EQ(enabled(name), mode.account) << mode.code;
+        }
+    }
+    choose("PPPoE");
+    EXPECT_TRUE(enabled("nameEdit"));
+    EXPECT_FALSE(enabled("ipEdit"));
+}
+
+TEST_F(VoipTest, WritesTheModesFieldsAndWhatIsTicked) {
+    read(sample_, "maintable");
+    EXPECT_EQ(
+        written(),
+        (Texts{"voipGlobalParamMode@1.2.5=0", "voipGlobalParamIpAddr@1.2.5=10.0.0.5",
+               "voipGlobalParamIpMask@1.2.5=255.0.0.0", "voipGlobalParamDefaultGW@1.2.5=10.0.0.1",
+               "voipGlobalParamRowStatus@1.2.5=4"}));
+    EXPECT_TRUE(enabled("deleteBtn"));
+    expectWrittenAndRead();
+    setText("ipEdit", "not an address");
+    choose("PPPoE");
+    EXPECT_EQ(written(),
+              (Texts{"voipGlobalParamMode@1.2.5=2", "voipGlobalParamPPPoEmode@1.2.5=2",
+                     "voipGlobalParamPPPoEname@1.2.5=me", "voipGlobalParamPPPoEpwd@1.2.5=secret",
+                     "voipGlobalParamRowStatus@1.2.5=4"}));
+    choose("DHCP");
+    for (const char* box : {"flagCheckb", "cvlanCheckb", "svlanCheckb", "priorityCheckb"}) {
+        tick(box);
+    }
+    setText("svlanEdit", "");
+    EXPECT_EQ(written(),
+              (Texts{"voipGlobalParamMode@1.2.5=1", "voipGlobalParamTaggedFlag@1.2.5=1",
+                     "voipGlobalParamVoiceCvlan@1.2.5=100", "voipGlobalParamVoiceSvlan@1.2.5=",
+                     "voipGlobalParamVoicePriority@1.2.5=7", "voipGlobalParamRowStatus@1.2.5=4"}));
+}
+
+TEST_F(VoipTest, ChecksInOrderWhatWouldBeWritten) {
+    struct Check {
+        const char* edit;
+        Texts bad;
+        Box refusal;
+        Texts good;
+    };
+    const Check checks[] = {
+        {"ipEdit", {"", "1.2.3", "1234.5.6.7"}, {11069}, {"1.2.3.4"}},
+        {"maskEdit", {"x.0.0.0.0"}, {11069}, {"0.0.0.0"}},
+        {"getwayEdit", {""}, {11069}, {"255.255.255.255"}},
+        {"cvlanEdit", {"", "0", "4095"}, {11068, {"1", "4094"}}, {"1", "4094"}},
+        {"svlanEdit", {"4095"}, {11068, {"0", "4094"}}, {"", "0", "4094"}},
+        {"priorityEdit", {"", "0", "9"}, {11068, {"1", "8"}}, {"1", "8"}},
+    };
+    read(sample_, "maintable");
+    for (const Check& each : checks) {
+        setText(each.edit, each.bad.front());
+    }
+    for (const char* box : {"cvlanCheckb", "svlanCheckb", "priorityCheckb"}) {
+        tick(box);
+    }
+    for (const Check& each : checks) {
+        for (const std::string& bad : each.bad) {
+            setText(each.edit, bad);
+            expectRefused("configBtn", each.edit, each.refusal);
+            EXPECT_TRUE(enabled("configBtn"));
+        }
+        setText(each.edit, each.good.front());
+    }
+    for (const Check& each : checks) {
+        for (const std::string& good : each.good) {
+            setText(each.edit, good);
+            EXPECT_EQ(written().size(), 8U) << each.edit << " " << good;
+        }
+    }
+}
+
+TEST_F(VoipTest, DeleteWritesTheRowStatusUnasked) {
+    read(sample_, "maintable");
+    setText("ipEdit", "");
+    test::click(control<QPushButton>("deleteBtn"));
+    EXPECT_EQ(takeWrite(), Texts{"voipGlobalParamRowStatus@1.2.5=6"});
+    EXPECT_TRUE(desk.takeBoxes().empty());
+    EXPECT_FALSE(enabled("configBtn") || enabled("refreshBtn"));
+    EXPECT_TRUE(enabled("deleteBtn"));
+    expectWrittenAndRead();
+}
+
+TEST_F(VoipTest, LimitsTyping) {
+    test::type(control<QLineEdit>("cvlanEdit"), QStringLiteral("1x2"));
+    EXPECT_EQ(text("cvlanEdit"), "12");
+    read(sample_, "maintable");
+    choose("PPPoE");
+    setText("nameEdit", "");
+    test::type(control<QLineEdit>("nameEdit"), QString(40, u'n'));
+    EXPECT_EQ(text("nameEdit"), std::string(32, 'n'));
 }
 
 } // namespace
