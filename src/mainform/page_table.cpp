@@ -46,6 +46,7 @@
 #include "pages/vlan/onu_vlan_table.h"
 #include "pages/voip/onu_voip.h"
 #include "pages/voip/onu_voip_fax_modem.h"
+#include "pages/voip/onu_voip_iad.h"
 
 #include <algorithm>
 
@@ -106,6 +107,7 @@ constexpr PageEntry kPages[] = {
     {763, "TOnuComSession", "onuComSession", make<TOnuComSession>},
     {767, "TOnuCTCMode", "onuVlanMode", make<TOnuCTCMode>},
     {772, "TOnuLoopback", "onuLoopback", make<TOnuLoopback>},
+<<<<<<< HEAD
     {811, "TOnuLTAttribute", nullptr, make<TOnuLTAttribute>},
     {812, "TOnuLTIPConfig", nullptr, make<TOnuLTIPConfig>},
     {813, "TOnuLTSelfSet", nullptr, make<TOnuLTSelfSet>},
@@ -113,6 +115,15 @@ constexpr PageEntry kPages[] = {
     {816, "TOnuLTGain", nullptr, make<TOnuLTGain>},
     {817, "TOnuLTPonSet", nullptr, make<TOnuLTPonSet>},
     {822, "TOnuVoipIAD", nullptr, nullptr},
+=======
+    {811, "TOnuLTAttribute", nullptr, nullptr},
+    {812, "TOnuLTIPConfig", nullptr, nullptr},
+    {813, "TOnuLTSelfSet", nullptr, nullptr},
+    {815, "TOnuLTInfaStatus", nullptr, nullptr},
+    {816, "TOnuLTGain", nullptr, nullptr},
+    {817, "TOnuLTPonSet", nullptr, nullptr},
+    {822, "TOnuVoipIAD", nullptr, make<TOnuVoipIAD>},
+>>>>>>> d48f40f (Add the page that shows the voice module)
     {823, "TOnuVoip", nullptr, make<TOnuVoip>},
     {824, "TOnuVoipH248", nullptr, nullptr},
     {825, "TOnuVoipH248Rtp", nullptr, nullptr},

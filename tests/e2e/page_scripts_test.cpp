@@ -250,6 +250,7 @@ std::vector<PageScripts> pageScripts() {
             {object("648.1.1.3.1.2.5.2.0"), "0", kNone}}},
           {"svlan_pass_off.onu", "1.2.3", {}},
           {"svlan_pass_static.onu", "1.2.2", {}}}},
+        {"voipIad", {{"voip_iad.onu", "1.2.5", {}}, {"voip_iad_none.onu", "1.1.3", {}}}},
         {"voip",
          {{"voip.onu",
            "1.2.5",

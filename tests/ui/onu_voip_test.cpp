@@ -3,6 +3,7 @@
 // Fax and modem, parameters and identity of the voice module.
 #include "pages/voip/onu_voip.h"
 #include "pages/voip/onu_voip_fax_modem.h"
+#include "pages/voip/onu_voip_iad.h"
 
 #include "page_test.h"
 
@@ -225,6 +226,39 @@ TEST_F(VoipTest, LimitsTyping) {
     setText("nameEdit", "");
     test::type(control<QLineEdit>("nameEdit"), QString(40, u'n'));
     EXPECT_EQ(text("nameEdit"), std::string(32, 'n'));
+}
+
+class IadTest : public test::PageTest<TOnuVoipIAD, 822> {
+protected:
+    Texts shownTexts() {
+        return {text("macEdit"), text("typeEdit"), text("softEdt"), text("timeEdit"),
+                text("portEdit")};
+    }
+};
+
+TEST_F(IadTest, ShowsMacAndProtocolAsReadersKnowThem) {
+    EXPECT_TRUE(enabled("refreshBtn"));
+    EXPECT_FALSE(page().Timer1->isActive());
+    for (const char* name : {"macEdit", "typeEdit", "softEdt", "timeEdit", "portEdit"}) {
+        EXPECT_TRUE(control<QLineEdit>(name).isReadOnly()) << name;
+    }
+    read({"0011AABBCCDD", "0", "V1", "today", "2"}, "maintable", 0);
+    EXPECT_EQ(shownTexts(), (Texts{"00:11:AA:BB:CC:DD", "H.248", "V1", "today", "2"}));
+    read({"", "1", "", "", ""}, "maintable");
+    EXPECT_EQ(shownTexts(), (Texts{"", "SIP", "", "", ""}));
+    read({"ABC", "3", "V2", "", "9"}, "maintable");
+    EXPECT_EQ(shownTexts(), (Texts{"ABC", "SIP", "V2", "", "9"}));
+    read({"ff", "255", "V3", "now"}, "maintable");
+    EXPECT_EQ(text("softEdt"), "V2") << "four values are too few";
+    page().refreshBtnClick();
+    EXPECT_EQ(takeRead(), ".1.2.5");
+    EXPECT_EQ(shownTexts(), Texts(5));
+    EXPECT_FALSE(enabled("refreshBtn"));
+    failRead();
+    read({"ABCD", "3", "", "", ""}, "maintable");
+    EXPECT_EQ(shownTexts(), (Texts{"AB:CD", "", "", "", ""}));
+    read({"", "255", "", "", ""}, "maintable");
+    EXPECT_EQ(text("typeEdit"), messageText(3185));
 }
 
 } // namespace
