@@ -46,6 +46,7 @@
 #include "pages/vlan/onu_vlan_table.h"
 #include "pages/voip/onu_voip.h"
 #include "pages/voip/onu_voip_fax_modem.h"
+#include "pages/voip/onu_voip_h248.h"
 #include "pages/voip/onu_voip_iad.h"
 
 #include <algorithm>
@@ -125,7 +126,7 @@ constexpr PageEntry kPages[] = {
     {822, "TOnuVoipIAD", nullptr, make<TOnuVoipIAD>},
 >>>>>>> d48f40f (Add the page that shows the voice module)
     {823, "TOnuVoip", nullptr, make<TOnuVoip>},
-    {824, "TOnuVoipH248", nullptr, nullptr},
+    {824, "TOnuVoipH248", nullptr, make<TOnuVoipH248>},
     {825, "TOnuVoipH248Rtp", nullptr, nullptr},
     {826, "TOnuVoipSIP", nullptr, nullptr},
     {827, "TOnuVoipFaxModem", nullptr, make<TOnuVoipFaxModem>},
