@@ -47,6 +47,7 @@
 #include "pages/voip/onu_voip.h"
 #include "pages/voip/onu_voip_fax_modem.h"
 #include "pages/voip/onu_voip_h248.h"
+#include "pages/voip/onu_voip_h248_rtp.h"
 #include "pages/voip/onu_voip_iad.h"
 
 #include <algorithm>
@@ -127,7 +128,7 @@ constexpr PageEntry kPages[] = {
 >>>>>>> d48f40f (Add the page that shows the voice module)
     {823, "TOnuVoip", nullptr, make<TOnuVoip>},
     {824, "TOnuVoipH248", nullptr, make<TOnuVoipH248>},
-    {825, "TOnuVoipH248Rtp", nullptr, nullptr},
+    {825, "TOnuVoipH248Rtp", nullptr, make<TOnuVoipH248Rtp>},
     {826, "TOnuVoipSIP", nullptr, nullptr},
     {827, "TOnuVoipFaxModem", nullptr, make<TOnuVoipFaxModem>},
     {828, "TOnuVoipPort", nullptr, nullptr},

@@ -2,6 +2,7 @@
 //
 // The voice module under H.248.
 #include "pages/voip/onu_voip_h248.h"
+#include "pages/voip/onu_voip_h248_rtp.h"
 
 #include "page_test.h"
 
@@ -176,6 +177,57 @@ TEST_F(ParametersTest, LimitsTyping) {
     EXPECT_EQ(text("mgcPortEdit"), "12345");
     test::type(control<QPlainTextEdit>("midMemo"), QString(70, u'm'));
     EXPECT_EQ(text("midMemo"), std::string(64, 'm'));
+}
+
+class RtpTest : public H248Test<TOnuVoipH248Rtp, 825> {
+protected:
+    Texts shownTexts() {
+        return {text("tidEdit"),    text("prefixEdit"), text("beginEdit"),
+                text("enableComb"), text("lenEdit"),    text("nameEdit")};
+    }
+};
+
+TEST_F(RtpTest, AlignmentCodesRunAgainstTheirTexts) {
+    read({"8", "A", "100", "0", "6", "A000100", "1", "0"}, "maintable");
+    EXPECT_EQ(shownTexts(), (Texts{"8", "A", "100", messageText(11007), "6", "A000100"}));
+    EXPECT_TRUE(enabled("lenEdit"));
+    read({"9", "", "0", "1", "7", "", "1", "255"}, "maintable");
+    EXPECT_EQ(shownTexts(), (Texts{"9", "", "0", messageText(11008), "7", ""}));
+    EXPECT_FALSE(enabled("lenEdit"));
+    read({"8", "A", "100", "0", "6", "A000100", "1"}, "maintable"); // too short
+    read({"8", "A", "100", "0", "6", "A000100", "1", "1"}, "maintable");
+    EXPECT_EQ(text("tidEdit"), "9");
+    expectGuarded();
+    read({"8", "A", "100", "2", "6", "A000100", "1", "0"}, "maintable");
+    EXPECT_EQ(text("enableComb"), messageText(11008));
+    expectDelete("H248RTPRowStatus@1.2.5=6");
+}
+
+TEST_F(RtpTest, WritesTheLengthOnlyWhereItCounts) {
+    read({"8", "A", "100", "0", "6", "A000100", "1", "0"}, "maintable");
+    EXPECT_EQ(written(),
+              (Texts{"NumOfRTP@1.2.5=8", "RTPPrefix@1.2.5=A", "RTPDigitBegin@1.2.5=100",
+                     "RTPMode@1.2.5=0", "RTPDigitLen@1.2.5=6", "H248RTPRowStatus@1.2.5=4"}));
+    setText("lenEdit", "999");
+    setText("prefixEdit", "");
+    choose(*page().enableComb, messageText(11008));
+    EXPECT_EQ(written(), (Texts{"NumOfRTP@1.2.5=8", "RTPPrefix@1.2.5=", "RTPDigitBegin@1.2.5=100",
+                                "RTPMode@1.2.5=1", "H248RTPRowStatus@1.2.5=4"}));
+}
+
+TEST_F(RtpTest, ChecksInOrderBehindTheSelection) {
+    setText("tidEdit", "256");
+    page().configBtn->setEnabled(true);
+    test::click(*page().configBtn); // nothing is chosen yet
+    expectBox({});
+    EXPECT_EQ(host.pending(), 0U);
+    choose(*page().enableComb, messageText(11007));
+    const Box prefix{3271, {}, 11054, platform::PromptIcon::none};
+    expectChecks(
+        {{"tidEdit", {"", "256"}, {11068, {"0", "255"}}, {"0", "255"}},
+         {"prefixEdit", {"ab1", "g", " a", "é"}, prefix, {"ABcf", "", "abcdefABCDEFabcd"}},
+         {"beginEdit", {"", "4294967296"}, {11068, {"0", "4294967295"}}, {"0", "4294967295"}},
+         {"lenEdit", {"", "256"}, {11068, {"0", "255"}}, {"0", "255"}}});
 }
 
 } // namespace

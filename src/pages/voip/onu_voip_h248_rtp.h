@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "pages/voip/h248_page.h"
+
+#include <QComboBox>
+
+namespace onudesk {
+
+// How the voice module names its RTP terminations.
+class TOnuVoipH248Rtp : public H248Page {
+    Q_OBJECT
+public:
+    TOnuVoipH248Rtp(Session& session, std::int32_t itemType, QWidget* parent);
+
+    QComboBox* enableComb = nullptr;
+
+    void enableCombChange();
+
+protected:
+    void fillPage(const ReadResult& result) override;
+    bool mayWrite() override;
+
+private:
+    const ValueMap alignments_;
+};
+
+} // namespace onudesk
