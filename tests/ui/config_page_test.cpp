@@ -269,7 +269,12 @@ TEST_F(ConfigPageTest, ShortAndForeignRepliesChangeNothing) {
     ASSERT_TRUE(host.replyRead(kItem, {}));
     EXPECT_EQ(page->filled, 1);
     EXPECT_EQ(page->others, 2) << "another group, and none";
+    page->shows = false;
+    ASSERT_TRUE(
+        host.replyRead(kItem, {.values = Texts{"7", "1"}, .status = 0, .resultText = "group1"}));
+    EXPECT_EQ(page->filled, 1) << "the page does not want it";
     EXPECT_EQ(page->control<QLineEdit>("numberEdit")->text(), QStringLiteral("5"));
+    EXPECT_TRUE(page->configBtn->isEnabled());
 }
 
 TEST_F(ConfigPageTest, APageCanRefuseToShowAReplyButTakesItsFlag) {

@@ -218,6 +218,26 @@ TEST_F(ControlsTest, ANoteStandsBelowTheForm) {
     EXPECT_GE(note->y(), edit->geometry().bottom());
 }
 
+TEST_F(ControlsTest, TitlesStandAboveTheControlsOfTheirPairs) {
+    QWidget area;
+    FormGrid form(area, 2);
+    form.titles({20013, 20014});
+    const QLineEdit* edits[] = {form.edit("highEdit", 20013), form.edit("lowEdit", 20013)};
+    area.show();
+    int pair = 0;
+    for (const QLabel* title : area.findChildren<QLabel*>(QString())) {
+        if (!title->objectName().isEmpty()) {
+            continue;
+        }
+        ASSERT_LT(pair, 2);
+        EXPECT_EQ(bytesOf(title->text()), messageText(20013 + pair));
+        EXPECT_EQ(title->x(), edits[pair]->x());
+        EXPECT_LT(title->geometry().bottom(), edits[pair]->y());
+        ++pair;
+    }
+    EXPECT_EQ(pair, 2);
+}
+
 TEST_F(ControlsTest, TitleBarColoursItsClosePanelAndCloses) {
     QWidget window;
     TitleBar bar(&window, QColor(131, 197, 228));

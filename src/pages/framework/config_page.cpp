@@ -165,10 +165,6 @@ void ConfigPage::writeReply(void* reply) {
     writeResultNotice(session_, replyHandle(), reply, {});
 }
 
-bool ConfigPage::mayShow(const ReadResult& /*result*/) {
-    return true;
-}
-
 void ConfigPage::fillPage(const ReadResult& /*result*/) {}
 
 void ConfigPage::otherReply(const ReadResult& /*result*/) {}

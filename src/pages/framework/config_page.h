@@ -110,8 +110,8 @@ protected:
     virtual void bindWrite(WriteRequest& request);
     // Page-specific preparation of a read: emptying tables, choosing a port.
     virtual void prepareRefresh() {}
-    // Whether a decoded reply with enough values is shown at all.
-    [[nodiscard]] virtual bool mayShow(const ReadResult& result);
+    // Everything that can stop a decoded reply with enough values from being shown.
+    [[nodiscard]] virtual bool mayShow(const ReadResult& /*result*/) { return true; }
     // Shows a decoded reply with enough values. Fields are shown before.
     virtual void fillPage(const ReadResult& result);
     // Takes a decoded reply of another group than that of the rules.

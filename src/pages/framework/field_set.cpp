@@ -101,6 +101,11 @@ bool FieldSet::check(std::uint32_t owner) const {
     return true;
 }
 
+bool FieldSet::writesAny() const {
+    return std::ranges::any_of(
+        bound_, [](const Bound& bound) { return isWritten(bound.field, stateOf(bound)); });
+}
+
 void FieldSet::bind(WriteRequest& request, const std::string& suffix,
                     const std::string& prefix) const {
     for (const Bound& bound : bound_) {

@@ -38,6 +38,8 @@ public:
     // Checks in order. The first bad field is told, in a box owned by that window, and gets the
     // focus.
     [[nodiscard]] bool check(std::uint32_t owner) const;
+    // Whether bind() has anything to bind.
+    [[nodiscard]] bool writesAny() const;
     // One binding per field that is written, in order, for that instance. With a prefix, only of
     // objects whose names begin with it.
     void bind(WriteRequest& request, const std::string& suffix,

@@ -58,6 +58,8 @@ bool isWritten(const Field& field, const FieldState& state) {
         return state.ticked;
     case Written::whileEnabled:
         return state.ticked && state.enabled;
+    case Written::unlessBlank:
+        return state.ticked && state.text.find_first_not_of(' ') != std::string::npos;
     case Written::never:
         break;
     }

@@ -74,7 +74,7 @@ struct FieldCheck {
 // the all-zero address.
 [[nodiscard]] FieldCheck macAddress();
 
-enum class Written { never, always, whileEnabled };
+enum class Written { never, always, whileEnabled, unlessBlank };
 
 // A check box, or one of the radio buttons of the form, in place of the field's label: the field is
 // written and checked only while it is ticked. Fields that follow each other can share one.

@@ -35,6 +35,15 @@ FormGrid::FormGrid(QWidget& parent, int pairs)
     }
 }
 
+void FormGrid::titles(const std::vector<int>& messageIds) {
+    for (const int id : messageIds) {
+        auto* title = new QLabel(&parent_);
+        setCaption(*title, id);
+        place(nullptr, title, false);
+    }
+    newRow();
+}
+
 void FormGrid::add(const std::vector<Field>& fields) {
     for (const Field& field : fields) {
         addField(field);

@@ -33,6 +33,8 @@ public:
     // The widget owns everything; `pairs` is how many stand side by side.
     FormGrid(QWidget& parent, int pairs);
 
+    // A title above the controls of each pair; call it first.
+    void titles(const std::vector<int>& messageIds);
     // Makes the controls; constants have none but their tick. Edits that are never written are
     // read-only.
     void add(const std::vector<Field>& fields);
