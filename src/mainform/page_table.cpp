@@ -21,6 +21,9 @@
 #include "pages/multicast/onu_multi_igmp.h"
 #include "pages/multicast/onu_multi_report.h"
 #include "pages/multicast/onu_multicast_base.h"
+#include "pages/optical/onu_alarm.h"
+#include "pages/optical/onu_diagnosis.h"
+#include "pages/optical/onu_threshold.h"
 #include "pages/port/onu_capability2.h"
 #include "pages/port/onu_com_session.h"
 #include "pages/port/onu_encription.h"
@@ -98,9 +101,9 @@ constexpr PageEntry kPages[] = {
     {651, "TOnuCOSQueueScheduler", "onuCosQueue", make<TOnuCOSQueueScheduler>},
     {652, "TOnuRepeatCOSQueue", "onuRepeatCosQueue", make<TOnuRepeatCOSQueue>},
     {664, "TOnuRate", "onuRate", make<TOnuRate>},
-    {665, "TOnuAlarm", "onuAlarm", nullptr},
-    {666, "TOnuDiagnosis", "onuDiagnosis", nullptr},
-    {667, "TOnuThreshold", "onuThreshold", nullptr},
+    {665, "TOnuAlarm", "onuAlarm", make<TOnuAlarm>},
+    {666, "TOnuDiagnosis", "onuDiagnosis", make<TOnuDiagnosis>},
+    {667, "TOnuThreshold", "onuThreshold", make<TOnuThreshold>},
     {675, "TOnuIPConfig", "onuIp", make<TOnuIPConfig>},
     {676, "TOnuStaticVlan", "onuVlanConfig", nullptr},
     {677, "TOnuPortModeSetting", "onuPortMode", make<TOnuPortModeSetting>},

@@ -4,6 +4,7 @@
 #include "sim/models/lt.h"
 #include "sim/models/mac.h"
 #include "sim/models/multicast.h"
+#include "sim/models/optical.h"
 #include "sim/models/port.h"
 #include "sim/models/qinq.h"
 
@@ -20,6 +21,17 @@ DeviceModel findModel(std::string_view name) {
         {"port-status", writePortStatus},   {"qinq-mode", writeQinQMode},
         {"svlan-insert", writeSVlanInsert}, {"svlan-pass", writeSVlanPass},
         {"work-pon", writeWorkPon},
+        {"com-session", writeComSession},
+        {"controllable-multicast", writeControllableMulticast},
+        {"encryption", writeEncryption},
+        {"fec", writeFec},
+        {"igmp-limits", writeIgmpLimits},
+        {"mac-filter", filterMac},
+        {"optical-thresholds", writeOpticalThresholds},
+        {"port-status", writePortStatus},
+        {"qinq-mode", writeQinQMode},
+        {"svlan-insert", writeSVlanInsert},
+        {"svlan-pass", writeSVlanPass},
     };
     const auto found = models.find(name);
     return found == models.end() ? nullptr : found->second;

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#include "pages/optical/onu_diagnosis.h"
+
+#include <cstddef>
+#include <iterator>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <QGridLayout>
+#include <QLabel>
+
+namespace onudesk {
+
+namespace {
+
+constexpr int kFirstLabel = 66601; // of the readings, in their order
+constexpr int kUnitColumn = 2;     // beside the controls of a form
+constexpr int kNotSupported = 11246;
+constexpr int kNoReadings = 11303;
+
+struct Reading {
+    const char* control;
+    int unitId;
+};
+constexpr Reading kReadings[] = {{"tempEdit", 66606},
+                                 {"powerEdit", 66607},
+                                 {"electricEdit", 66608},
+                                 {"outputEdt", 66609},
+                                 {"inputEdt", 66609}};
+constexpr std::size_t kAvailability = std::size(kReadings); // position in the reply
+
+} // namespace
+
+TOnuDiagnosis::TOnuDiagnosis(Session& session, std::int32_t itemType, QWidget* parent)
+    : ConfigPage(session, itemType,
+                 {.helpKeyId = 6259,
+                  .config = {},
+                  .start = StartState::ready,
+                  .refreshEmpties = true,
+                  .minimumValues = kAvailability + 1,
+                  .onWriteReply = OnWriteReply::ignored},
+                 parent) {
+    buildReadings();
+    start();
+}
+
+void TOnuDiagnosis::buildReadings() {
+    std::vector<Field> readings;
+    for (const Reading& reading : kReadings) {
+        const std::size_t position = readings.size();
+        readings.push_back({.control = reading.control,
+                            .labelId = kFirstLabel + static_cast<int>(position),
+                            .position = position});
+    }
+    auto* grid = static_cast<QGridLayout*>(buildForm(std::move(readings))->layout());
+    int row = 0;
+    for (const Reading& reading : kReadings) {
+        auto* unit = new QLabel(grid->parentWidget());
+        setCaption(*unit, reading.unitId);
+        grid->addWidget(unit, row++, kUnitColumn);
+    }
+}
+
+bool TOnuDiagnosis::mayShow(const ReadResult& result) {
+    const std::string& availability = result.values[kAvailability];
+    const int notice = availability == "1" ? kNotSupported : availability == "2" ? kNoReadings : 0;
+    if (notice == 0) {
+        return true;
+    }
+    fields().empty();
+    refuse({notice}, nullptr);
+    return false;
+}
+
+} // namespace onudesk

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "pages/framework/config_page.h"
+
+#include <string>
+
+namespace onudesk {
+
+// The thresholds at which the ONU warns of its optical module. An ONU that does not have its row of
+// thresholds yet gets it after the first write, whose values are lost.
+class TOnuThreshold : public ConfigPage {
+    Q_OBJECT
+public:
+    TOnuThreshold(Session& session, std::int32_t itemType, QWidget* parent);
+
+    void configBtnClick() override;
+
+protected:
+    bool mayShow(const ReadResult& result) override;
+    void fillPage(const ReadResult& result) override;
+    void otherReply(const ReadResult& result) override;
+
+private:
+    void buildThresholds();
+    void endSequence();
+
+    bool thresholdRowPending_ = false; // a write is out; a further one makes the row
+    std::string pendingOnuText_;       // number of the ONU that was written
+};
+
+} // namespace onudesk

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#include "sim/models/optical.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace onudesk::sim {
+
+namespace {
+
+constexpr std::array kLevels{"HighAlarm", "LowAlarm", "HighWarning", "LowWarning"};
+
+struct Quantity {
+    const char* name; // in front of the levels
+    double minimum;
+    double maximum;
+    bool isPower; // in dBm
+    std::array<const char*, kLevels.size()> factory;
+};
+constexpr Quantity kQuantities[] = {
+    {"Temp", -128, 128, false, {"85", "-20", "80", "-15"}},
+    {"Vcc", 0, 6.55, false, {"3.6", "3.0", "3.5", "3.1"}},
+    {"Bias", 0, 131, false, {"90", "2", "80", "4"}},
+    {"TXPower", -40, 8.1647, true, {"3.1623", "0.7943", "2.5119", "1.0000"}},
+    {"RXPower", -40, 8.1647, true, {"0.1585", "0.0016", "0.1259", "0.0020"}},
+};
+
+std::string_view trimmed(std::string_view text) {
+    const std::size_t start = std::min(text.find_first_not_of(' '), text.size());
+    return text.substr(start, text.find_last_not_of(' ') + 1 - start);
+}
+
+// A decimal number and nothing else.
+std::optional<double> decimal(std::string_view text) {
+    double number = 0;
+    const char* end = text.data() + text.size();
+    const auto parsed = std::from_chars(text.data(), end, number, std::chars_format::fixed);
+    return parsed.ec == std::errc() && parsed.ptr == end ? std::optional(number) : std::nullopt;
+}
+
+// What the ONU keeps of a threshold; nothing for one that is out of range.
+std::optional<std::string> kept(const Quantity& quantity, std::string_view written) {
+    constexpr int kPowerDecimals = 4;
+    const auto number = decimal(trimmed(written));
+    if (!number || !(*number >= quantity.minimum && *number <= quantity.maximum)) {
+        return std::nullopt;
+    }
+    if (!quantity.isPower) {
+        return std::string(trimmed(written));
+    }
+    std::array<char, 16> text{};
+    const auto printed =
+        std::to_chars(text.data(), text.data() + text.size(), std::pow(10, *number / 10),
+                      std::chars_format::fixed, kPowerDecimals);
+    return std::string(text.data(), printed.ptr);
+}
+
+} // namespace
+
+std::optional<SetStatus> writeOpticalThresholds(const GroupWrite& write, Device& device) {
+    DeviceGroup thresholds = device.group(667, "maintable");
+    const Oid& onu = write.instance();
+    if (thresholds.find("ThresholdRowStatus", onu) == nullptr) {
+        return SetStatus::noCreation;
+    }
+    const bool hasRow = thresholds.number("ThresholdRowStatus", onu) != 0;
+    const auto status = write.number("ThresholdRowStatus");
+    if (status && (hasRow || *status != static_cast<std::int64_t>(RowStatus::createAndGo))) {
+        return SetStatus::inconsistentValue;
+    }
+    if (!status && !hasRow) {
+        return SetStatus::noCreation;
+    }
+    if (status) {
+        thresholds.putNumber("ThresholdRowStatus", onu,
+                             static_cast<std::int64_t>(RowStatus::active));
+    }
+    for (const Quantity& quantity : kQuantities) {
+        for (std::size_t level = 0; level < kLevels.size(); ++level) {
+            const std::string object = std::string(quantity.name) + kLevels[level];
+            if (const auto written = write.bytes(object)) {
+                const auto value = kept(quantity, *written);
+                if (!value) {
+                    return SetStatus::wrongValue;
+                }
+                thresholds.put(object, onu, octetsValue(*value));
+            } else if (status) {
+                thresholds.put(object, onu, octetsValue(quantity.factory[level]));
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace onudesk::sim
