@@ -112,23 +112,13 @@ constexpr PageEntry kPages[] = {
     {763, "TOnuComSession", "onuComSession", make<TOnuComSession>},
     {767, "TOnuCTCMode", "onuVlanMode", make<TOnuCTCMode>},
     {772, "TOnuLoopback", "onuLoopback", make<TOnuLoopback>},
-<<<<<<< HEAD
     {811, "TOnuLTAttribute", nullptr, make<TOnuLTAttribute>},
     {812, "TOnuLTIPConfig", nullptr, make<TOnuLTIPConfig>},
     {813, "TOnuLTSelfSet", nullptr, make<TOnuLTSelfSet>},
     {815, "TOnuLTInfaStatus", nullptr, make<TOnuLTInfaStatus>},
     {816, "TOnuLTGain", nullptr, make<TOnuLTGain>},
     {817, "TOnuLTPonSet", nullptr, make<TOnuLTPonSet>},
-    {822, "TOnuVoipIAD", nullptr, nullptr},
-=======
-    {811, "TOnuLTAttribute", nullptr, nullptr},
-    {812, "TOnuLTIPConfig", nullptr, nullptr},
-    {813, "TOnuLTSelfSet", nullptr, nullptr},
-    {815, "TOnuLTInfaStatus", nullptr, nullptr},
-    {816, "TOnuLTGain", nullptr, nullptr},
-    {817, "TOnuLTPonSet", nullptr, nullptr},
     {822, "TOnuVoipIAD", nullptr, make<TOnuVoipIAD>},
->>>>>>> d48f40f (Add the page that shows the voice module)
     {823, "TOnuVoip", nullptr, make<TOnuVoip>},
     {824, "TOnuVoipH248", nullptr, make<TOnuVoipH248>},
     {825, "TOnuVoipH248Rtp", nullptr, make<TOnuVoipH248Rtp>},

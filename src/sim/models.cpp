@@ -15,12 +15,6 @@ namespace onudesk::sim {
 
 DeviceModel findModel(std::string_view name) {
     static const std::map<std::string, DeviceModel, std::less<>> models = {
-        {"com-session", writeComSession},   {"controllable-multicast", writeControllableMulticast},
-        {"encryption", writeEncryption},    {"fec", writeFec},
-        {"igmp-limits", writeIgmpLimits},   {"mac-filter", filterMac},
-        {"port-status", writePortStatus},   {"qinq-mode", writeQinQMode},
-        {"svlan-insert", writeSVlanInsert}, {"svlan-pass", writeSVlanPass},
-        {"work-pon", writeWorkPon},
         {"com-session", writeComSession},
         {"controllable-multicast", writeControllableMulticast},
         {"encryption", writeEncryption},
@@ -32,6 +26,7 @@ DeviceModel findModel(std::string_view name) {
         {"qinq-mode", writeQinQMode},
         {"svlan-insert", writeSVlanInsert},
         {"svlan-pass", writeSVlanPass},
+        {"work-pon", writeWorkPon},
     };
     const auto found = models.find(name);
     return found == models.end() ? nullptr : found->second;

@@ -4,7 +4,6 @@
 #include "env/language_module.h"
 
 #include <algorithm>
-#include <memory>
 
 #include <QAbstractButton>
 #include <QCheckBox>
@@ -90,6 +89,18 @@ void select(QComboBox& combo, int row, bool keepWhenUnknown) {
         const QSignalBlocker quiet(combo);
         combo.setCurrentIndex(row);
     }
+}
+
+// What is too much is taken away before the cursor, where it was put in.
+void limitMemo(QPlainTextEdit& memo, qsizetype limit, qsizetype (*measure)(const QString& text)) {
+    QObject::connect(&memo, &QPlainTextEdit::textChanged, &memo, [&memo, limit, measure] {
+        const QSignalBlocker quiet(memo);
+        const qsizetype most = std::max(limit, measure(memo.property(kProgramShown).toString()));
+        QTextCursor cursor = memo.textCursor();
+        while (measure(memo.toPlainText()) > most && !cursor.atStart()) {
+            cursor.deletePreviousChar();
+        }
+    });
 }
 
 } // namespace
@@ -201,17 +212,8 @@ void limitTyping(QLineEdit& edit, int bytes) {
     typingRule(edit).bytes = bytes;
 }
 
-// What is too much is taken away before the cursor, where it was put in.
 void limitTyping(QPlainTextEdit& memo, int bytes) {
-    QObject::connect(&memo, &QPlainTextEdit::textChanged, &memo, [&memo, bytes] {
-        const QSignalBlocker quiet(memo);
-        const auto most =
-            std::max<qsizetype>(bytes, memo.property(kProgramShown).toString().toUtf8().size());
-        QTextCursor cursor = memo.textCursor();
-        while (memo.toPlainText().toUtf8().size() > most && !cursor.atStart()) {
-            cursor.deletePreviousChar();
-        }
-    });
+    limitMemo(memo, bytes, [](const QString& text) { return text.toUtf8().size(); });
 }
 
 void limitCharacters(QLineEdit& edit, int characters) {
@@ -219,21 +221,7 @@ void limitCharacters(QLineEdit& edit, int characters) {
 }
 
 void limitCharacters(QPlainTextEdit& memo, int characters) {
-    const auto accepted = std::make_shared<QString>(memo.toPlainText());
-    QObject::connect(&memo, &QPlainTextEdit::textChanged, &memo, [&memo, characters, accepted] {
-        const QString text = memo.toPlainText();
-        const qsizetype surplus = text.size() - accepted->size();
-        if (text.size() <= characters || surplus <= 0) {
-            *accepted = text;
-            return;
-        }
-        QTextCursor cursor = memo.textCursor();
-        const int position = std::max(0, cursor.position() - static_cast<int>(surplus));
-        const QSignalBlocker quiet(memo);
-        memo.setPlainText(*accepted);
-        cursor.setPosition(position);
-        memo.setTextCursor(cursor);
-    });
+    limitMemo(memo, characters, [](const QString& text) { return text.size(); });
 }
 
 void digitsOnly(QLineEdit& edit) {

@@ -20,8 +20,6 @@
 #include <QString>
 #include <QWidget>
 
-class QPlainTextEdit;
-
 namespace onudesk {
 
 // Texts are UTF-8 bytes everywhere but at the widget; a text ends at its first zero byte.
@@ -60,7 +58,6 @@ void limitTyping(QLineEdit& edit, int bytes);
 void limitTyping(QPlainTextEdit& memo, int bytes);
 // The same in characters.
 void limitCharacters(QLineEdit& edit, int characters);
-// The same for a memo that has its text already; a longer one can only be made shorter.
 void limitCharacters(QPlainTextEdit& memo, int characters);
 // Lets the operator type digits only; texts set by the program stay whole.
 void digitsOnly(QLineEdit& edit);

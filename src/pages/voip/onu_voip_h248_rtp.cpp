@@ -53,7 +53,7 @@ void TOnuVoipH248Rtp::enableCombChange() {
 }
 
 bool TOnuVoipH248Rtp::mayWrite() {
-    return mayDelete() && selectedCode(*enableComb) && ConfigPage::mayWrite();
+    return mayDelete() && selectedCode(*enableComb) && H248Page::mayWrite();
 }
 
 } // namespace onudesk
