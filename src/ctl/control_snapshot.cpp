@@ -157,7 +157,7 @@ std::optional<QString> propertyText(const ControlSnapshot& control, const QStrin
     const bool isRow = property.startsWith(rowPrefix);
     const QJsonValue value = control.properties[isRow ? QStringLiteral("rows") : property];
     if (isRow) {
-        const QJsonValue row = value.toArray()[property.mid(rowPrefix.size()).toInt()];
+        const QJsonValue row = value.toArray().at(property.mid(rowPrefix.size()).toInt());
         return row.isArray() ? std::optional(joined(row, " | ")) : std::nullopt;
     }
     switch (value.type()) {

@@ -80,5 +80,21 @@ TEST(ControlSnapshots, CarryTheKeysOfTheirKind) {
     EXPECT_EQ(value("Timer1", "enabled"), false);
 }
 
+TEST(ControlSnapshots, HaveOnlyTheRowsThatAreThere) {
+    QWidget page;
+    auto* table = named<QTableWidget>(page, "table");
+    table->setColumnCount(2);
+    const auto row = [&](const QWidget& control, const char* property) {
+        return propertyText(snapshotControl(control), QString::fromLatin1(property))
+            .value_or(QStringLiteral("none"));
+    };
+    EXPECT_EQ(row(*table, "row:0"), QStringLiteral("none"));
+    EXPECT_EQ(row(*named<QLineEdit>(page, "edit"), "row:0"), QStringLiteral("none"));
+    table->setRowCount(2);
+    table->setItem(1, 0, new QTableWidgetItem(QStringLiteral("1")));
+    EXPECT_EQ(row(*table, "row:1"), QStringLiteral("1 | "));
+    EXPECT_EQ(row(*table, "row:2"), QStringLiteral("none"));
+}
+
 } // namespace
 } // namespace onudesk::ctl
