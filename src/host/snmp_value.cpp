@@ -140,6 +140,8 @@ std::size_t sequenceLength(std::string_view bytes) {
     return bad ? 0 : length;
 }
 
+constexpr std::string_view kBreaks = "\n\r\t";
+
 bool isControl(std::string_view sequence) {
     const auto lead = static_cast<std::uint8_t>(sequence[0]);
     return (sequence.size() == 1 && (lead < 0x20 || lead == 0x7F)) ||
@@ -195,14 +197,19 @@ Result<SnmpValue> parseValue(std::uint32_t wanted, const std::string& bytes) {
     if (const auto value = parseStrict(valueTag, bytes)) {
         return *value;
     }
-    return Error{"\"" + (isText(bytes) ? bytes : hexDigits(bytes)) + "\" is not " +
+    return Error{"\"" + (isLine(bytes) ? bytes : hexDigits(bytes)) + "\" is not " +
                  std::string(wantedText(valueTag))};
+}
+
+bool isLine(std::string_view bytes) {
+    return isText(bytes) && bytes.find_first_of(kBreaks) == std::string_view::npos;
 }
 
 bool isText(std::string_view bytes) {
     while (!bytes.empty()) {
         const std::size_t length = sequenceLength(bytes);
-        if (length == 0 || isControl(bytes.substr(0, length))) {
+        const bool breaks = length == 1 && kBreaks.find(bytes.front()) != std::string_view::npos;
+        if (length == 0 || (!breaks && isControl(bytes.substr(0, length)))) {
             return false;
         }
         bytes.remove_prefix(length);

@@ -61,6 +61,8 @@ using VarBinds = std::vector<VarBind>;
 [[nodiscard]] Result<SnmpValue> parseValue(std::uint32_t tag, const std::string& bytes);
 
 // Valid UTF-8 (RFC 3629) without control characters.
+[[nodiscard]] bool isLine(std::string_view bytes);
+// The same, but for line breaks and tabs.
 [[nodiscard]] bool isText(std::string_view bytes);
 // Two upper-case digits per byte.
 [[nodiscard]] std::string hexDigits(std::string_view bytes);

@@ -36,7 +36,8 @@ TEST(ValueTextTest, OctetsAreTextWhenTheyAreAndDigitsOtherwise) {
         {"ONU 5", "ONU 5"},
         {"\xE4\xB8\xAD\xE6\x96\x87", "\xE4\xB8\xAD\xE6\x96\x87"}, // two Chinese characters
         {"\xF0\x9F\x98\x80", "\xF0\x9F\x98\x80"},
-        {"a\tb", "610962"},
+        {"a\tb\r\nc", "a\tb\r\nc"},
+        {"a\x0B", "610B"},
         {std::string("a\0", 2), "6100"},
         {"\x7F", "7F"},
         {"\xC2\x85", "C285"},             // a control character beyond ASCII

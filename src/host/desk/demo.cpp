@@ -41,7 +41,7 @@ std::string nameIn(const Line& line) {
     const std::string name = line.tag == "4x"
                                  ? host::bytesFromHex(line.value).value_or(std::string())
                                  : std::string(line.value);
-    return host::isText(name) ? name : std::string();
+    return host::isLine(name) ? name : std::string();
 }
 
 // The "OLT.PON.ONU" behind the object's OID, if there is one.

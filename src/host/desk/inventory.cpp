@@ -38,7 +38,7 @@ MaybeProblem checkText(const TextCheck& check) {
         return Problem{check.field,
                        label + " is longer than " + std::to_string(check.most) + " bytes"};
     }
-    if (!host::isText(check.text)) {
+    if (!host::isLine(check.text)) {
         return Problem{check.field, label + " contains a control character"};
     }
     return std::nullopt;
