@@ -141,7 +141,8 @@ ExitCode runWindow(const Invocation& call) {
     const host::OnuTarget& target = options.target;
     Observation observation(
         call.trace,
-        host::SecretMask(host::secretsOf(target.readCommunity, target.writeCommunity, target.v3)));
+        host::SecretMask(host::secretsOf(target.readCommunity, target.writeCommunity, target.v3),
+                         host.secretObjects()));
     host.engine().setObserver(observation.observer());
     Recorder recorder;
     WindowDriver driver(application, host);

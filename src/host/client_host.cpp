@@ -161,6 +161,7 @@ Result<std::unique_ptr<ClientHost>> ClientHost::open(const fs::path& clientDirec
     if (!host->plugin_ || ::dlsym(host->plugin_.get(), kShowHolderConfigForm) == nullptr) {
         return Error{std::string(::dlerror())};
     }
+    host->secretObjects_ = onudesk::secretObjects(*catalogue);
     host->engine_ = std::make_unique<SnmpEngine>(std::move(catalogue).value(), options);
     return host;
 }

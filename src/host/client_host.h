@@ -74,6 +74,8 @@ public:
 
     [[nodiscard]] SnmpEngine& engine() { return *engine_; }
     [[nodiscard]] const std::filesystem::path& directory() const { return directory_; }
+    // The OIDs, without instance, of the objects whose values are secrets.
+    [[nodiscard]] const std::vector<std::string>& secretObjects() const { return secretObjects_; }
 
     // Shows the window on the calling thread and returns after it closed.
     void show(QApplication& application, const OnuTarget& target);
@@ -89,6 +91,7 @@ private:
     };
 
     std::filesystem::path directory_;
+    std::vector<std::string> secretObjects_;
     std::unique_ptr<SnmpEngine> engine_;
     std::unique_ptr<void, CloseLibrary> plugin_;
 };

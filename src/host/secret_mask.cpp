@@ -3,6 +3,8 @@
 
 #include "host/snmp_value.h"
 
+#include <algorithm>
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -14,14 +16,12 @@ namespace {
 const QString kMask = QStringLiteral("•••");
 const QString kError = QStringLiteral("error");
 const QString kText = QStringLiteral("text");
+const QString kOids = QStringLiteral("oids");
+const QString kOid = QStringLiteral("oid"); // of a binding
 const QString kValues = QStringLiteral("values");
 const QString kBindings = QStringLiteral("bindings");
 // What a binding says of its value.
 const QString kValueKeys[] = {kText, QStringLiteral("hex")};
-
-QJsonValue masked(const QJsonValue& value, const QStringList& secrets) {
-    return secrets.contains(value.toString(), Qt::CaseInsensitive) ? QJsonValue(kMask) : value;
-}
 
 } // namespace
 
@@ -30,12 +30,24 @@ std::vector<std::string> secretsOf(const std::string& readCommunity,
     return {readCommunity, writeCommunity, v3.authPassphrase, v3.privPassphrase};
 }
 
-SecretMask::SecretMask(const std::vector<std::string>& secrets) {
+SecretMask::SecretMask(const std::vector<std::string>& secrets,
+                       const std::vector<std::string>& objects) {
+    for (const std::string& oid : objects) {
+        objects_ << QString::fromStdString(oid) + QLatin1Char('.');
+    }
     for (const std::string& secret : secrets) {
         if (!secret.empty()) {
             secrets_ << QString::fromStdString(secret) << QString::fromStdString(hexDigits(secret));
         }
     }
+}
+
+QJsonValue SecretMask::masked(const QJsonValue& value, const QString& oid) const {
+    const bool isSecret = secrets_.contains(value.toString(), Qt::CaseInsensitive) ||
+                          std::ranges::any_of(objects_, [&](const QString& object) {
+                              return oid.startsWith(object);
+                          });
+    return isSecret ? QJsonValue(kMask) : value;
 }
 
 QString SecretMask::applyToText(const QString& text) const {
@@ -54,9 +66,10 @@ QString SecretMask::apply(const std::string& traceLine) const {
         line.insert(kError, error);
     }
     if (line.contains(kValues)) {
-        QJsonArray values;
-        for (const QJsonValue value : line.value(kValues).toArray()) {
-            values.append(masked(value, secrets_));
+        const QJsonArray oids = line.value(kOids).toArray();
+        QJsonArray values = line.value(kValues).toArray();
+        for (qsizetype position = 0; position < values.size(); ++position) {
+            values[position] = masked(values[position], oids[position].toString());
         }
         line.insert(kValues, values);
     }
@@ -65,7 +78,7 @@ QString SecretMask::apply(const std::string& traceLine) const {
         for (const QJsonValue binding : line.value(kBindings).toArray()) {
             QJsonObject object = binding.toObject();
             for (const QString& key : kValueKeys) {
-                object.insert(key, masked(object.value(key), secrets_));
+                object.insert(key, masked(object.value(key), object.value(kOid).toString()));
             }
             bindings.append(object);
         }

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include <QJsonValue>
 #include <QString>
 #include <QStringList>
 
@@ -18,17 +19,22 @@ secretsOf(const std::string& readCommunity, const std::string& writeCommunity, c
 // Keeps secrets out of the trace. Immutable: any thread.
 class SecretMask {
 public:
-    // Empty texts are no secrets.
-    explicit SecretMask(const std::vector<std::string>& secrets);
+    // Empty texts are no secrets. `objects` are OIDs without instance.
+    explicit SecretMask(const std::vector<std::string>& secrets,
+                        const std::vector<std::string>& objects = {});
 
     // A line of traceLine() in which every value that equals a secret, as text or in hexadecimal
-    // digits, is replaced by "•••"; in error texts every place where one stands.
+    // digits, and every value of a secret object is replaced by "•••"; in error texts every place
+    // where a secret stands.
     [[nodiscard]] QString apply(const std::string& traceLine) const;
     // The text with "•••" wherever a secret stands.
     [[nodiscard]] QString applyToText(const QString& text) const;
 
 private:
+    [[nodiscard]] QJsonValue masked(const QJsonValue& value, const QString& oid) const;
+
     QStringList secrets_; // as texts and as digits
+    QStringList objects_; // as OIDs ending in "."
 };
 
 } // namespace onudesk::host

@@ -63,6 +63,7 @@ Result<ObjectSchema> readObject(const TiXmlElement& element) {
                                               {"read-create", ObjectAccess::readCreate},
                                               {"write-only", ObjectAccess::writeOnly}});
     const auto hex = choose<bool>(attribute(element, "format"), {{"", false}, {"hex", true}});
+    const auto secret = choose<bool>(attribute(element, "secret"), {{"", false}, {"yes", true}});
     const auto unique = choose<Uniqueness>(
         attribute(element, "unique"),
         {{"", Uniqueness::none}, {"yes", Uniqueness::alone}, {"together", Uniqueness::together}});
@@ -71,6 +72,7 @@ Result<ObjectSchema> readObject(const TiXmlElement& element) {
     const char* wrong = !access                                          ? "access"
                         : !readRange(element, "numbers", schema.numbers) ? "numbers"
                         : !hex                                           ? "format"
+                        : !secret                                        ? "secret"
                         : !unique                                        ? "unique"
                         : !index                                         ? "index"
                         : !spread                                        ? "spread"
@@ -83,6 +85,7 @@ Result<ObjectSchema> readObject(const TiXmlElement& element) {
     }
     schema.access = *access;
     schema.hex = *hex;
+    schema.secret = *secret;
     schema.unique = *unique;
     schema.index = *index;
     schema.spread = *spread;
@@ -171,6 +174,20 @@ Result<CatalogueSchema> loadSchema(const std::filesystem::path& path) {
     }
     Result<CatalogueSchema> schema = readSchema(*(*document)->RootElement());
     return schema ? std::move(schema) : Error{path.string() + ": " + schema.error()};
+}
+
+std::vector<std::string> secretObjects(const CatalogueSchema& catalogue) {
+    std::vector<std::string> oids;
+    for (const auto& [itemType, groups] : catalogue) {
+        for (const GroupSchema& group : groups) {
+            for (const ObjectSchema& object : group.objects) {
+                if (object.secret) {
+                    oids.push_back(object.object.oidstr);
+                }
+            }
+        }
+    }
+    return oids;
 }
 
 } // namespace onudesk

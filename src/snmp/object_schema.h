@@ -23,6 +23,7 @@
 //           numbers "LOW..HIGH": an octet string is a list of so many numbers, joined by ","; each
 //                   lies in the range
 //           format  "hex": the value always travels as hexadecimal digits
+//           secret  "yes": the value stays out of traces
 //           row     name of the row-status object that governs this object's rows; a row-status
 //                   object (RFC 2579) names itself
 //           unique  "yes": a row cannot become active with a value another active row holds; in
@@ -65,6 +66,7 @@ struct ObjectSchema {
     std::optional<NumberRange> size;
     std::optional<NumberRange> numbers;
     bool hex = false;
+    bool secret = false;
     Uniqueness unique = Uniqueness::none;
     bool index = false;
     bool spread = false;
@@ -92,5 +94,8 @@ using CatalogueSchema = std::map<std::int32_t, ModuleSchema>;
 // Fails, naming module, group and object, on attributes with values not listed above.
 [[nodiscard]] Result<CatalogueSchema> loadSchema(const std::filesystem::path& path);
 [[nodiscard]] Result<CatalogueSchema> readSchema(const TiXmlElement& root);
+
+// The OIDs, without instance, of the objects whose values are secrets.
+[[nodiscard]] std::vector<std::string> secretObjects(const CatalogueSchema& catalogue);
 
 } // namespace onudesk

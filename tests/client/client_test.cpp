@@ -272,8 +272,8 @@ TEST(Catalogue, HasKnownElementsAndAttributesOnly) {
         {"module", {"name"}},
         {"group", {"name", "read", "per", "port", "staged", "entries", "slots", "model"}},
         {"object",
-         {"name", "oidstr", "type", "access", "range", "size", "numbers", "format", "row", "unique",
-          "index", "member", "spread"}}};
+         {"name", "oidstr", "type", "access", "range", "size", "numbers", "format", "secret", "row",
+          "unique", "index", "member", "spread"}}};
     const Result<XmlDocument> document = loadXml(kClient / "CONF" / "snmp" / "snmpconfig.xml");
     ASSERT_TRUE(document) << document.error();
     std::vector<const TiXmlElement*> open{(*document)->RootElement()};

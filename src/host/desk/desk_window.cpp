@@ -318,7 +318,8 @@ void DeskWindow::showForm(const OnuEntry& onu, const Result<host::OnuTarget>& ad
         std::ranges::move(host::secretsOf(known.readCommunity, known.writeCommunity, known.v3),
                           std::back_inserter(secrets));
     }
-    host_->engine().setObserver(traceObserver(feed_, host::SecretMask(secrets)));
+    host_->engine().setObserver(
+        traceObserver(feed_, host::SecretMask(secrets, host_->secretObjects())));
     statusBar()->showMessage(tr("Configuring %1").arg(shown(onu.name)));
     showing_ = true;
     host_->show(*static_cast<QApplication*>(QCoreApplication::instance()),
