@@ -139,7 +139,7 @@ std::vector<PageScripts> pageScripts() {
          {{"voice_lines.onu",
            "1.2.5",
            {{object("816.1.1.1.1.2.5.4"), "22", "0"},
-            {object("815.1.1.3.1.2.5.1"), "\"Line 1\"", "\"Gate house\""}}}}},
+            {object("815.1.1.3.1.2.5.1"), "\"Line 1\"", "\"Gate\nhouse\""}}}}},
         {"link",
          {{"link.onu",
            "1.2.5",

@@ -80,10 +80,6 @@ public:
     int others = 0;
     bool shows = true;
 
-    template <typename Control>
-    [[nodiscard]] Control* control(const char* name) const {
-        return findChild<Control*>(QString::fromLatin1(name));
-    }
     void changeRange(std::int64_t maximum) {
         fields().at("numberEdit").check->range->maximum = maximum;
     }
@@ -105,23 +101,21 @@ protected:
         registerReadRoute(session, kItem, page->replyHandle());
         return page;
     }
+    void answer(const Answer& reply) { ASSERT_TRUE(host.replyRead(kItem, reply)); }
+    void read(Texts list, std::uint32_t status = 1) {
+        answer({.values = std::move(list), .status = status});
+    }
+    const Answer failed_{.errorText = "time-out", .errorStatus = -5};
 };
-
-Answer values(Texts list, std::uint32_t status = 1) {
-    return {.values = std::move(list), .status = status};
-}
 
 TEST_F(ConfigPageTest, StartsWaitingOrReady) {
     const auto waiting = makePage();
-    EXPECT_FALSE(waiting->configBtn->isEnabled());
-    EXPECT_FALSE(waiting->refreshBtn->isEnabled());
-    EXPECT_FALSE(waiting->extraBtn->isEnabled());
+    EXPECT_EQ(usableIn(*waiting), "");
     EXPECT_TRUE(waiting->helpBtn->isEnabled());
     EXPECT_TRUE(waiting->Timer1->isActive());
     EXPECT_EQ(waiting->Timer1->interval(), 4000);
     const auto ready = makePage({.start = StartState::ready});
-    EXPECT_TRUE(ready->configBtn->isEnabled());
-    EXPECT_TRUE(ready->refreshBtn->isEnabled());
+    EXPECT_EQ(usableIn(*ready), "configBtn extraBtn refreshBtn");
     EXPECT_FALSE(ready->Timer1->isActive());
     EXPECT_EQ(host.pending(), 0U) << "a new page sends nothing itself";
 }
@@ -129,9 +123,8 @@ TEST_F(ConfigPageTest, StartsWaitingOrReady) {
 TEST_F(ConfigPageTest, RefreshReadsOnceAndOnlyTheTimerGivesItBack) {
     const auto page = makePage();
     test::elapse(*page);
-    EXPECT_TRUE(page->refreshBtn->isEnabled());
+    EXPECT_EQ(usableIn(*page), "refreshBtn") << "configuration waits for a read";
     EXPECT_FALSE(page->Timer1->isActive());
-    EXPECT_FALSE(page->configBtn->isEnabled()) << "configuration waits for a read";
     host.routes.routes.clear();
     test::click(*page->refreshBtn);
     test::click(*page->refreshBtn);
@@ -141,13 +134,13 @@ TEST_F(ConfigPageTest, RefreshReadsOnceAndOnlyTheTimerGivesItBack) {
     const auto posted = host.take();
     EXPECT_EQ(posted->kind, CP_KIND_READ);
     EXPECT_EQ(posted->itemType, kItem);
-    ASSERT_TRUE(host.replyRead(kItem, values({"1"})));
+    read({"1"});
     EXPECT_FALSE(page->refreshBtn->isEnabled());
     EXPECT_TRUE(page->Timer1->isActive()) << "a reply does not stop the timer";
     test::elapse(*page);
     EXPECT_TRUE(page->refreshBtn->isEnabled());
-    ASSERT_TRUE(host.replyRead(kItem, values({"2"}))); // late, and shown all the same
-    EXPECT_EQ(page->control<QLineEdit>("numberEdit")->text(), QStringLiteral("2"));
+    read({"2"}); // late, and shown all the same
+    EXPECT_EQ(textIn(*page, "numberEdit"), "2");
 }
 
 TEST_F(ConfigPageTest, RunningTimerKeepsItsTime) {
@@ -170,39 +163,41 @@ TEST_F(ConfigPageTest, FailedPostLeavesRecoveryToTheTimer) {
     EXPECT_TRUE(page->refreshBtn->isEnabled());
 }
 
-struct ButtonCase {
-    OnDecoded onDecoded;
-    OnFailedDecode onFailed;
-    Answer answer;
-    bool before;
-    bool after;
-};
-
 TEST_F(ConfigPageTest, RepliesSetTheButtonsByThePagesPolicy) {
-    const Answer failed{.errorText = "time-out", .errorStatus = -5};
-    const ButtonCase cases[] = {
-        {OnDecoded::enables, OnFailedDecode::enables, values({"1"}, 0), false, true},
-        {OnDecoded::enables, OnFailedDecode::enables, failed, false, true},
-        {OnDecoded::enables, OnFailedDecode::disables, failed, true, false},
-        {OnDecoded::enables, OnFailedDecode::leaves, failed, true, true},
-        {OnDecoded::enables, OnFailedDecode::leaves, failed, false, false},
-        {OnDecoded::followsFlag, OnFailedDecode::enables, values({"1"}, 1), false, true},
-        {OnDecoded::followsFlag, OnFailedDecode::enables, values({"1"}, 0), true, false},
+    struct Case {
+        OnDecoded onDecoded;
+        OnFailedDecode onFailed;
+        Answer answer;
+        bool before;
+        bool after;
+    };
+    const Answer complete{.values = Texts{"1"}, .status = 1};
+    const Answer partial{.values = Texts{"1"}, .status = 0};
+    const Case cases[] = {
+        {OnDecoded::enables, OnFailedDecode::enables, partial, false, true},
+        {OnDecoded::enables, OnFailedDecode::enables, failed_, false, true},
+        {OnDecoded::enables, OnFailedDecode::disables, failed_, true, false},
+        {OnDecoded::enables, OnFailedDecode::leaves, failed_, true, true},
+        {OnDecoded::enables, OnFailedDecode::leaves, failed_, false, false},
+        {OnDecoded::followsFlag, OnFailedDecode::enables, complete, false, true},
+        {OnDecoded::followsFlag, OnFailedDecode::enables, partial, true, false},
         {OnDecoded::followsFlag, OnFailedDecode::enables, {.values = Texts{"1"}}, true, false},
         // The flag holds for replies the page cannot use, too.
-        {OnDecoded::followsFlag, OnFailedDecode::enables, values({}, 1), false, true},
+        {OnDecoded::followsFlag,
+         OnFailedDecode::enables,
+         {.values = Texts{}, .status = 1},
+         false,
+         true},
     };
-    for (const ButtonCase& expected : cases) {
+    for (const Case& expected : cases) {
         const auto page = makePage({.onDecoded = expected.onDecoded,
                                     .onFailedDecode = expected.onFailed,
                                     .minimumValues = 1});
         page->configBtn->setEnabled(expected.before);
         page->extraBtn->setEnabled(expected.before);
         page->refreshBtn->setEnabled(false);
-        ASSERT_TRUE(host.replyRead(kItem, expected.answer));
-        EXPECT_EQ(page->configBtn->isEnabled(), expected.after);
-        EXPECT_EQ(page->extraBtn->isEnabled(), expected.after);
-        EXPECT_FALSE(page->refreshBtn->isEnabled());
+        answer(expected.answer);
+        EXPECT_EQ(usableIn(*page), expected.after ? "configBtn extraBtn" : "");
     }
 }
 
@@ -210,25 +205,24 @@ TEST_F(ConfigPageTest, RefreshFollowsTheFlagOnlyWhereTheRulesSaySo) {
     const auto page = makePage({.onDecoded = OnDecoded::followsFlag,
                                 .onFailedDecode = OnFailedDecode::leaves,
                                 .flagSetsRefresh = true});
-    ASSERT_TRUE(host.replyRead(kItem, values({"1"}, 1)));
+    read({"1"}, 1);
     EXPECT_TRUE(page->refreshBtn->isEnabled());
-    ASSERT_TRUE(host.replyRead(kItem, {.errorText = "time-out", .errorStatus = -5}));
+    answer(failed_);
     EXPECT_TRUE(page->refreshBtn->isEnabled());
-    ASSERT_TRUE(host.replyRead(kItem, values({"1"}, 0)));
+    read({"1"}, 0);
     EXPECT_FALSE(page->refreshBtn->isEnabled());
 }
 
 TEST_F(ConfigPageTest, RefreshCanEmptyTheFields) {
     const auto page = makePage({.refreshEmpties = true});
-    ASSERT_TRUE(host.replyRead(kItem, values({"5", "2", "6", "x"})));
-    page->control<QLineEdit>("besideEdit")->setText(QStringLiteral("typed"));
+    read({"5", "2", "6", "x"});
+    setTextIn(*page, "besideEdit", "typed");
     page->refreshBtnClick();
-    EXPECT_FALSE(page->configBtn->isEnabled());
-    EXPECT_FALSE(page->refreshBtn->isEnabled());
-    EXPECT_TRUE(page->control<QLineEdit>("numberEdit")->text().isEmpty());
-    EXPECT_EQ(page->control<QComboBox>("keptComb")->currentIndex(), -1);
-    EXPECT_EQ(page->control<QComboBox>("keptComb")->count(), 2);
-    EXPECT_FALSE(page->control<QLineEdit>("besideEdit")->text().isEmpty()) << "no reply fills it";
+    EXPECT_EQ(usableIn(*page), "");
+    EXPECT_EQ(textIn(*page, "numberEdit"), "");
+    EXPECT_EQ(textIn(*page, "keptComb"), "");
+    EXPECT_EQ(in<QComboBox>(*page, "keptComb").count(), 2);
+    EXPECT_EQ(textIn(*page, "besideEdit"), "typed") << "no reply fills it";
 }
 
 TEST_F(ConfigPageTest, ButtonsComeFromTheRules) {
@@ -239,71 +233,56 @@ TEST_F(ConfigPageTest, ButtonsComeFromTheRules) {
     EXPECT_EQ(page->refreshBtn, nullptr);
     test::click(*page->configBtn); // the empty number is refused
     desk.takeBox();
-    ASSERT_TRUE(host.replyRead(kItem, values({"5", "2", "6"})));
+    read({"5", "2", "6"});
     test::click(*page->configBtn);
     test::elapse(*page);
     EXPECT_EQ(host.take()->kind, CP_KIND_WRITE);
     const auto readOnly = makePage({.config = {}});
     EXPECT_EQ(readOnly->configBtn, nullptr);
-    ASSERT_TRUE(host.replyRead(kItem, values({"5"})));
+    read({"5"});
     EXPECT_EQ(readOnly->filled, 1);
-}
-
-TEST_F(ConfigPageTest, EachOfSeveralRepliesCountsAndTheLastWins) {
-    const auto page = makePage({.onDecoded = OnDecoded::followsFlag});
-    ASSERT_TRUE(host.replyRead(kItem, values({"1"}, 1)));
-    ASSERT_TRUE(host.replyRead(kItem, values({"2"}, 0)));
-    EXPECT_FALSE(page->configBtn->isEnabled());
-    ASSERT_TRUE(host.replyRead(kItem, values({"3"}, 1)));
-    EXPECT_TRUE(page->configBtn->isEnabled());
-    EXPECT_EQ(page->filled, 3);
 }
 
 TEST_F(ConfigPageTest, ShortAndForeignRepliesChangeNothing) {
     const auto page = makePage({.resultText = "group1", .minimumValues = 2});
-    const Answer good{.values = Texts{"5", "2"}, .status = 1, .resultText = "group1"};
-    ASSERT_TRUE(host.replyRead(kItem, good));
+    answer({.values = Texts{"5", "2"}, .status = 1, .resultText = "group1"});
     EXPECT_EQ(page->filled, 1);
-    ASSERT_TRUE(host.replyRead(kItem, {.values = Texts{"7"}, .resultText = "group1"}));
-    ASSERT_TRUE(host.replyRead(kItem, {.values = Texts{"7", "1"}, .resultText = "group2"}));
-    ASSERT_TRUE(host.replyRead(kItem, {}));
+    answer({.values = Texts{"7"}, .resultText = "group1"});
+    answer({.values = Texts{"7", "1"}, .resultText = "group2"});
+    answer({});
     EXPECT_EQ(page->filled, 1);
     EXPECT_EQ(page->others, 2) << "another group, and none";
-    page->shows = false;
-    ASSERT_TRUE(
-        host.replyRead(kItem, {.values = Texts{"7", "1"}, .status = 0, .resultText = "group1"}));
-    EXPECT_EQ(page->filled, 1) << "the page does not want it";
-    EXPECT_EQ(page->control<QLineEdit>("numberEdit")->text(), QStringLiteral("5"));
+    EXPECT_EQ(textIn(*page, "numberEdit"), "5");
     EXPECT_TRUE(page->configBtn->isEnabled());
 }
 
 TEST_F(ConfigPageTest, APageCanRefuseToShowAReplyButTakesItsFlag) {
     const auto page = makePage({.onDecoded = OnDecoded::followsFlag});
-    ASSERT_TRUE(host.replyRead(kItem, values({"5", "2", "six"}, 0)));
+    read({"5", "2", "six"}, 0);
     page->shows = false;
-    ASSERT_TRUE(host.replyRead(kItem, values({"6", "1", "seven"}, 1)));
+    read({"6", "1", "seven"}, 1);
     EXPECT_EQ(page->filled, 1);
-    EXPECT_EQ(page->control<QLineEdit>("tickedEdit")->text(), QStringLiteral("six"));
+    EXPECT_EQ(textIn(*page, "tickedEdit"), "six");
     EXPECT_TRUE(page->configBtn->isEnabled());
 }
 
 TEST_F(ConfigPageTest, FieldsFillByPositionAndUnknownCodesClearOrKeep) {
     const auto page = makePage();
-    ASSERT_TRUE(host.replyRead(kItem, values({"5", "2", "six"})));
-    EXPECT_EQ(page->control<QLineEdit>("tickedEdit")->text(), QStringLiteral("six"));
-    EXPECT_EQ(bytesOf(page->control<QComboBox>("modeComb")->currentText()), "fast");
-    EXPECT_EQ(bytesOf(page->control<QComboBox>("keptComb")->currentText()), "fast");
-    ASSERT_TRUE(host.replyRead(kItem, values({"6", "77"})));
-    EXPECT_EQ(page->control<QComboBox>("modeComb")->currentIndex(), -1);
-    EXPECT_EQ(bytesOf(page->control<QComboBox>("keptComb")->currentText()), "fast");
-    EXPECT_EQ(page->control<QLineEdit>("tickedEdit")->text(), QStringLiteral("six"));
+    read({"5", "2", "six"});
+    EXPECT_EQ(textIn(*page, "tickedEdit"), "six");
+    EXPECT_EQ(textIn(*page, "modeComb"), "fast");
+    EXPECT_EQ(textIn(*page, "keptComb"), "fast");
+    read({"6", "77"});
+    EXPECT_EQ(textIn(*page, "modeComb"), "");
+    EXPECT_EQ(textIn(*page, "keptComb"), "fast");
+    EXPECT_EQ(textIn(*page, "tickedEdit"), "six");
 }
 
 TEST_F(ConfigPageTest, ConfigWritesFieldsInOrderAndDropsUnknownObjects) {
     const auto page = makePage();
-    ASSERT_TRUE(host.replyRead(kItem, values({"5", "2", "six", "x"})));
+    read({"5", "2", "six", "x"});
     page->tickBox->setChecked(true);
-    page->control<QLineEdit>("besideEdit")->setText(QStringLiteral("7"));
+    setTextIn(*page, "besideEdit", "7");
     page->refreshBtn->setEnabled(true);
     test::click(*page->configBtn);
     const auto posted = host.take();
@@ -315,9 +294,7 @@ TEST_F(ConfigPageTest, ConfigWritesFieldsInOrderAndDropsUnknownObjects) {
                                     {"onuBindMac", prefix + "20.1.2.5", "six", 4},
                                     {"onuLlid", prefix + "2.1.2.5", "7", 2},
                                     {"MacRowStatus", prefix + "21.1.2.5", "4", 2}}));
-    EXPECT_FALSE(page->configBtn->isEnabled());
-    EXPECT_FALSE(page->refreshBtn->isEnabled());
-    EXPECT_TRUE(page->extraBtn->isEnabled()) << "not among the page's write buttons";
+    EXPECT_EQ(usableIn(*page), "extraBtn") << "not among the page's write buttons";
     EXPECT_TRUE(page->Timer1->isActive());
     EXPECT_EQ(host.routedWindow(CP_KIND_WRITE, kItem), page->replyHandle());
 }
@@ -325,15 +302,15 @@ TEST_F(ConfigPageTest, ConfigWritesFieldsInOrderAndDropsUnknownObjects) {
 TEST_F(ConfigPageTest, ChecksEndTheClickWithNothingSent) {
     const auto page = makePage();
     page->show();
-    ASSERT_TRUE(host.replyRead(kItem, values({"10", "2", ""})));
+    read({"10", "2", ""});
     test::click(*page->configBtn);
     EXPECT_EQ(desk.takeBox().caption, messageText(11054));
-    EXPECT_EQ(page->focusWidget(), page->control<QWidget>("numberEdit"));
+    EXPECT_EQ(page->focusWidget(), &in(*page, "numberEdit"));
     EXPECT_TRUE(page->configBtn->isEnabled());
     page->changeRange(10);
     page->tickBox->setChecked(true);
     test::click(*page->configBtn); // the empty ticked edit only takes the focus
-    EXPECT_EQ(page->focusWidget(), page->control<QWidget>("tickedEdit"));
+    EXPECT_EQ(page->focusWidget(), &in(*page, "tickedEdit"));
     EXPECT_EQ(host.pending(), 0U);
     page->tickBox->setChecked(false);
     test::click(*page->configBtn);
@@ -342,17 +319,17 @@ TEST_F(ConfigPageTest, ChecksEndTheClickWithNothingSent) {
 
 TEST_F(ConfigPageTest, FieldsWrittenWhileEnabledNeedTheirTickToo) {
     const auto page = makePage();
-    ASSERT_TRUE(host.replyRead(kItem, values({"5", "2", "6"})));
+    read({"5", "2", "6"});
     page->tickBox->setChecked(true);
-    page->control<QLineEdit>("tickedEdit")->setEnabled(false);
-    page->control<QComboBox>("modeComb")->setEnabled(false);
+    in<QLineEdit>(*page, "tickedEdit").setEnabled(false);
+    in<QComboBox>(*page, "modeComb").setEnabled(false);
     test::click(*page->configBtn);
     EXPECT_EQ(takeWrite(), (Texts{"onuName@1.2.5=5", "onuLlid@1.2.5=", "MacRowStatus@1.2.5=4"}));
 }
 
 TEST_F(ConfigPageTest, ACopiedRequestStandsForItselfAndTakesPartOfTheFields) {
     const auto page = makePage();
-    ASSERT_TRUE(host.replyRead(kItem, values({"5", "2", "six"})));
+    read({"5", "2", "six"});
     page->tickBox->setChecked(true);
     const FieldSet& fields = std::as_const(*page).fields();
     WriteRequest first = page->newRequest();
@@ -376,34 +353,33 @@ TEST_F(ConfigPageTest, ACopiedRequestStandsForItselfAndTakesPartOfTheFields) {
 TEST_F(ConfigPageTest, TypingIsLimitedAndSharedTicksStandOnce) {
     const auto page = makePage();
     page->show();
-    auto* edit = page->control<QLineEdit>("tickedEdit");
-    test::type(*edit, QStringLiteral("1a23456"));
-    EXPECT_EQ(edit->text(), QStringLiteral("1234"));
+    auto& edit = in<QLineEdit>(*page, "tickedEdit");
+    test::type(edit, "1a23456");
+    EXPECT_EQ(textIn(*page, "tickedEdit"), "1234");
     EXPECT_EQ(page->findChildren<QCheckBox*>().size(), 1);
-    EXPECT_EQ(page->control<QLabel>("besideEditLabel"), nullptr);
+    EXPECT_EQ(page->findChild<QLabel*>(QStringLiteral("besideEditLabel")), nullptr);
 }
 
-struct WriteReplyCase {
-    OnWriteReply rule;
-    bool refreshes;
-    bool notifies;
-};
-
 TEST_F(ConfigPageTest, WriteReplyRefreshesFirstThenNotifies) {
-    const WriteReplyCase cases[] = {
+    struct Case {
+        OnWriteReply rule;
+        bool refreshes;
+        bool notifies;
+    };
+    const Case cases[] = {
         {OnWriteReply::refreshesAndNotifies, true, true},
         {OnWriteReply::refreshes, true, false},
         {OnWriteReply::notifies, false, true},
         {OnWriteReply::ignored, false, false},
     };
-    for (const WriteReplyCase& expected : cases) {
+    for (const Case& expected : cases) {
         const auto page = makePage({.onWriteReply = expected.rule});
         registerWriteRoute(session, kItem, page->replyHandle());
         desk.whileOpen = [&] {
             EXPECT_EQ(host.pending(), expected.refreshes ? 1U : 0U) << "the read goes out first";
             // The answer to that read is handled while the box is open.
-            EXPECT_TRUE(host.replyRead(kItem, values({"8"})));
-            EXPECT_EQ(page->control<QLineEdit>("numberEdit")->text(), QStringLiteral("8"));
+            read({"8"});
+            EXPECT_EQ(textIn(*page, "numberEdit"), "8");
         };
         ASSERT_TRUE(host.replyWrite(kItem, {.status = 1}));
         EXPECT_EQ(host.take().has_value(), expected.refreshes);
@@ -470,34 +446,27 @@ public:
     }
 };
 
-TEST_F(ConfigPageTest, FormsKeepTheirPlaceWhenTheWindowGrows) {
+TEST_F(ConfigPageTest, FormsAndButtonsKeepTheirPlaceWhenTheWindowGrows) {
+    const auto page = makePage();
     FormPage upper(session, false);
     FormPage centred(session, true);
-    for (const QSize size : {QSize(600, 500), QSize(900, 640)}) {
-        for (FormPage* page : {&upper, &centred}) {
-            page->resize(size);
-            page->show();
-        }
-        const auto* bottom = upper.findChild<QFrame*>(QStringLiteral("bottomPanel"));
-        EXPECT_EQ(bottom->geometry().bottom(), size.height() - 1);
-        const auto* panel = centred.findChild<QFrame*>(QStringLiteral("Panel1"));
-        EXPECT_EQ(panel->x(), (size.width() - panel->width()) / 2);
-        EXPECT_EQ(panel->y(), (size.height() - panel->height()) / 2);
-        EXPECT_TRUE(panel->isAncestorOf(centred.configBtn));
-    }
-}
-
-TEST_F(ConfigPageTest, ButtonsStayCentredBelowTheControls) {
-    const auto page = makePage();
-    const auto* bottom = page->findChild<QFrame*>(QStringLiteral("bottomPanel"));
-    const auto* list = page->findChild<QFrame*>(QStringLiteral("listPanel"));
-    page->show();
     for (const QSize size : {QSize(600, 500), QSize(901, 640)}) {
-        page->resize(size);
+        for (ConfigPage* each :
+             {static_cast<ConfigPage*>(page.get()), static_cast<ConfigPage*>(&upper),
+              static_cast<ConfigPage*>(&centred)}) {
+            each->show();
+            each->resize(size);
+        }
+        EXPECT_EQ(in(upper, "bottomPanel").geometry().bottom(), size.height() - 1);
+        const auto& panel = in(centred, "Panel1");
+        EXPECT_EQ(panel.x(), (size.width() - panel.width()) / 2);
+        EXPECT_EQ(panel.y(), (size.height() - panel.height()) / 2);
+        EXPECT_TRUE(panel.isAncestorOf(centred.configBtn));
         page->FrameResize();
-        EXPECT_EQ(list->height(), size.height() - bottom->height());
-        EXPECT_EQ(bottom->y(), size.height() - bottom->height());
-        EXPECT_EQ(bottom->x(), (size.width() - bottom->width()) / 2);
+        const auto& bottom = in(*page, "bottomPanel");
+        EXPECT_EQ(in(*page, "listPanel").height(), size.height() - bottom.height());
+        EXPECT_EQ(bottom.y(), size.height() - bottom.height());
+        EXPECT_EQ(bottom.x(), (size.width() - bottom.width()) / 2);
     }
 }
 

@@ -102,28 +102,36 @@ protected:
 
 TEST_F(ListPageTest, EveryReplyIsARowOfConvertedCells) {
     const auto page = makeList();
-    row("7", {"a", "1", "secret"});
+    const std::string raw("\x00\x1A", 2);
+    row("7", {"a", "1", raw});
     row("8", {"b", "9"});
     const RowTable& table = *page->mainTable;
     ASSERT_EQ(table.rowCount(), 2);
-    EXPECT_EQ(table.cell(0, 0), "7");
-    EXPECT_EQ(table.cell(0, 1), "aa");
-    EXPECT_EQ(table.cell(0, 2), "slow");
-    EXPECT_EQ(table.cell(0, 3), "secret");
+    EXPECT_EQ(table.cells(0), (Texts{"7", "aa", "slow", raw, "77"}));
+    EXPECT_EQ(table.cells(1), (Texts{"8", "bb", "", "", "88"}))
+        << "unknown codes show nothing; the last column is the index as shown";
     EXPECT_TRUE(table.isColumnHidden(3));
-    EXPECT_EQ(table.cell(1, 2), "") << "unknown codes show nothing";
-    EXPECT_EQ(table.cell(1, 3), "");
     EXPECT_EQ(table.rowIndex(1), "8");
-    EXPECT_EQ(table.cell(1, 4), "88") << "the index as shown";
     EXPECT_EQ(table.cell(5, 0), "");
+    ASSERT_TRUE(host.replyRead(kItem, {.values = Texts{"b"}, .status = 1}));
+    ASSERT_TRUE(host.replyRead(kItem, {.values = Texts{"c"}, .status = 1}));
+    EXPECT_EQ(table.rowCount(), 4) << "replies without row index have no key";
 }
 
-TEST_F(ListPageTest, ColumnsAreAsWideAsTheirTitles) {
+TEST_F(ListPageTest, ColumnsAreAsWideAsTheirTitlesAndGrowWithTheirTexts) {
     const auto page = makeList();
-    const QHeaderView& header = *page->mainTable->horizontalHeader();
+    const RowTable& table = *page->mainTable;
+    const QHeaderView& header = *table.horizontalHeader();
     ASSERT_GT(header.sectionSizeHint(1), header.defaultSectionSize());
-    EXPECT_EQ(page->mainTable->columnWidth(1), header.sectionSizeHint(1));
-    EXPECT_EQ(page->mainTable->columnWidth(0), header.defaultSectionSize());
+    EXPECT_EQ(table.columnWidth(1), header.sectionSizeHint(1));
+    EXPECT_EQ(table.columnWidth(0), header.defaultSectionSize());
+    row(std::string(20, '7'), {"a", "1"});
+    const int grown = table.columnWidth(0);
+    EXPECT_GT(grown, header.defaultSectionSize());
+    row("7", {"a", "1"});
+    EXPECT_EQ(table.columnWidth(0), grown);
+    row(std::string(1000, '8'), {"a", "1"});
+    EXPECT_LT(table.columnWidth(0), page->width());
 }
 
 TEST_F(ListPageTest, AKnownKeyReplacesItsRow) {
@@ -211,28 +219,18 @@ TEST_F(ListPageTest, RowsOfOtherOrderFindNoRowsOfTheReadBefore) {
 TEST_F(ListPageTest, ClicksBesideTheRowsSelectNothing) {
     const auto page = makeList();
     row("7", {"a", "1"});
-    RowTable& table = *page->mainTable;
-    QWidget& view = *table.viewport();
-    const QPoint onRow = table.visualRect(table.model()->index(0, 0)).center();
-    const QPoint beside(10, view.height() - 5);
-    test::clickAt(view, onRow);
-    EXPECT_EQ(page->clicks, std::vector<int>{0});
-    test::clickAt(view, beside);
+    const RowTable& table = *page->mainTable;
+    test::clickRow(table, 0);
+    test::clickRow(table, -1);
     EXPECT_EQ(page->clicks, (std::vector<int>{0, -1}));
-    test::doubleClickAt(view, onRow);
+    test::doubleClickRow(table, 0);
     EXPECT_EQ(page->opened, std::vector<int>{0});
-    test::doubleClickAt(view, beside);
+    test::doubleClickRow(table, -1);
     EXPECT_EQ(page->opened, std::vector<int>{0});
     EXPECT_EQ(desk.takeBox().text, messageText(11204));
-}
-
-TEST_F(ListPageTest, DoubleClicksDoNothingWhileConfigIsDisabled) {
-    const auto page = makeList();
-    row("7", {"a", "1"});
-    RowTable& table = *page->mainTable;
     page->configBtn->setEnabled(false);
-    test::doubleClickAt(*table.viewport(), table.visualRect(table.model()->index(0, 0)).center());
-    EXPECT_TRUE(page->opened.empty());
+    test::doubleClickRow(table, 0);
+    EXPECT_EQ(page->opened, std::vector<int>{0}) << "nothing opens while Config is disabled";
 }
 
 TEST_F(ListPageTest, DialogsChooseByCodeEvenWhereTextsAreMissing) {
@@ -240,24 +238,21 @@ TEST_F(ListPageTest, DialogsChooseByCodeEvenWhereTextsAreMissing) {
     SampleList page(session, nameless, false);
     registerReadRoute(session, kItem, page.replyHandle());
     row("7", {"a", "2", "5"});
-    const SampleItem dialog(page, 0);
-    EXPECT_EQ(selectedCode(*dialog.findChild<QComboBox*>()), "2");
+    EXPECT_EQ(selectedCode(in<QComboBox>(SampleItem(page, 0), "modeComb")), "2");
+    row("7", {"a", "9", "5"});
+    const SampleItem unknown(page, 0);
+    EXPECT_EQ(in<QComboBox>(unknown, "modeComb").currentIndex(), -1);
+    EXPECT_EQ(in<QComboBox>(unknown, "modeComb").count(), 2);
 }
 
-TEST_F(ListPageTest, ActionsThatNeedARowSaySo) {
-    const auto page = makeList();
-    row("7", {"a", "1"});
-    EXPECT_EQ(page->requireRow(), -1);
-    EXPECT_EQ(desk.takeBox().text, messageText(11204));
-    page->mainTable->selectRow(0);
-    EXPECT_EQ(page->requireRow(), 0);
-}
-
-TEST_F(ListPageTest, ConfigRemembersTheRowItOpens) {
+TEST_F(ListPageTest, ConfigNeedsARowAndRemembersIt) {
     const auto page = makeList();
     row("7", {"a", "1"});
     row("8", {"b", "1"});
+    EXPECT_EQ(page->requireRow(), -1);
+    EXPECT_EQ(desk.takeBox().text, messageText(11204));
     page->mainTable->selectRow(1);
+    EXPECT_EQ(page->requireRow(), 1);
     test::click(*page->configBtn);
     EXPECT_EQ(page->opened, std::vector<int>{1});
     page->refreshBtnClick();
@@ -307,42 +302,19 @@ TEST_F(ListPageTest, OkChecksThenWritesTheRowForThePageAndReadsOnce) {
     const auto page = makeList();
     row("7", {"a", "1", "10"});
     SampleItem dialog(*page, 0);
-    EXPECT_EQ(dialog.findChild<QComboBox*>()->currentText(), QStringLiteral("slow"));
+    EXPECT_EQ(textIn(dialog, "modeComb"), "slow");
     QTimer::singleShot(0, &dialog, [&] {
         test::click(*dialog.okBtn);
         EXPECT_EQ(desk.takeBox().text, fillPlaces(messageText(11068), {"1", "9"}));
         EXPECT_TRUE(dialog.isVisible());
-        auto* number = dialog.findChild<QLineEdit*>(QStringLiteral("numberEdit"));
-        number->setText(QStringLiteral("9"));
+        setTextIn(dialog, "numberEdit", "9");
         test::click(*dialog.okBtn);
     });
     EXPECT_EQ(dialog.exec(), QDialog::Accepted);
-    const auto written = host.take();
-    ASSERT_EQ(written->bindings.size(), 2U);
-    EXPECT_EQ(written->bindings[0].oid, "1.3.6.1.4.1.27315.606.1.1.2.1.2.5.7");
-    EXPECT_EQ(written->bindings[0].value, "9");
-    EXPECT_EQ(written->bindings[1].value, "1");
+    EXPECT_EQ(takeWrite(), (Texts{"onuLlid@1.2.5.7=9", "onuBatteryBackup@1.2.5.7=1"}));
     EXPECT_EQ(host.routedWindow(CP_KIND_WRITE, kItem), page->replyHandle());
     EXPECT_EQ(host.take()->kind, CP_KIND_READ) << "closing reads again";
     EXPECT_EQ(host.pending(), 0U);
-}
-
-TEST_F(ListPageTest, RowsOfUnknownTextsLeaveTheDialogsSelectionAlone) {
-    const auto page = makeList();
-    row("7", {"a", "9", "5"});
-    const SampleItem dialog(*page, 0);
-    EXPECT_EQ(dialog.findChild<QComboBox*>()->currentIndex(), -1);
-    EXPECT_EQ(dialog.findChild<QComboBox*>()->count(), 1);
-}
-
-TEST_F(ListPageTest, RawKeysAndCellsStayWhole) {
-    const auto page = makeList();
-    const std::string raw("\x00\x1A", 2);
-    row("7", {"a", "1", raw});
-    EXPECT_EQ(page->mainTable->cell(0, 3), raw);
-    ASSERT_TRUE(host.replyRead(kItem, {.values = Texts{"b"}, .status = 1}));
-    ASSERT_TRUE(host.replyRead(kItem, {.values = Texts{"c"}, .status = 1}));
-    EXPECT_EQ(page->mainTable->rowCount(), 3) << "replies without row index have no key";
 }
 
 TEST_F(ListPageTest, ColumnsCanTakeTheOidAndDemandAValue) {
@@ -356,19 +328,6 @@ TEST_F(ListPageTest, ColumnsCanTakeTheOidAndDemandAValue) {
     row("8", {"c"});
     row("7", {"d"});
     EXPECT_EQ(page->arrived, (Texts{"0:a", "1:c", "0:d"}));
-}
-
-TEST_F(ListPageTest, ColumnsGrowWithTheirTexts) {
-    const auto page = makeList();
-    const RowTable& table = *page->mainTable;
-    const int before = table.columnWidth(0);
-    row(std::string(20, '7'), {"a", "1"});
-    const int grown = table.columnWidth(0);
-    EXPECT_GT(grown, before);
-    row("7", {"a", "1"});
-    EXPECT_EQ(table.columnWidth(0), grown);
-    row(std::string(1000, '8'), {"a", "1"});
-    EXPECT_LT(table.columnWidth(0), page->width());
 }
 
 // A check box that only writes, and what stands in the box below it.
@@ -400,19 +359,15 @@ public:
         addFields(*new QGroupBox(WorkPanel), boxFields(), 1);
         fields().showRow(*page.mainTable, 0);
     }
-    template <typename Control>
-    Control& control(const char* name) {
-        return *findChild<Control*>(QString::fromLatin1(name));
-    }
 };
 
 TEST_F(ListPageTest, FieldsOfBoxesAreShownCheckedAndWrittenBehindTheOthers) {
     const auto page = makeList();
     row("7", {"a", "1", "00:1A:00:00:00:0F"});
     GroupItem dialog(*page);
-    auto& mac = dialog.control<QLineEdit>("macEdit");
-    auto& type = dialog.control<QLineEdit>("typeEdit");
-    auto& only = dialog.control<QCheckBox>("onlyBox");
+    auto& mac = in<QLineEdit>(dialog, "macEdit");
+    auto& type = in<QLineEdit>(dialog, "typeEdit");
+    auto& only = in<QCheckBox>(dialog, "onlyBox");
     EXPECT_EQ(maskedText(mac), "00:1A:00:00:00:0F");
     EXPECT_EQ(type.nextInFocusChain(), dialog.okBtn) << "the buttons come last";
     QTimer::singleShot(0, &dialog, [&] {
@@ -457,13 +412,6 @@ public:
         mainTable->setColumns({{.titleId = 20013}, {.titleId = 20014, .position = 0}});
         start();
     }
-    Texts ports() const {
-        Texts texts;
-        for (int at = 0; at < portComb->count(); ++at) {
-            texts.push_back(bytesOf(portComb->itemText(at)));
-        }
-        return texts;
-    }
 };
 
 class PortListPageTest : public ListPageTest {
@@ -473,30 +421,26 @@ protected:
         registerReadRoute(session, kItem, page->replyHandle());
         return page;
     }
-    // As the operator does.
-    static void choose(SamplePorts& page, int at) {
-        page.portComb->setCurrentIndex(at);
-        Q_EMIT page.portComb->activated(at);
-    }
+    static Texts ports(const SamplePorts& page) { return entriesOf(*page.portComb); }
 };
 
 TEST_F(PortListPageTest, TheFirstCountFillsThePortsAndReadsNothing) {
     const auto page = makePorts(true);
     for (const char* none : {"0", "", "-1", "many"}) {
         row("7", {"a", none});
-        EXPECT_EQ(page->ports(), Texts()) << none;
+        EXPECT_EQ(ports(*page), Texts()) << none;
         EXPECT_EQ(page->port(), "");
     }
     row("7", {"a", "2"});
-    EXPECT_EQ(page->ports(), (Texts{"1", "2", "all"}));
+    EXPECT_EQ(ports(*page), (Texts{"1", "2", "all"}));
     EXPECT_EQ(page->port(), "1");
     row("8", {"a", "5"});
-    EXPECT_EQ(page->ports().size(), 3U) << "only an empty box is filled";
+    EXPECT_EQ(ports(*page).size(), 3U) << "only an empty box is filled";
     EXPECT_EQ(host.pending(), 0U);
     const auto plain = makePorts(false);
     row("7", {"a", "4294967295"});
-    EXPECT_EQ(plain->ports().size(), 255U);
-    EXPECT_EQ(plain->ports().back(), "255");
+    EXPECT_EQ(ports(*plain).size(), 255U);
+    EXPECT_EQ(ports(*plain).back(), "255");
 }
 
 TEST_F(PortListPageTest, EveryRefreshReadsThePortThatIsChosen) {
@@ -505,11 +449,11 @@ TEST_F(PortListPageTest, EveryRefreshReadsThePortThatIsChosen) {
     EXPECT_EQ(takeRead(), ".1.2.5.") << "nothing is chosen yet";
     row("7", {"a", "3"});
     page->mainTable->rememberRow(0);
-    choose(*page, 2);
+    choose(*page->portComb, "3");
     EXPECT_EQ(takeRead(), ".1.2.5.3");
     EXPECT_EQ(page->mainTable->rowCount(), 0);
     EXPECT_FALSE(page->refreshBtn->isEnabled());
-    choose(*page, 3);
+    choose(*page->portComb, "all");
     EXPECT_EQ(takeRead(), ".1.2.5.1") << "for all";
     EXPECT_TRUE(page->showsAllPorts());
     EXPECT_EQ(page->port(), "1");

@@ -189,6 +189,9 @@ TEST_F(AttributeTest, ShowsModesInWordsAndTenthsOfVolts) {
          {Case{{"1", "2", "220", "123"}, active, "12.3"},
           Case{{"9", "2", "220", "48"}, active, "4.8"}, Case{{"9", "2", "220"}, active, "4.8"},
           Case{{"2", "2", "220", "5", "x"}, messageText(3173), "0.5"},
+          Case{{"2", "2", "220", "-5"}, messageText(3173), "-0.5"},
+          Case{{"2", "2", "220", "-123"}, messageText(3173), "-12.3"},
+          Case{{"2", "2", "220", ""}, messageText(3173), ""},
           Case{{"2", "2", "220", "150"}, messageText(3173), "15.0"}}) {
         read(known.values, "group1");
         EXPECT_EQ(text("modeComb"), known.mode);
@@ -216,6 +219,8 @@ TEST_F(SelfSetTest, SplitsTheTimeAndPointsTheThreshold) {
     EXPECT_TRUE(enabled("configBtn"));
     failRead();
     EXPECT_FALSE(enabled("configBtn"));
+    read({"", "", "1"}, "group1");
+    EXPECT_EQ(shownTexts(), Texts(4)) << "the agent has neither";
 }
 
 TEST_F(SelfSetTest, ChecksInOrder) {

@@ -81,7 +81,10 @@ TEST_F(DiagnosisTest, RefreshEmptiesAndShortOrFailedReadsShowNothing) {
     read({"1", "2", "3", "4", "5"}, "maintable");
     failRead();
     EXPECT_EQ(shown(), readings);
-    ASSERT_FALSE(host.replyWrite(666, {.status = 1})) << "nothing is written, nobody waits for it";
+    registerWriteRoute(session, 666, page().replyHandle());
+    ASSERT_TRUE(host.replyWrite(666, {.status = 1}));
+    EXPECT_EQ(host.pending(), 0U) << "the page wrote nothing: the reply is none of its business";
+    EXPECT_EQ(shown(), readings);
     test::click(*page().refreshBtn);
     EXPECT_EQ(takeRead(), ".1.2.5");
     EXPECT_EQ(shown(), none);
@@ -193,6 +196,57 @@ TEST_F(ThresholdTest, NothingToWriteLeavesRefreshToTheTimer) {
     EXPECT_EQ(takeWrite(), Texts{"RXPowerLowWarning@1.2.5=-30"}) << "no row was asked for";
 }
 
+TEST_F(ThresholdTest, ConfigMarksTheOnuWhetherOrNotItSends) {
+    EXPECT_FALSE(enabled("configBtn") || enabled("refreshBtn"));
+    EXPECT_TRUE(page().Timer1->isActive());
+    readOnu("1");
+    test::click(*page().configBtn);
+    expectBox({11304});
+    readOnu("1");
+    expectState(11293);
+    readOnu("0");
+    EXPECT_EQ(host.pending(), 0U) << "there was no write to repeat";
+    host.goAway();
+    tick("tempHACheckBox");
+    test::click(*page().configBtn);
+    readOnu("0");
+    expectBox({11002, {}, 11001, platform::PromptIcon::warning, messageText(11045)});
+}
+
+TEST_F(ThresholdTest, RowsSayWhatTheyAreAboutAndTakeSoMuch) {
+    struct Row {
+        const char* control;
+        const char* caption;
+        std::size_t characters;
+    };
+    const Row rows[] = {
+        {"temp", "Temp Alarm(-128~128: ℃)|Temp Warn(-128~128: ℃)", 4},
+        {"voltage", "Voltage Alarm(0~6.55: V )|Voltage Warn(0~6.55: V )", 4},
+        {"electric", "Electric Alarm(0~131: mA)|Electric Warn(0~131: mA)", 3},
+        {"sp", "Send Power Alarm(-40~8.1647: dbm)|Send Power Warn(-40~8.1647: dbm)", 6},
+        {"rp", "Receive Power Alarm(-40~8.1647: dbm)|Receive Power Warn(-40~8.1647: dbm)", 6},
+    };
+    for (const Row& row : rows) {
+        const std::string name = row.control;
+        EXPECT_EQ(bytesOf(control<QCheckBox>(name + "HACheckBox").text()) + "|" +
+                      bytesOf(control<QCheckBox>(name + "HWCheckBox").text()),
+                  row.caption);
+        for (const char* edit : {"HAEdit", "LAEdit", "HWEdit", "LWEdit"}) {
+            test::type(control<QLineEdit>(name + edit), QStringLiteral("12345678"));
+            EXPECT_EQ(text(name + edit).size(), row.characters) << name << edit;
+        }
+    }
+    const auto left = [this](const QWidget& widget) { return widget.mapTo(&page(), QPoint()).x(); };
+    for (const auto& [title, edit] :
+         {std::pair("High", "rpHWEdit"), std::pair("Low", "rpLWEdit")}) {
+        for (const auto* label : page().findChildren<QLabel*>()) {
+            EXPECT_EQ(bytesOf(label->text()) == title,
+                      left(*label) == left(control<QLineEdit>(edit)))
+                << bytesOf(label->text());
+        }
+    }
+}
+
 TEST_F(ThresholdTest, PowersAreShownInDbmAndTheRestAsItComes) {
     struct Case {
         const char* power;
@@ -200,8 +254,8 @@ TEST_F(ThresholdTest, PowersAreShownInDbmAndTheRestAsItComes) {
     };
     for (const Case& known :
          {Case{"6.5535", "8.1647"}, Case{"2", "3.0102"}, Case{"0.5", "-3.010"}, Case{"1", "0"},
-          Case{"0", "-40"}, Case{"0.0", "-40"}, Case{" 0.0001", "-40"}, Case{"10mW", "10"},
-          Case{"-1", ""}, Case{"", ""}, Case{"x", ""}, Case{"inf", ""}}) {
+          Case{"0", "-40"}, Case{"0.0", "-40"}, Case{" 0.0001 ", "-40"}, Case{"+10", "10"},
+          Case{"10mW", ""}, Case{"-1", ""}, Case{"", ""}, Case{"x", ""}, Case{"inf", ""}}) {
         Texts values = reply("1", " 75.0");
         values[12] = known.power;
         values[19] = known.power;
@@ -242,8 +296,11 @@ TEST_F(ThresholdTest, AMissingRowIsMadeOnceAndTheValuesAreWrittenAgainByConfig) 
     EXPECT_EQ(text("tempHAEdit"), "75");
     writeTemperature();
     answerWrite(0);
+    desk.whileOpen = [this] {
+        EXPECT_EQ(takeWrite(), Texts{"ThresholdRowStatus@1.2.5=4"}) << "before the box";
+    };
     readOnu("0");
-    EXPECT_EQ(takeWrite(), Texts{"ThresholdRowStatus@1.2.5=4"});
+    desk.whileOpen = {};
     expectBox({11002, {}, 11001, platform::PromptIcon::warning, messageText(11045)});
     EXPECT_EQ(text("tempHAEdit"), "60") << "this reply is not shown";
     EXPECT_FALSE(enabled("configBtn") || enabled("refreshBtn"));
@@ -256,6 +313,23 @@ TEST_F(ThresholdTest, AMissingRowIsMadeOnceAndTheValuesAreWrittenAgainByConfig) 
     answerWrite();
     readOnu("1");
     expectState(11293);
+}
+
+TEST_F(ThresholdTest, RepliesThatComeWhileABoxIsOpenAreToldNoMore) {
+    readOnu("1");
+    for (const char* state : {"0", "1"}) {
+        writeTemperature();
+        answerWrite(0);
+        desk.whileOpen = [this] {
+            desk.whileOpen = {};
+            readOnu("1", "1.2.5", "62");
+        };
+        readOnu(state);
+        EXPECT_EQ(desk.takeBoxes().size(), 1U) << state;
+        while (host.take()) {
+        }
+        readOnu("1");
+    }
 }
 
 TEST_F(ThresholdTest, ASecondConfigBeforeTheReplyMakesTheRowWhateverIsTicked) {

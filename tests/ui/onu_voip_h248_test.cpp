@@ -4,7 +4,7 @@
 #include "pages/voip/onu_voip_h248.h"
 #include "pages/voip/onu_voip_h248_rtp.h"
 
-#include "page_test.h"
+#include "voice_test.h"
 
 #include <QPlainTextEdit>
 
@@ -14,44 +14,9 @@ namespace {
 using test::Box;
 using test::Texts;
 
-struct Check {
-    const char* edit;
-    Texts bad;
-    Box refusal;
-    Texts good;
-};
-
 template <typename Page, std::int32_t Item>
-class H248Test : public test::PageTest<Page, Item> {
+class H248Test : public test::VoiceTest<Page, Item> {
 protected:
-    // Bad texts are refused one field after the other, good ones are written.
-    void expectChecks(std::initializer_list<Check> checks) {
-        for (const Check& each : checks) {
-            this->setText(each.edit, each.bad.front());
-        }
-        for (const Check& each : checks) {
-            for (const std::string& bad : each.bad) {
-                this->setText(each.edit, bad);
-                this->expectRefused("configBtn", each.edit, bad.empty() ? Box{} : each.refusal);
-            }
-            this->setText(each.edit, each.good.front());
-        }
-        for (const Check& each : checks) {
-            for (const std::string& good : each.good) {
-                this->setText(each.edit, good);
-                EXPECT_FALSE(written().empty()) << each.edit << " " << good;
-            }
-        }
-    }
-    Texts written() {
-        this->page().configBtn->setEnabled(true);
-        test::click(*this->page().configBtn);
-        return this->takeWrite();
-    }
-    void choose(QComboBox& combo, const std::string& text) {
-        selectByText(combo, text);
-        Q_EMIT combo.activated(combo.currentIndex());
-    }
     // Delete and Config with their buttons as they are.
     void expectGuarded() {
         for (const char* button : {"configBtn", "deleteBtn"}) {
@@ -61,12 +26,12 @@ protected:
             EXPECT_TRUE(this->enabled(button));
         }
     }
-    void expectDelete(const std::string& binding) {
-        test::click(*this->page().deleteBtn);
-        EXPECT_EQ(this->takeWrite(), Texts{binding});
-        EXPECT_FALSE(this->enabled("configBtn") || this->enabled("refreshBtn"));
-        EXPECT_TRUE(this->enabled("deleteBtn"));
-        this->expectWrittenAndRead();
+    void expectEmptyOnlyTakesFocus(std::initializer_list<const char*> edits) {
+        for (const char* edit : edits) {
+            this->setText(edit, "");
+            this->expectRefused("configBtn", edit, {});
+            this->setText(edit, "1");
+        }
     }
 };
 
@@ -81,13 +46,7 @@ protected:
         return {"2944", "10.0.0.1", "2945", "10.0.0.2", "2946", "1",   registration,
                 "gw5",  "1",        "60",   "3",        "1",    state, protocol};
     }
-    Texts shownTexts() {
-        Texts texts;
-        for (const std::string& name : names_) {
-            texts.push_back(text(name.c_str()));
-        }
-        return texts;
-    }
+    Texts shownTexts() { return H248Test::shownTexts(names_); }
     void tickAll() {
         for (const char* box :
              {"backCheckb", "regCheckb", "modeCheckb", "cycleCheckb", "countCheckb"}) {
@@ -162,30 +121,64 @@ TEST_F(ParametersTest, ChecksInOrder) {
     tickAll();
     setText("mgcIpEdit", ""); // the one empty text that is told
     expectRefused("configBtn", "mgcIpEdit", {11069});
+    const Box number{11068, {"0", "65535"}};
     const Box port{11068, {"1", "65535"}};
-    expectChecks({{"mgEdit", {"", "65536"}, {11068, {"0", "65535"}}, {"0", "65535"}},
-                  {"mgcIpEdit", {"1.2.3"}, {11069}, {"1.2.3.4"}},
-                  {"mgcPortEdit", {"", "0", "65536"}, port, {"1", "65535"}},
-                  {"backIpEdit", {"a.b.c.d"}, {11069}, {"1.2.3.4"}},
-                  {"backPortEdit", {"", "0", "65536"}, port, {"1", "65535"}},
-                  {"cycleEdit", {"", "65536"}, {11068, {"0", "65535"}}, {"0", "65535"}},
-                  {"countEdit", {"", "256"}, {11068, {"0", "255"}}, {"0", "255"}}});
+    expectChecks({{"mgEdit", {"65536"}, number, "0"},
+                  {"mgcIpEdit", {"1.2.3"}, {11069}, "1.2.3.4"},
+                  {"mgcPortEdit", {"0", "65536"}, port, "1"},
+                  {"backIpEdit", {"a.b.c.d"}, {11069}, "1.2.3.4"},
+                  {"backPortEdit", {"0", "65536"}, port, "1"},
+                  {"cycleEdit", {"65536"}, number, "0"},
+                  {"countEdit", {"256"}, {11068, {"0", "255"}}, "0"}});
+    expectEmptyOnlyTakesFocus({"countEdit", "cycleEdit", "backPortEdit", "mgcPortEdit", "mgEdit"});
+    expectTaken({{"mgEdit", {"0", "65535"}},
+                 {"mgcPortEdit", {"1", "65535"}},
+                 {"backPortEdit", {"1", "65535"}},
+                 {"cycleEdit", {"0", "65535"}},
+                 {"countEdit", {"0", "255"}}});
+}
+
+TEST_F(ParametersTest, NamesEveryCode) {
+    const Texts values = reply("1", "1", "0");
+    const std::string unsupported = messageText(3185);
+    expectShown(values, 5, "activeEdit",
+                {{"0", "backup"}, {"1", "primary"}, {"255", unsupported}, {"2", unsupported}});
+    expectShown(values, 6, "regComb",
+                {{"2", "Device"}, {"0", "IP"}, {"1", "Domain"}, {"3", "Domain"}});
+    expectShown(values, 8, "modeComb", {{"0", messageText(11008)}, {"1", messageText(11007)}});
+    expectShown(values, 12, "statusEdit",
+                {{"0", "registering"},
+                 {"1", "registered"},
+                 {"2", "IAD fault"},
+                 {"3", "logout"},
+                 {"4", "rebooting"},
+                 {"255", unsupported}});
 }
 
 TEST_F(ParametersTest, LimitsTyping) {
-    test::type(control<QLineEdit>("mgcPortEdit"), QStringLiteral("a123456"));
-    EXPECT_EQ(text("mgcPortEdit"), "12345");
+    for (const char* edit : {"mgEdit", "mgcPortEdit", "backPortEdit"}) {
+        test::type(control<QLineEdit>(edit), QStringLiteral("a123456"));
+        EXPECT_EQ(text(edit), "12345") << edit;
+    }
     test::type(control<QPlainTextEdit>("midMemo"), QString(70, u'm'));
     EXPECT_EQ(text("midMemo"), std::string(64, 'm'));
+    EXPECT_TRUE(control<QLineEdit>("activeEdit").isReadOnly());
+    EXPECT_TRUE(control<QLineEdit>("statusEdit").isReadOnly());
 }
 
 class RtpTest : public H248Test<TOnuVoipH248Rtp, 825> {
 protected:
     Texts shownTexts() {
-        return {text("tidEdit"),    text("prefixEdit"), text("beginEdit"),
-                text("enableComb"), text("lenEdit"),    text("nameEdit")};
+        return H248Test::shownTexts(
+            {"tidEdit", "prefixEdit", "beginEdit", "enableComb", "lenEdit", "nameEdit"});
     }
 };
+
+TEST_F(RtpTest, SipGuardsBeforeTheSelectionIsAskedFor) {
+    read({"", "", "", "", "", "", "", "1"}, "maintable");
+    EXPECT_EQ(text("enableComb"), "");
+    expectGuarded();
+}
 
 TEST_F(RtpTest, AlignmentCodesRunAgainstTheirTexts) {
     read({"8", "A", "100", "0", "6", "A000100", "1", "0"}, "maintable");
@@ -222,12 +215,29 @@ TEST_F(RtpTest, ChecksInOrderBehindTheSelection) {
     expectBox({});
     EXPECT_EQ(host.pending(), 0U);
     choose(*page().enableComb, messageText(11007));
+    const Box byte{11068, {"0", "255"}};
     const Box prefix{3271, {}, 11054, platform::PromptIcon::none};
-    expectChecks(
-        {{"tidEdit", {"", "256"}, {11068, {"0", "255"}}, {"0", "255"}},
-         {"prefixEdit", {"ab1", "g", " a", "é"}, prefix, {"ABcf", "", "abcdefABCDEFabcd"}},
-         {"beginEdit", {"", "4294967296"}, {11068, {"0", "4294967295"}}, {"0", "4294967295"}},
-         {"lenEdit", {"", "256"}, {11068, {"0", "255"}}, {"0", "255"}}});
+    expectChecks({{"tidEdit", {"256"}, byte, "0"},
+                  {"prefixEdit", {"ab1", "g", " a", "é"}, prefix, ""},
+                  {"beginEdit", {"4294967296"}, {11068, {"0", "4294967295"}}, "0"},
+                  {"lenEdit", {"256"}, byte, "0"}});
+    expectEmptyOnlyTakesFocus({"lenEdit", "beginEdit", "tidEdit"});
+    expectTaken({{"tidEdit", {"0", "255"}},
+                 {"prefixEdit", {"ABcf", "", "abcdefABCDEFabcd"}},
+                 {"beginEdit", {"0", "4294967295"}},
+                 {"lenEdit", {"0", "255"}}});
+}
+
+TEST_F(RtpTest, LimitsTyping) {
+    const std::pair<const char*, std::string> limits[] = {
+        {"tidEdit", "123"}, {"beginEdit", "1234567890"}, {"lenEdit", "12345"}};
+    for (const auto& [edit, shown] : limits) {
+        test::type(control<QLineEdit>(edit), QStringLiteral("x1234567890123"));
+        EXPECT_EQ(text(edit), shown) << edit;
+    }
+    test::type(control<QLineEdit>("prefixEdit"), QString(20, u'A'));
+    EXPECT_EQ(text("prefixEdit"), std::string(16, 'A'));
+    EXPECT_TRUE(control<QLineEdit>("nameEdit").isReadOnly());
 }
 
 } // namespace

@@ -5,7 +5,7 @@
 #include "pages/voip/onu_voip_fax_modem.h"
 #include "pages/voip/onu_voip_iad.h"
 
-#include "page_test.h"
+#include "voice_test.h"
 
 namespace onudesk {
 namespace {
@@ -69,7 +69,7 @@ TEST_F(FaxModemTest, WritesBothCodesEvenWithoutSelection) {
                                   "faxModemRowStatus@1.2.5=4"}));
 }
 
-class VoipTest : public test::PageTest<TOnuVoip, 823> {
+class VoipTest : public test::VoiceTest<TOnuVoip, 823> {
 protected:
     const Texts sample_{"0",      "10.0.0.5", "255.0.0.0", "10.0.0.1", "2", "me",
                         "secret", "1",        "100",       "0",        "7", "1"};
@@ -77,24 +77,9 @@ protected:
                        "poeModeComb", "nameEdit",  "passwordEdit", "flagComb",
                        "cvlanEdit",   "svlanEdit", "priorityEdit"};
 
-    Texts shownTexts() {
-        Texts texts;
-        for (const std::string& name : names_) {
-            texts.push_back(text(name.c_str()));
-        }
-        return texts;
-    }
-    void choose(const char* mode) {
-        auto& combo = control<QComboBox>("modeComb");
-        selectByText(combo, mode);
-        Q_EMIT combo.activated(combo.currentIndex());
-    }
+    Texts shownTexts() { return VoiceTest::shownTexts(names_); }
+    void chooseMode(const char* mode) { choose(*page().modeComb, mode); }
     void tick(const char* box) { control<QCheckBox>(box).setChecked(true); }
-    Texts written() {
-        page().configBtn->setEnabled(true);
-        test::click(*page().configBtn);
-        return takeWrite();
-    }
 };
 
 TEST_F(VoipTest, ShowsWhatCameAndKeepsWhatItDoesNotKnow) {
@@ -138,7 +123,7 @@ TEST_F(VoipTest, TheModeSaysWhatCanBeEdited) {
             EXPECT_EQ(enabled(name), mode.account) << mode.code;
         }
     }
-    choose("PPPoE");
+    chooseMode("PPPoE");
     EXPECT_TRUE(enabled("nameEdit"));
     EXPECT_FALSE(enabled("ipEdit"));
 }
@@ -153,12 +138,12 @@ TEST_F(VoipTest, WritesTheModesFieldsAndWhatIsTicked) {
     EXPECT_TRUE(enabled("deleteBtn"));
     expectWrittenAndRead();
     setText("ipEdit", "not an address");
-    choose("PPPoE");
+    chooseMode("PPPoE");
     EXPECT_EQ(written(),
               (Texts{"voipGlobalParamMode@1.2.5=2", "voipGlobalParamPPPoEmode@1.2.5=2",
                      "voipGlobalParamPPPoEname@1.2.5=me", "voipGlobalParamPPPoEpwd@1.2.5=secret",
                      "voipGlobalParamRowStatus@1.2.5=4"}));
-    choose("DHCP");
+    chooseMode("DHCP");
     for (const char* box : {"flagCheckb", "cvlanCheckb", "svlanCheckb", "priorityCheckb"}) {
         tick(box);
     }
@@ -170,69 +155,59 @@ TEST_F(VoipTest, WritesTheModesFieldsAndWhatIsTicked) {
 }
 
 TEST_F(VoipTest, ChecksInOrderWhatWouldBeWritten) {
-    struct Check {
-        const char* edit;
-        Texts bad;
-        Box refusal;
-        Texts good;
-    };
-    const Check checks[] = {
-        {"ipEdit", {"", "1.2.3", "1234.5.6.7"}, {11069}, {"1.2.3.4"}},
-        {"maskEdit", {"x.0.0.0.0"}, {11069}, {"0.0.0.0"}},
-        {"getwayEdit", {""}, {11069}, {"255.255.255.255"}},
-        {"cvlanEdit", {"", "0", "4095"}, {11068, {"1", "4094"}}, {"1", "4094"}},
-        {"svlanEdit", {"4095"}, {11068, {"0", "4094"}}, {"", "0", "4094"}},
-        {"priorityEdit", {"", "0", "9"}, {11068, {"1", "8"}}, {"1", "8"}},
-    };
     read(sample_, "maintable");
-    for (const Check& each : checks) {
-        setText(each.edit, each.bad.front());
-    }
     for (const char* box : {"cvlanCheckb", "svlanCheckb", "priorityCheckb"}) {
         tick(box);
     }
-    for (const Check& each : checks) {
-        for (const std::string& bad : each.bad) {
-            setText(each.edit, bad);
-            expectRefused("configBtn", each.edit, each.refusal);
-            EXPECT_TRUE(enabled("configBtn"));
-        }
-        setText(each.edit, each.good.front());
+    expectChecks({{"ipEdit", {"", "1.2.3", "1234.5.6.7"}, {11069}, "1.2.3.4"},
+                  {"maskEdit", {"x.0.0.0.0"}, {11069}, "0.0.0.0"},
+                  {"getwayEdit", {""}, {11069}, "255.255.255.255"},
+                  {"cvlanEdit", {"", "0", "4095"}, {11068, {"1", "4094"}}, "1"},
+                  {"svlanEdit", {"4095"}, {11068, {"0", "4094"}}, ""},
+                  {"priorityEdit", {"", "0", "9"}, {11068, {"1", "8"}}, "1"}});
+    expectTaken({{"cvlanEdit", {"1", "4094"}},
+                 {"svlanEdit", {"", "0", "4094"}},
+                 {"priorityEdit", {"1", "8"}}});
+}
+
+TEST_F(VoipTest, NamesEveryCode) {
+    expectShown(sample_, 0, "modeComb", {{"2", "PPPoE"}, {"1", "DHCP"}, {"0", "static IP"}});
+    expectShown(sample_, 4, "poeModeComb", {{"0", "AUTO"}, {"1", "CHAP"}, {"2", "PAP"}});
+    expectShown(sample_, 7, "flagComb",
+                {{"0", "trasparent"}, {"1", "tag"}, {"2", "vlan-stacking"}});
+}
+
+TEST_F(VoipTest, WritesEmptyCodesOfWhatIsNotChosen) {
+    tick("flagCheckb");
+    for (const char* edit : {"ipEdit", "maskEdit", "getwayEdit"}) {
+        setText(edit, "1.2.3.4");
     }
-    for (const Check& each : checks) {
-        for (const std::string& good : each.good) {
-            setText(each.edit, good);
-            EXPECT_EQ(written().size(), 8U) << each.edit << " " << good;
-        }
-    }
+    const Texts bindings = written();
+    EXPECT_EQ(bindings.at(0), "voipGlobalParamMode@1.2.5=");
+    EXPECT_EQ(bindings.at(4), "voipGlobalParamPPPoEmode@1.2.5=");
+    EXPECT_EQ(bindings.at(7), "voipGlobalParamTaggedFlag@1.2.5=");
 }
 
 TEST_F(VoipTest, DeleteWritesTheRowStatusUnasked) {
     read(sample_, "maintable");
     setText("ipEdit", "");
-    test::click(control<QPushButton>("deleteBtn"));
-    EXPECT_EQ(takeWrite(), Texts{"voipGlobalParamRowStatus@1.2.5=6"});
-    EXPECT_TRUE(desk.takeBoxes().empty());
-    EXPECT_FALSE(enabled("configBtn") || enabled("refreshBtn"));
-    EXPECT_TRUE(enabled("deleteBtn"));
-    expectWrittenAndRead();
+    expectDelete("voipGlobalParamRowStatus@1.2.5=6");
 }
 
 TEST_F(VoipTest, LimitsTyping) {
     test::type(control<QLineEdit>("cvlanEdit"), QStringLiteral("1x2"));
     EXPECT_EQ(text("cvlanEdit"), "12");
     read(sample_, "maintable");
-    choose("PPPoE");
+    chooseMode("PPPoE");
     setText("nameEdit", "");
     test::type(control<QLineEdit>("nameEdit"), QString(40, u'n'));
     EXPECT_EQ(text("nameEdit"), std::string(32, 'n'));
 }
 
-class IadTest : public test::PageTest<TOnuVoipIAD, 822> {
+class IadTest : public test::VoiceTest<TOnuVoipIAD, 822> {
 protected:
     Texts shownTexts() {
-        return {text("macEdit"), text("typeEdit"), text("softEdt"), text("timeEdit"),
-                text("portEdit")};
+        return VoiceTest::shownTexts({"macEdit", "typeEdit", "softEdt", "timeEdit", "portEdit"});
     }
 };
 

@@ -1,19 +1,44 @@
 // SPDX-License-Identifier: MIT
 #include "env/client_paths.h"
 #include "env/language_module.h"
+#include "env/xml_file.h"
 #include "mainform/page_table.h"
 #include "pages/framework/controls.h"
 #include "platform/files.h"
 #include "snmp/object_catalogue.h"
 #include "ui_test.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <functional>
+#include <memory>
 #include <set>
+#include <string>
+#include <utility>
 
 namespace onudesk {
 namespace {
 
-class PageTableTest : public test::UiTest {};
+class PageTableTest : public test::UiTest {
+protected:
+    // Calls it with every page that there is.
+    void forEachPage(const std::function<void(const PageEntry&, ConfigPage&)>& work) {
+        for (const PageEntry& entry : pageTable()) {
+            if (const std::unique_ptr<ConfigPage> page{
+                    createPage(session, entry.itemType, nullptr)}) {
+                SCOPED_TRACE(entry.itemType);
+                work(entry, *page);
+            }
+        }
+    }
+    // The topic that the page's help button shows.
+    std::string topicOf(ConfigPage& page) {
+        desk.help.clear();
+        page.helpBtnClick();
+        EXPECT_EQ(desk.help.size(), 1U);
+        return desk.help.empty() ? std::string() : desk.help[0].topic;
+    }
+};
 
 TEST_F(PageTableTest, EveryPageOpensUnderItsClassNameWithItsCatalogue) {
     std::set<std::int32_t> seen;
@@ -33,54 +58,60 @@ TEST_F(PageTableTest, EveryPageOpensUnderItsClassNameWithItsCatalogue) {
 }
 
 TEST_F(PageTableTest, FieldsNameObjectsOfTheCatalogue) {
-    for (const PageEntry& entry : pageTable()) {
-        const std::unique_ptr<const ConfigPage> page(createPage(session, entry.itemType, nullptr));
-        if (!page) {
-            continue;
+    forEachPage([](const PageEntry& /*entry*/, const ConfigPage& page) {
+        for (const ObjectName& object : page.fields().objects()) {
+            const std::string& group = object.group.empty() ? page.rules().group : object.group;
+            EXPECT_NE(lookup(page.catalogue(), group, object.name), nullptr)
+                << group << " " << object.name;
         }
-        for (const ObjectName& object : page->fields().objects()) {
-            const std::string& group = object.group.empty() ? page->rules().group : object.group;
-            EXPECT_NE(lookup(page->catalogue(), group, object.name), nullptr)
-                << entry.itemType << " " << group << " " << object.name;
-        }
-    }
+    });
 }
 
 TEST_F(PageTableTest, HelpButtonsShowTheTopicOfTheirPage) {
     loadHelpIndexOnce(messageText(6201));
-    for (const PageEntry& entry : pageTable()) {
-        const std::unique_ptr<ConfigPage> page(createPage(session, entry.itemType, nullptr));
-        if (!page) {
-            continue;
-        }
-        desk.help.clear();
-        page->helpBtnClick();
-        ASSERT_EQ(desk.help.size(), 1U) << entry.itemType;
-        if (entry.topic != nullptr) {
-            EXPECT_EQ(desk.help[0].topic, helpTopic(entry.itemType));
-        } else {
-            EXPECT_NE(desk.help[0].topic, helpTopic(entry.itemType)) << entry.itemType;
-        }
-    }
+    forEachPage([this](const PageEntry& entry, ConfigPage& page) {
+        EXPECT_EQ(topicOf(page) == helpTopic(entry.itemType), entry.topic != nullptr);
+    });
+}
+
+// What Refresh does differs from page to page; the topics say so in both languages.
+TEST_F(PageTableTest, TopicsSayOfRefreshWhatTheRulesSay) {
+    loadHelpIndexOnce(messageText(6201));
+    const auto says = [](const std::string& topic, const char* text) {
+        const auto path = platform::resolveClientPath("..\\Help\\confighelp\\" + topic);
+        Result<std::string> book = readFile(path.value_or(topic));
+        EXPECT_TRUE(book) << topic;
+        std::string words = book ? std::move(book).value() : std::string();
+        std::ranges::replace(words, '\n', ' ');
+        return words.find(text) != std::string::npos;
+    };
+    forEachPage([&](const PageEntry& /*entry*/, ConfigPage& page) {
+        const std::string english = topicOf(page);
+        const std::string chinese = english.substr(0, english.rfind('.')) + ".zh.htm";
+        const bool early = page.rules().flagSetsRefresh;
+        EXPECT_EQ(says(english, "Usable when the list is complete, or after four"), early);
+        EXPECT_EQ(says(chinese, "列表读取完成或四秒之后可用"), early);
+        const bool empties = page.rules().refreshEmpties;
+        EXPECT_EQ(says(english, "Empties the fields and reads"), empties);
+        EXPECT_EQ(says(chinese, "字段并重新读取"), empties);
+    });
 }
 
 TEST_F(PageTableTest, ControlsHaveNamesOfTheirOwnAndLabels) {
-    for (const PageEntry& entry : pageTable()) {
-        const std::unique_ptr<const ConfigPage> page(createPage(session, entry.itemType, nullptr));
+    forEachPage([](const PageEntry& /*entry*/, const ConfigPage& page) {
         std::set<QString> names;
-        for (const QWidget* control : page ? page->findChildren<QWidget*>() : QList<QWidget*>()) {
+        for (const QWidget* control : page.findChildren<QWidget*>()) {
             const QString name = control->objectName();
             if (!name.isEmpty() && !name.startsWith(QStringLiteral("qt_"))) {
-                EXPECT_TRUE(names.insert(name).second) << entry.itemType << " " << bytesOf(name);
+                EXPECT_TRUE(names.insert(name).second) << bytesOf(name);
             }
             const bool input = qobject_cast<const QLineEdit*>(control) != nullptr ||
                                qobject_cast<const QComboBox*>(control) != nullptr;
             if (input && !name.startsWith(QStringLiteral("qt_"))) {
-                EXPECT_FALSE(control->accessibleName().isEmpty())
-                    << entry.itemType << " " << bytesOf(name);
+                EXPECT_FALSE(control->accessibleName().isEmpty()) << bytesOf(name);
             }
         }
-    }
+    });
 }
 
 TEST_F(PageTableTest, TopicsOfPagesAreInTheHelpBook) {

@@ -176,8 +176,6 @@ TEST(FieldChecks, ApplyToWhatWouldBeWrittenOnly) {
         {Written::whileEnabled, true, true, true, true},
         {Written::whileEnabled, false, true, false, false},
         {Written::whileEnabled, true, false, false, false},
-        {Written::unlessBlank, false, true, true, false},
-        {Written::unlessBlank, true, false, false, false},
         {Written::never, true, true, false, false},
     };
     for (const Case& expected : cases) {
@@ -186,11 +184,6 @@ TEST(FieldChecks, ApplyToWhatWouldBeWrittenOnly) {
         EXPECT_EQ(isWritten(field, state), expected.isSent);
         EXPECT_EQ(checkField(field, state).has_value(), expected.checked);
     }
-    const Field field{.control = "edit", .check = numberIn(1, 9), .written = Written::unlessBlank};
-    for (const char* blank : {"", "  "}) {
-        EXPECT_FALSE(isWritten(field, {blank, {}}) || checkField(field, {blank, {}}));
-    }
-    EXPECT_TRUE(isWritten(field, {" 0", {}}));
 }
 
 TEST(FieldChecks, EmptyTextComesBeforeRangeAndFunction) {

@@ -6,6 +6,7 @@
 #include "snmp/request.h"
 #include "ui_test.h"
 
+#include <map>
 #include <set>
 #include <sstream>
 
@@ -88,59 +89,48 @@ protected:
     platform::Prompt box;
 };
 
-struct CodeCase {
-    std::int32_t SessionContext::*code;
-    QComboBox* SnmpPanel::*list;
-    std::vector<std::pair<std::int32_t, const char*>> shown;
-    std::vector<std::int32_t> unknown;
-};
-
 TEST_F(SnmpPanelTest, LoadingSelectsKnownCodesAndKeepsTheSelectionOnOthers) {
-    const CodeCase cases[] = {
-        {&SessionContext::snmpVersion,
-         &SnmpPanel::cbSnmpVersion,
-         {{0, "version1"}, {1, "version2c"}, {3, "version3"}},
-         {-1, 2, 4}},
-        {&SessionContext::securityModel,
-         &SnmpPanel::cbSecurityModel,
-         {{0, "any"}, {1, "v1"}, {2, "v2"}, {3, "v3"}},
-         {-1, 4}},
-        {&SessionContext::securityLevel,
-         &SnmpPanel::cbSecurityLevel,
-         {{1, "NoAuth,NoPriv"}, {2, "Auth,NoPriv"}, {3, "Auth,Priv"}},
-         {-1, 0, 4}},
-        {&SessionContext::authProtocol,
-         &SnmpPanel::cbAuthProtocol,
-         {{1, "NONE"}, {2, "MD5"}, {3, "SHA"}},
-         {-1, 0, 4}},
-        {&SessionContext::privProtocol,
-         &SnmpPanel::cbPrivProtocol,
-         {{1, "NONE"}, {2, "DES"}},
-         {-1, 0, 3}},
+    using Context = SessionContext;
+    struct Case {
+        std::int32_t Context::*code;
+        QComboBox* list;
+        std::map<std::int32_t, const char*> shown;
     };
-    for (const CodeCase& expected : cases) {
-        QComboBox& list = *(panel.*expected.list);
-        EXPECT_EQ(list.count(), static_cast<int>(expected.shown.size()));
+    const Case cases[] = {
+        {&Context::snmpVersion,
+         panel.cbSnmpVersion,
+         {{0, "version1"}, {1, "version2c"}, {3, "version3"}}},
+        {&Context::securityModel,
+         panel.cbSecurityModel,
+         {{0, "any"}, {1, "v1"}, {2, "v2"}, {3, "v3"}}},
+        {&Context::securityLevel,
+         panel.cbSecurityLevel,
+         {{1, "NoAuth,NoPriv"}, {2, "Auth,NoPriv"}, {3, "Auth,Priv"}}},
+        {&Context::authProtocol, panel.cbAuthProtocol, {{1, "NONE"}, {2, "MD5"}, {3, "SHA"}}},
+        {&Context::privProtocol, panel.cbPrivProtocol, {{1, "NONE"}, {2, "DES"}}},
+    };
+    for (const Case& expected : cases) {
+        EXPECT_EQ(expected.list->count(), static_cast<int>(expected.shown.size()));
         for (const auto& [code, text] : expected.shown) {
-            context.*expected.code = code;
-            panel.load();
-            EXPECT_EQ(bytesOf(list.currentText()), text);
-            for (const std::int32_t unknown : expected.unknown) {
-                context.*expected.code = unknown;
-                panel.load();
-                EXPECT_EQ(bytesOf(list.currentText()), text) << unknown;
+            for (const std::int32_t next : {code, -1, 0, 1, 2, 3, 4}) {
+                if (next == code || !expected.shown.contains(next)) {
+                    context.*expected.code = next;
+                    panel.load();
+                    EXPECT_EQ(bytesOf(expected.list->currentText()), text) << next;
+                }
             }
         }
     }
 }
 
 TEST_F(SnmpPanelTest, StartsWithTheDefaultsAndShowsTextsAsStored) {
-    EXPECT_EQ(bytesOf(panel.cbSecurityModel->currentText()), "v3");
-    EXPECT_EQ(bytesOf(panel.cbSecurityLevel->currentText()), "NoAuth,NoPriv");
-    EXPECT_EQ(bytesOf(panel.cbAuthProtocol->currentText()), "NONE");
-    EXPECT_EQ(bytesOf(panel.cbPrivProtocol->currentText()), "NONE");
-    EXPECT_EQ(bytesOf(panel.edtSnmpTimeout->text()), "5");
-    EXPECT_EQ(bytesOf(panel.edtRetries->text()), "1");
+    const std::pair<const char*, const char*> defaults[] = {
+        {"cbSecurityModel", "v3"},  {"cbSecurityLevel", "NoAuth,NoPriv"},
+        {"cbAuthProtocol", "NONE"}, {"cbPrivProtocol", "NONE"},
+        {"edtSnmpTimeout", "5"},    {"edtRetries", "1"}};
+    for (const auto& [control, text] : defaults) {
+        EXPECT_EQ(textIn(panel, control), text) << control;
+    }
     context.snmpPort = -7;
     context.readCommunity = std::string(100, 'r');
     context.writeCommunity = "\xD6\xD0"; // no UTF-8
@@ -174,40 +164,38 @@ TEST_F(SnmpPanelTest, LoadingFiresNoHandlerAndEnablesWhatItSelected) {
     EXPECT_TRUE(panel.edtReadCommunity->isEnabled());
 }
 
-struct EnableCase {
-    QComboBox* SnmpPanel::*list;
-    const char* choice;
-    std::string enabled; // besides what always is
-};
-
 TEST_F(SnmpPanelTest, EveryChoiceEnablesWhatItUses) {
-    using Panel = SnmpPanel;
+    struct Case {
+        QComboBox* list;
+        const char* choice;
+        std::string enabled; // besides what always is
+    };
     const std::string communities = "edtReadCommunity edtWriteCommunity";
     const std::string user = "edtEngineID edtContextName edtUserName cbSecurityLevel";
     const std::string auth = user + " cbAuthProtocol";
     const std::string authKey = auth + " edtAuthPassword";
     const std::string privKey = authKey + " cbPrivProtocol edtPrivPassword";
     // One after the other on the same panel.
-    const EnableCase cases[] = {
-        {&Panel::cbSnmpVersion, "version1", communities},
-        {&Panel::cbSnmpVersion, "version3", user},
-        {&Panel::cbSecurityLevel, "Auth,NoPriv", auth},
-        {&Panel::cbAuthProtocol, "MD5", authKey},
-        {&Panel::cbSecurityLevel, "Auth,Priv", authKey + " cbPrivProtocol"},
-        {&Panel::cbPrivProtocol, "DES", privKey},
-        {&Panel::cbAuthProtocol, "NONE", auth + " cbPrivProtocol edtPrivPassword"},
-        {&Panel::cbAuthProtocol, "SHA", privKey},
-        {&Panel::cbSnmpVersion, "version2c", communities},
-        {&Panel::cbSnmpVersion, "version3", privKey}, // from the lists, not from what is stored
-        {&Panel::cbSecurityLevel, "Auth,NoPriv", authKey},
-        {&Panel::cbSecurityLevel, "NoAuth,NoPriv", user},
-        {&Panel::cbSnmpVersion, "version1", communities},
+    const Case cases[] = {
+        {panel.cbSnmpVersion, "version1", communities},
+        {panel.cbSnmpVersion, "version3", user},
+        {panel.cbSecurityLevel, "Auth,NoPriv", auth},
+        {panel.cbAuthProtocol, "MD5", authKey},
+        {panel.cbSecurityLevel, "Auth,Priv", authKey + " cbPrivProtocol"},
+        {panel.cbPrivProtocol, "DES", privKey},
+        {panel.cbAuthProtocol, "NONE", auth + " cbPrivProtocol edtPrivPassword"},
+        {panel.cbAuthProtocol, "SHA", privKey},
+        {panel.cbSnmpVersion, "version2c", communities},
+        {panel.cbSnmpVersion, "version3", privKey}, // from the lists, not from what is stored
+        {panel.cbSecurityLevel, "Auth,NoPriv", authKey},
+        {panel.cbSecurityLevel, "NoAuth,NoPriv", user},
+        {panel.cbSnmpVersion, "version1", communities},
     };
     const QColor usable = panel.palette().color(QPalette::Active, QPalette::Base);
     const QColor face = panel.palette().color(QPalette::Active, QPalette::Button);
     ASSERT_NE(usable, face);
-    for (const EnableCase& next : cases) {
-        choose(*(panel.*next.list), next.choice);
+    for (const Case& next : cases) {
+        choose(*next.list, next.choice);
         const Names enabled =
             words("cbSnmpVersion edtSnmpPort edtSnmpTimeout edtRetries " + next.enabled);
         const bool version3 = enabled.contains("edtUserName");
@@ -365,26 +353,24 @@ TEST_F(SnmpPanelTest, TheButtonRestsWhileTheBoxIsOpen) {
     EXPECT_TRUE(panel.btnApply->isEnabled());
 }
 
-struct TypingCase {
-    QLineEdit* SnmpPanel::*edit;
-    int limit;
-    bool secret;
-};
-
 TEST_F(SnmpPanelTest, TypingIsLimitedAndSecretsAreStars) {
-    const TypingCase cases[] = {
-        {&SnmpPanel::edtReadCommunity, 32, true}, {&SnmpPanel::edtWriteCommunity, 100, true},
-        {&SnmpPanel::edtEngineID, 100, false},    {&SnmpPanel::edtContextName, 100, false},
-        {&SnmpPanel::edtUserName, 32, false},     {&SnmpPanel::edtAuthPassword, 32, true},
-        {&SnmpPanel::edtPrivPassword, 32, true},
+    struct Case {
+        QLineEdit& edit;
+        int limit;
+        bool secret;
+    };
+    const Case cases[] = {
+        {*panel.edtReadCommunity, 32, true}, {*panel.edtWriteCommunity, 100, true},
+        {*panel.edtEngineID, 100, false},    {*panel.edtContextName, 100, false},
+        {*panel.edtUserName, 32, false},     {*panel.edtAuthPassword, 32, true},
+        {*panel.edtPrivPassword, 32, true},
     };
     chooseUser("Auth,Priv", "MD5", "DES");
-    for (const TypingCase& expected : cases) {
-        QLineEdit& edit = *(panel.*expected.edit);
+    for (const auto& [edit, limit, secret] : cases) {
         edit.setEnabled(true);
         test::type(edit, QString(120, u'x'));
-        EXPECT_EQ(edit.text(), QString(expected.limit, u'x')) << bytesOf(edit.objectName());
-        EXPECT_EQ(edit.displayText(), QString(expected.limit, expected.secret ? u'*' : u'x'));
+        EXPECT_EQ(edit.text(), QString(limit, u'x')) << bytesOf(edit.objectName());
+        EXPECT_EQ(edit.displayText(), QString(limit, secret ? u'*' : u'x'));
     }
     for (QLineEdit* edit : {panel.edtSnmpPort, panel.edtSnmpTimeout, panel.edtRetries}) {
         edit->clear();

@@ -3,14 +3,17 @@
 
 #include "env/client_paths.h"
 #include "env/language_module.h"
+#include "pages/framework/controls.h"
 #include "platform/window_messages.h"
 #include "snmp/object_catalogue.h"
 
 #include <algorithm>
+#include <set>
 
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QTimer>
 
 namespace onudesk::test {
@@ -58,6 +61,23 @@ void doubleClickAt(QWidget& control, QPoint position) {
     mouse(control, QEvent::MouseButtonRelease, position, Qt::LeftButton);
 }
 
+namespace {
+
+QPoint placeOf(const QTableWidget& table, int row) {
+    return row < 0 ? QPoint(10, table.viewport()->height() - 3)
+                   : table.visualRect(table.model()->index(row, 0)).center();
+}
+
+} // namespace
+
+void clickRow(const QTableWidget& table, int row) {
+    clickAt(*table.viewport(), placeOf(table, row));
+}
+
+void doubleClickRow(const QTableWidget& table, int row) {
+    doubleClickAt(*table.viewport(), placeOf(table, row));
+}
+
 void drag(QWidget& control, QPoint from, QPoint by) {
     // What is dragged moves, so the places on the screen are fixed first.
     const QPoint begin = control.mapToGlobal(from);
@@ -86,6 +106,10 @@ void type(QWidget& control, const QString& text) {
     for (const QChar c : text) {
         key(control, Qt::Key_unknown, QString(c));
     }
+}
+
+void type(QWidget& control, const char* text) {
+    type(control, QString::fromUtf8(text));
 }
 
 void elapse(const QObject& page) {
@@ -141,6 +165,53 @@ std::string UiTest::takeRead() {
         return {};
     }
     return posted->suffix.value_or("none");
+}
+
+std::string UiTest::usableIn(const QWidget& window) {
+    std::set<std::string> names;
+    for (const auto* button : window.findChildren<QPushButton*>()) {
+        if (button->isEnabled() && button->objectName() != QStringLiteral("helpBtn")) {
+            names.insert(bytesOf(button->objectName()));
+        }
+    }
+    std::string list;
+    for (const std::string& name : names) {
+        list += (list.empty() ? "" : " ") + name;
+    }
+    return list;
+}
+
+std::string UiTest::textIn(const QWidget& window, const std::string& name) {
+    return stateOf(in(window, name)).text;
+}
+
+std::string UiTest::stateIn(const QWidget& window, const std::string& name) {
+    const QWidget& control = in(window, name);
+    const auto* edit = qobject_cast<const QLineEdit*>(&control);
+    const bool locked = !control.isEnabled() || (edit != nullptr && edit->isReadOnly());
+    return (locked ? "-" : "") + stateOf(control).text;
+}
+
+void UiTest::setTextIn(const QWidget& window, const std::string& name, const std::string& text) {
+    QWidget& control = in(window, name);
+    if (auto* list = qobject_cast<QComboBox*>(&control)) {
+        choose(*list, text);
+    } else {
+        setControlText(control, text);
+    }
+}
+
+void UiTest::choose(QComboBox& list, const std::string& text) {
+    selectByText(list, text);
+    Q_EMIT list.activated(list.currentIndex());
+}
+
+std::vector<std::string> UiTest::entriesOf(const QComboBox& list) {
+    std::vector<std::string> texts;
+    for (int at = 0; at < list.count(); ++at) {
+        texts.push_back(bytesOf(list.itemText(at)));
+    }
+    return texts;
 }
 
 } // namespace onudesk::test

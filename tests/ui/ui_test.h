@@ -7,10 +7,13 @@
 #include "support/test_host.h"
 
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include <QComboBox>
 #include <QPoint>
+#include <QTableWidget>
 #include <QWidget>
 
 #include <gtest/gtest.h>
@@ -33,6 +36,25 @@ protected:
     // Takes the oldest request, which must be a read, and returns its instance suffix.
     std::string takeRead();
 
+    // A control of a page or dialog.
+    template <typename Control = QWidget>
+    static Control& in(const QWidget& window, const std::string& name) {
+        auto* found = window.findChild<Control*>(QString::fromStdString(name));
+        if (found == nullptr) {
+            throw std::invalid_argument(name); // ends the program, naming the control
+        }
+        return *found;
+    }
+    // The buttons that can be pressed, in the order of the alphabet, besides that for help.
+    static std::string usableIn(const QWidget& window);
+    static std::string textIn(const QWidget& window, const std::string& name);
+    // Its text, "-" before what cannot be edited.
+    static std::string stateIn(const QWidget& window, const std::string& name);
+    // Puts a text into a control, or chooses it as the operator does.
+    static void setTextIn(const QWidget& window, const std::string& name, const std::string& text);
+    static void choose(QComboBox& list, const std::string& text);
+    static std::vector<std::string> entriesOf(const QComboBox& list);
+
 private:
     ClientTree tree_;
 };
@@ -42,12 +64,16 @@ private:
 void click(QWidget& control);
 void clickAt(QWidget& control, QPoint position);
 void doubleClickAt(QWidget& control, QPoint position);
+// The same on a row of a table, with row -1 below the last one.
+void clickRow(const QTableWidget& table, int row);
+void doubleClickRow(const QTableWidget& table, int row);
 // Presses the left button at a place, moves it by so much and releases it there.
 void drag(QWidget& control, QPoint from, QPoint by);
 void hover(QWidget& control);
 void key(QWidget& control, int code, const QString& text = {});
 // Types a text character by character.
 void type(QWidget& control, const QString& text);
+void type(QWidget& control, const char* text);
 // Fires the running timer of a page now; fails the test when it is not running.
 void elapse(const QObject& page);
 

@@ -28,6 +28,8 @@ constexpr std::size_t kLeastValues = 22;
 
 constexpr std::int32_t kProfile2Maximum = 500004;
 
+constexpr int kGroupMargin = 4; // at the sides: with more, both groups do not fit beside the tree
+
 struct RateEdit {
     const char* control;
     const char* object;
@@ -144,6 +146,12 @@ void TOnuDbaConfig::buildGroups() {
     FormGrid top(*shape, 1);
     FormGrid up(*upGroup, 1);
     FormGrid down(*downGroup, 1);
+    for (QGroupBox* group : {upGroup, downGroup}) {
+        QMargins margins = group->layout()->contentsMargins();
+        margins.setLeft(kGroupMargin);
+        margins.setRight(kGroupMargin);
+        group->layout()->setContentsMargins(margins);
+    }
     Field shaping = list("shapeActionComb", "shapeAction", 60817, shaping_);
     shaping.position = 16;
     fields().add(top, {constant({"rowStatus", "rowstat"}, "4")});
@@ -222,14 +230,14 @@ bool TOnuDbaConfig::ratesInOrder(const char* fir, const char* cir, const char* p
     }
     if (committed < fixed || committed > peak) {
         refuse({refusalId, {}, message::errorCaption, platform::PromptIcon::none},
-               findChild<QLineEdit*>(QString::fromLatin1(cir)));
+               fields().control<QLineEdit>(cir));
         return false;
     }
     return true;
 }
 
 bool TOnuDbaConfig::rateOf(const char* control, std::int32_t& rate) const {
-    const std::string text = stateOf(*findChild<QLineEdit*>(QString::fromLatin1(control))).text;
+    const std::string text = stateOf(*fields().control<QLineEdit>(control)).text;
     const auto number = wholeNumber(text);
     if (!number) {
         tellNotANumber(text, replyHandle());

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pages/framework/checks.h"
 
+#include "bridge/read_number.h"
+
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -17,13 +19,18 @@ constexpr std::size_t kShortestQuad = 7;
 constexpr std::size_t kLongestQuad = 15;
 constexpr int kLongestQuadGroup = 3;
 
-// Takes blanks, an optional sign and digits off the front of the text.
-template <typename Number>
-bool takeNumber(std::string_view& text, Number& value, int base) {
+// Takes blanks and a plus sign off the front of the text.
+void skipToNumber(std::string_view& text) {
     text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
     if (text.starts_with('+') && !text.substr(1).starts_with('-')) {
         text.remove_prefix(1);
     }
+}
+
+// Takes blanks, an optional sign and digits off the front of the text.
+template <typename Number>
+bool takeNumber(std::string_view& text, Number& value, int base) {
+    skipToNumber(text);
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, base);
     text.remove_prefix(static_cast<std::size_t>(end - text.data()));
     return error == std::errc();
@@ -43,6 +50,13 @@ std::optional<std::int64_t> leadingNumber(std::string_view text, int base) {
 std::optional<std::int32_t> wholeNumber(std::string_view text) {
     std::int32_t value = 0;
     return takeNumber(text, value, 10) && text.empty() ? std::optional(value) : std::nullopt;
+}
+
+std::optional<double> decimalNumber(std::string_view text) {
+    skipToNumber(text);
+    double number = 0;
+    const bool isNumber = readNumber(text.substr(0, text.find_last_not_of(kBlanks) + 1), number);
+    return isNumber ? std::optional(number) : std::nullopt;
 }
 
 std::optional<CheckFailure> checkRange(std::string_view text, std::int64_t minimum,

@@ -32,6 +32,10 @@ struct CheckFailure {
 // A decimal number of 32 bits and nothing else but blanks before it.
 [[nodiscard]] std::optional<std::int32_t> wholeNumber(std::string_view text);
 
+// The number, with a fraction and an exponent if any, that is the whole text but for blanks around
+// it; the decimal point is ".".
+[[nodiscard]] std::optional<double> decimalNumber(std::string_view text);
+
 // The number, inclusive bounds: message 11068 with minimum and maximum. A text without a number
 // fails.
 [[nodiscard]] std::optional<CheckFailure> checkRange(std::string_view text, std::int64_t minimum,

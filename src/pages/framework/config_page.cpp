@@ -6,6 +6,7 @@
 #include "onudesk/messages.h"
 #include "snmp/request.h"
 
+#include <algorithm>
 #include <utility>
 
 #include <QVBoxLayout>
@@ -62,12 +63,13 @@ QPushButton* ConfigPage::addRequestButton(const char* name, int captionId,
     return button;
 }
 
-QWidget* ConfigPage::buildForm(std::vector<Field> fields) {
+QWidget* ConfigPage::buildForm(std::vector<Field> fields, const std::vector<int>& titleIds) {
     auto* area = new QWidget(listPanel);
     area->setMinimumWidth(kFormWidth);
     auto* middle = new QVBoxLayout(listPanel);
     middle->addWidget(area, 0, Qt::AlignCenter);
-    FormGrid form(*area, 1);
+    FormGrid form(*area, std::max(1, static_cast<int>(titleIds.size())));
+    form.titles(titleIds);
     fields_.add(form, std::move(fields));
     return area;
 }

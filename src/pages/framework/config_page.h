@@ -118,8 +118,9 @@ protected:
     virtual void otherReply(const ReadResult& result);
 
     // A form of the fields, one below the other, in the middle of listPanel or in a centred panel.
-    // Returns its widget, whose layout is a grid.
-    QWidget* buildForm(std::vector<Field> fields);
+    // Returns its widget, whose layout is a grid. With titles as many fields stand side by side,
+    // under their titles.
+    QWidget* buildForm(std::vector<Field> fields, const std::vector<int>& titleIds = {});
     void buildCentredForm(std::vector<Field> fields);
     // A button before refreshBtn that refresh disables and replies give back, as configBtn.
     QPushButton* addRequestButton(const char* name, int captionId, std::function<void()> onClick);

@@ -25,6 +25,8 @@ constexpr int kEditMargin = 16; // beside an edit's text, both sides together
 // The bytes that the program put into a control last, and what the control made of them.
 constexpr const char* kProgramText = "programText";
 constexpr const char* kProgramShown = "programShown";
+// The text of a memo before the edit that is being judged.
+constexpr const char* kAcceptedText = "acceptedText";
 
 // Counts what is no digit.
 qsizetype otherThanDigits(const QString& text) {
@@ -91,15 +93,16 @@ void select(QComboBox& combo, int row, bool keepWhenUnknown) {
     }
 }
 
-// What is too much is taken away before the cursor, where it was put in.
+// As TypingRule, but what is too much is taken away before the cursor, where it was put in.
 void limitMemo(QPlainTextEdit& memo, qsizetype limit, qsizetype (*measure)(const QString& text)) {
     QObject::connect(&memo, &QPlainTextEdit::textChanged, &memo, [&memo, limit, measure] {
         const QSignalBlocker quiet(memo);
-        const qsizetype most = std::max(limit, measure(memo.property(kProgramShown).toString()));
+        const qsizetype most = std::max(limit, measure(memo.property(kAcceptedText).toString()));
         QTextCursor cursor = memo.textCursor();
         while (measure(memo.toPlainText()) > most && !cursor.atStart()) {
             cursor.deletePreviousChar();
         }
+        memo.setProperty(kAcceptedText, memo.toPlainText());
     });
 }
 
@@ -119,7 +122,17 @@ QString withoutMnemonics(QString text) {
 }
 
 void setCaption(QWidget& control, int messageId) {
-    const QString text = shown(messageText(messageId));
+    setCaption(control, shown(messageText(messageId)));
+}
+
+void setCaption(QWidget& control, const QString& text) {
+    if (text.contains(u'℃')) {
+        // The Chinese font of Debian has an empty picture of this sign. Only the families: all else
+        // stays the window's.
+        QFont font;
+        font.setFamilies(QStringList{QStringLiteral("DejaVu Sans")} + textFont().families());
+        control.setFont(font);
+    }
     if (auto* label = qobject_cast<QLabel*>(&control)) {
         label->setText(label->buddy() == nullptr ? text : withoutMnemonics(text));
     } else if (auto* button = qobject_cast<QAbstractButton*>(&control)) {
@@ -203,6 +216,7 @@ void setControlText(QWidget& control, std::string_view text) {
     } else if (auto* memo = qobject_cast<QPlainTextEdit*>(&control)) {
         memo->setPlainText(wanted);
         made = memo->toPlainText();
+        memo->setProperty(kAcceptedText, made);
     }
     control.setProperty(kProgramShown, made);
     control.setProperty(kProgramText, QByteArray::fromStdString(std::string(textUpToZero(text))));

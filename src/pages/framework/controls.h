@@ -34,6 +34,8 @@ namespace onudesk {
 void loadCaption(QWidget& control, int messageId);
 // The same for any id.
 void setCaption(QWidget& control, int messageId);
+// The same with a text of its own.
+void setCaption(QWidget& control, const QString& text);
 
 // One row per pair, in the order of the map, each carrying its code. Nothing is selected.
 void fillCombo(QComboBox& combo, const ValueMap& map);

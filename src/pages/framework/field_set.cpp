@@ -18,6 +18,18 @@ void FieldSet::add(FormGrid& form, std::vector<Field> fields) {
     }
 }
 
+QWidget* FieldSet::find(const std::string& name) const {
+    for (const Bound& bound : bound_) {
+        if (bound.field.control == name) {
+            return bound.control;
+        }
+        if (bound.field.tick.button == name) {
+            return bound.tick;
+        }
+    }
+    return nullptr;
+}
+
 Field& FieldSet::at(const std::string& control) {
     const auto found = std::ranges::find_if(
         bound_, [&](const Bound& bound) { return bound.field.control == control; });
@@ -44,13 +56,10 @@ void FieldSet::show(const ReadResult& result) const {
         if (!text) {
             continue;
         }
-        auto* combo = qobject_cast<QComboBox*>(bound.control);
-        if (combo == nullptr) {
-            setControlText(*bound.control, *text);
-        } else if (bound.field.codes.unknown == UnknownCode::clears) {
-            selectOrClear(*combo, result.values[bound.field.position]);
+        if (bound.field.codes.map != nullptr) {
+            showValue(*bound.control, *bound.field.codes.map, result.values[bound.field.position]);
         } else {
-            selectIfKnown(*combo, result.values[bound.field.position]);
+            setControlText(*bound.control, *text);
         }
     }
 }
@@ -99,11 +108,6 @@ bool FieldSet::check(std::uint32_t owner) const {
         }
     }
     return true;
-}
-
-bool FieldSet::writesAny() const {
-    return std::ranges::any_of(
-        bound_, [](const Bound& bound) { return isWritten(bound.field, stateOf(bound)); });
 }
 
 void FieldSet::bind(WriteRequest& request, const std::string& suffix,

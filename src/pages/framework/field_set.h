@@ -22,6 +22,17 @@ public:
     // Makes the controls in the form, which owns them. Order is the order of adding.
     void add(FormGrid& form, std::vector<Field> fields);
 
+    // The control of a field, or the check box or radio button that it is ticked by, by object
+    // name. There must be one of that kind.
+    template <typename Control = QWidget>
+    [[nodiscard]] Control* control(const std::string& name) const {
+        auto* found = qobject_cast<Control*>(find(name));
+        if (found == nullptr) {
+            qFatal("no such control in the fields: %s", name.c_str());
+        }
+        return found;
+    }
+
     // The field of a control, to change its bounds.
     [[nodiscard]] Field& at(const std::string& control);
 
@@ -38,8 +49,6 @@ public:
     // Checks in order. The first bad field is told, in a box owned by that window, and gets the
     // focus.
     [[nodiscard]] bool check(std::uint32_t owner) const;
-    // Whether bind() has anything to bind.
-    [[nodiscard]] bool writesAny() const;
     // One binding per field that is written, in order, for that instance. With a prefix, only of
     // objects whose names begin with it.
     void bind(WriteRequest& request, const std::string& suffix,
@@ -52,6 +61,7 @@ private:
         QAbstractButton* tick = nullptr;
     };
     [[nodiscard]] static FieldState stateOf(const Bound& bound);
+    [[nodiscard]] QWidget* find(const std::string& name) const; // null when there is none
 
     std::vector<Bound> bound_;
 };

@@ -39,6 +39,15 @@ Field constant(ObjectName object, std::string value) {
             .constant = std::move(value)};
 }
 
+Field addressField(const char* control, int labelId, std::size_t position, const char* object) {
+    return {.control = control,
+            .labelId = labelId,
+            .position = position,
+            .object = {object},
+            .check = dottedQuad(),
+            .written = Written::whileEnabled};
+}
+
 std::optional<std::string> shownText(const Field& field, const ReadResult& result) {
     if (field.position >= result.values.size()) {
         return std::nullopt;
@@ -58,8 +67,6 @@ bool isWritten(const Field& field, const FieldState& state) {
         return state.ticked;
     case Written::whileEnabled:
         return state.ticked && state.enabled;
-    case Written::unlessBlank:
-        return state.ticked && state.text.find_first_not_of(' ') != std::string::npos;
     case Written::never:
         break;
     }

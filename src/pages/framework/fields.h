@@ -74,7 +74,7 @@ struct FieldCheck {
 // the all-zero address.
 [[nodiscard]] FieldCheck macAddress();
 
-enum class Written { never, always, whileEnabled, unlessBlank };
+enum class Written { never, always, whileEnabled };
 
 // A check box, or one of the radio buttons of the form, in place of the field's label: the field is
 // written and checked only while it is ticked. Fields that follow each other can share one.
@@ -94,7 +94,8 @@ struct Field {
     ObjectName object{};
     Codes codes{};
     std::optional<FieldCheck> check{};
-    Written written = Written::never; // a field that is never written is read-only
+    // Of what is never written, edits are read-only, and combos that replies fill are disabled.
+    Written written = Written::never;
     Tick tick{};
     std::string (*show)(const std::string& value) = nullptr; // how a value is shown
     std::string constant{};                                  // what a field without control writes
@@ -102,6 +103,10 @@ struct Field {
 
 // A binding that is always written with the same value, at its place among the fields.
 [[nodiscard]] Field constant(ObjectName object, std::string value);
+
+// An edit of an IPv4 address, checked as dottedQuad() and written while it is enabled.
+[[nodiscard]] Field addressField(const char* control, int labelId, std::size_t position,
+                                 const char* object);
 
 // What the widget layer reads off a control.
 struct FieldState {

@@ -41,7 +41,6 @@ void FormGrid::titles(const std::vector<int>& messageIds) {
         setCaption(*title, id);
         place(nullptr, title, false);
     }
-    newRow();
 }
 
 void FormGrid::add(const std::vector<Field>& fields) {
@@ -79,6 +78,7 @@ QWidget* FormGrid::makeControl(const Field& field) {
         if (field.codes.map != nullptr) {
             fillCombo(*combo, *field.codes.map);
         }
+        combo->setEnabled(!readOnly || field.position == kNotRead);
         return combo;
     }
     if (field.kind == ControlKind::memo) {
@@ -188,7 +188,8 @@ void addUnit(QWidget& form, const char* control, const char* unit) {
     int columns = 0;
     grid->getItemPosition(grid->indexOf(form.findChild<QWidget*>(name)), &row, &column, &rows,
                           &columns);
-    auto* label = new QLabel(QString::fromUtf8(unit), &form);
+    auto* label = new QLabel(&form);
+    setCaption(*label, QString::fromUtf8(unit));
     label->setObjectName(name + QStringLiteral("Unit"));
     grid->addWidget(label, row, column + 1);
 }

@@ -35,8 +35,8 @@ public:
 
     // A title above the controls of each pair; call it first.
     void titles(const std::vector<int>& messageIds);
-    // Makes the controls; constants have none but their tick. Edits that are never written are
-    // read-only.
+    // Makes the controls; constants have none but their tick. Of what is never written,
+    // edits are read-only, and combos that replies fill are disabled.
     void add(const std::vector<Field>& fields);
     // A control made before, by object name; null without a name.
     template <typename Control = QWidget>

@@ -71,9 +71,8 @@ void ItemDialog::bindWrite(WriteRequest& request) {
 std::string ItemDialog::instance() const {
     std::string instance = page_.session().OnuIndexText;
     if (!rules_.fields.empty()) {
-        const QString key = QString::fromStdString(rules_.fields.front().control);
         instance += '.';
-        instance += stateOf(*findChild<QWidget*>(key)).text;
+        instance += stateOf(*fields_.control(rules_.fields.front().control)).text;
     }
     return instance;
 }

@@ -66,6 +66,7 @@ protected:
     // A button before Cancel.
     QPushButton* addButton(const char* name, int captionId, std::function<void()> onClick);
     [[nodiscard]] FieldSet& fields() { return fields_; }
+    [[nodiscard]] const FieldSet& fields() const { return fields_; }
     void refuse(const CheckFailure& failure, QWidget* focus) const;
 
 private:

@@ -4,8 +4,6 @@
 #include "env/language_module.h"
 #include "pages/lt/tenths.h"
 
-#include <QComboBox>
-
 namespace onudesk {
 
 TOnuLTAttribute::TOnuLTAttribute(Session& session, std::int32_t itemType, QWidget* parent)
@@ -26,7 +24,6 @@ TOnuLTAttribute::TOnuLTAttribute(Session& session, std::int32_t itemType, QWidge
          {.control = "gateEdit", .labelId = 81102, .position = 1},
          {.control = "inEdit", .labelId = 81103, .position = 2},
          {.control = "workEdit", .labelId = 81104, .position = 3, .show = voltsOfTenths}});
-    findChild<QComboBox*>(QStringLiteral("modeComb"))->setEnabled(false);
     addUnit(*form, "inEdit", "V");
     addUnit(*form, "workEdit", "V");
     start();

@@ -43,9 +43,10 @@ TOnuLTInfaStatusItem::TOnuLTInfaStatusItem(TOnuLTInfaStatus& page, int row)
                               .kind = ControlKind::memo,
                               .position = 3,
                               .object = {"vgonuvoipDesc"},
-                              .written = Written::always}}},
+                              .written = Written::always}},
+                  .ok = {"okBtn", message::okay}},
                  row) {
-    limitCharacters(*findChild<QPlainTextEdit*>(QStringLiteral("descMemo")), kMostCharacters);
+    limitCharacters(*fields().control<QPlainTextEdit>("descMemo"), kMostCharacters);
 }
 
 } // namespace onudesk

@@ -23,7 +23,7 @@ TOnuLTPonSet::TOnuLTPonSet(Session& session, std::int32_t itemType, QWidget* par
                 .object = {"vgonuworkponset"},
                 .codes = {&ports_},
                 .written = Written::always}});
-    ponComb = findChild<QComboBox*>(QStringLiteral("ponComb"));
+    ponComb = fields().control<QComboBox>("ponComb");
     start();
 }
 

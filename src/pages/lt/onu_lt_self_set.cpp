@@ -22,9 +22,6 @@ Field timePart(const char* control, int labelId, std::int64_t maximum) {
 }
 
 std::optional<CheckFailure> checkThreshold(std::string_view text) {
-    if (text.find_first_not_of(' ') == std::string_view::npos) {
-        return CheckFailure{}; // takes the focus
-    }
     const auto volts = decimalNumber(text);
     if (volts && 0 <= *volts && *volts <= kMostVolts) {
         return std::nullopt;
@@ -46,27 +43,33 @@ TOnuLTSelfSet::TOnuLTSelfSet(Session& session, std::int32_t itemType, QWidget* p
                   .onFailedDecode = OnFailedDecode::disables,
                   .minimumValues = 3},
                  parent) {
-    QWidget* form = buildForm({timePart("hourEdit", 81301, 23),
-                               timePart("minuteEdit", 81302, 59),
-                               timePart("secondsEdit", 81303, 59),
-                               {.control = "gateEdit",
-                                .labelId = 81304,
-                                .typing = {.bytes = 4},
-                                .check = FieldCheck{.function = checkThreshold},
-                                .written = Written::always}});
+    QWidget* form = buildForm(
+        {timePart("hourEdit", 81301, 23),
+         timePart("minuteEdit", 81302, 59),
+         timePart("secondsEdit", 81303, 59),
+         {.control = "gateEdit",
+          .labelId = 81304,
+          .typing = {.bytes = 4},
+          .check = FieldCheck{.empty = EmptyText::blankTakesFocus, .function = checkThreshold},
+          .written = Written::always}});
     addUnit(*form, "gateEdit", "V");
-    hourEdit = findChild<QLineEdit*>(QStringLiteral("hourEdit"));
-    minuteEdit = findChild<QLineEdit*>(QStringLiteral("minuteEdit"));
-    secondsEdit = findChild<QLineEdit*>(QStringLiteral("secondsEdit"));
-    gateEdit = findChild<QLineEdit*>(QStringLiteral("gateEdit"));
+    hourEdit = fields().control<QLineEdit>("hourEdit");
+    minuteEdit = fields().control<QLineEdit>("minuteEdit");
+    secondsEdit = fields().control<QLineEdit>("secondsEdit");
+    gateEdit = fields().control<QLineEdit>("gateEdit");
     start();
 }
 
 void TOnuLTSelfSet::fillPage(const ReadResult& result) {
-    const std::int64_t start = leadingNumber(result.values[0]).value_or(0);
-    setControlText(*hourEdit, std::to_string(start / kHour));
-    setControlText(*minuteEdit, std::to_string(start % kHour / kMinute));
-    setControlText(*secondsEdit, std::to_string(start % kMinute));
+    if (const auto start = leadingNumber(result.values[0])) {
+        setControlText(*hourEdit, std::to_string(*start / kHour));
+        setControlText(*minuteEdit, std::to_string(*start % kHour / kMinute));
+        setControlText(*secondsEdit, std::to_string(*start % kMinute));
+    } else {
+        for (QLineEdit* edit : {hourEdit, minuteEdit, secondsEdit}) {
+            setControlText(*edit, {});
+        }
+    }
     setControlText(*gateEdit, voltsOfTenths(result.values[1]));
 }
 

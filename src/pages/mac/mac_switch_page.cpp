@@ -26,7 +26,7 @@ MacSwitchPage::MacSwitchPage(Session& session, std::int32_t itemType, MacSwitchR
                   .minimumValues = 1},
                  parent),
       switches_({{messageText(kDisable), kOff}, {messageText(kEnable), kOn}}) {
-    const QString control = QString::fromStdString(rules.value.control);
+    const std::string control = rules.value.control;
     rules.value.position = 0;
     rules.value.written = Written::always; // it holds 0 while it is disabled
     buildForm({{.control = "enableComb",
@@ -34,8 +34,8 @@ MacSwitchPage::MacSwitchPage(Session& session, std::int32_t itemType, MacSwitchR
                 .kind = ControlKind::combo,
                 .codes = {&switches_}},
                std::move(rules.value)});
-    enableComb = findChild<QComboBox*>(QStringLiteral("enableComb"));
-    valueEdit_ = findChild<QLineEdit*>(control);
+    enableComb = fields().control<QComboBox>("enableComb");
+    valueEdit_ = fields().control<QLineEdit>(control);
     connect(enableComb, &QComboBox::activated, this, &MacSwitchPage::enableCombChange);
     start();
 }

@@ -38,7 +38,7 @@ TOnuMacMaxNumItem::TOnuMacMaxNumItem(TOnuMacMaxNum& page, int row)
                               .written = Written::always}},
                   .ok = {"okBtn", message::okay}},
                  row) {
-    addNote(*findChild<QWidget*>(QStringLiteral("maxnumEdit"))->parentWidget(), 64404);
+    addNote(*fields().control("maxnumEdit")->parentWidget(), 64404);
 }
 
 } // namespace onudesk

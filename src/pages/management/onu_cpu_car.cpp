@@ -20,7 +20,7 @@ TOnuCpuCar::TOnuCpuCar(Session& session, std::int32_t itemType, QWidget* parent)
                 .object = {"onuCpuCarRate"},
                 .check = numberIn(0, 10000, EmptyText::blankTakesFocus),
                 .written = Written::always}});
-    cpuEdit = findChild<QLineEdit*>(QStringLiteral("cpuEdit"));
+    cpuEdit = fields().control<QLineEdit>("cpuEdit");
     start();
 }
 

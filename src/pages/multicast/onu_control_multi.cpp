@@ -118,9 +118,9 @@ TOnuControlMultiItem::TOnuControlMultiItem(TOnuControlMulti& page, int row)
                   .ok = {"OKBtn", message::ok},
                   .cancel = {"CancelBtn", message::cancel}},
                  row),
-      macMaskEdit(findChild<QLineEdit*>(QStringLiteral("macMaskEdit"))), page_(page),
-      indexEdit_(findChild<QLineEdit*>(QStringLiteral("indexEdit"))) {
-    auto* portEdit = findChild<QLineEdit*>(QStringLiteral("portEdit"));
+      macMaskEdit(fields().control<QLineEdit>("macMaskEdit")), page_(page),
+      indexEdit_(fields().control<QLineEdit>("indexEdit")) {
+    auto* portEdit = fields().control<QLineEdit>("portEdit");
     setControlText(*portEdit, page.port());
     portEdit->setEnabled(false);
     indexEdit_->setEnabled(false);

@@ -79,9 +79,9 @@ TOnuMultiIGMPItem::TOnuMultiIGMPItem(TOnuMultiIGMP& page, int row)
                        .tick = {.button = "vlanlistRabtn", .radio = true}}},
            .ok = {"okBtn", message::okay}},
           row),
-      maxGroupEdit(findChild<QLineEdit*>(QStringLiteral("maxGroupEdit"))),
-      vlanlistRabtn(findChild<QRadioButton*>(QStringLiteral("vlanlistRabtn"))),
-      vlanlistMemo(findChild<QPlainTextEdit*>(QStringLiteral("vlanlistMemo"))),
+      maxGroupEdit(fields().control<QLineEdit>("maxGroupEdit")),
+      vlanlistRabtn(fields().control<QRadioButton>("vlanlistRabtn")),
+      vlanlistMemo(fields().control<QPlainTextEdit>("vlanlistMemo")),
       deleteBtn(addButton("deleteBtn", message::remove, [this] { deleteBtnClick(); })), page_(page),
       listed_(vlansOf(page.mainTable->cell(row, kVlans))) {
     connect(vlanlistRabtn, &QRadioButton::toggled, this, &TOnuMultiIGMPItem::chooseVlanList);

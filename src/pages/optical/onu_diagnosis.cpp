@@ -7,27 +7,23 @@
 #include <utility>
 #include <vector>
 
-#include <QGridLayout>
-#include <QLabel>
-
 namespace onudesk {
 
 namespace {
 
 constexpr int kFirstLabel = 66601; // of the readings, in their order
-constexpr int kUnitColumn = 2;     // beside the controls of a form
 constexpr int kNotSupported = 11246;
 constexpr int kNoReadings = 11303;
 
 struct Reading {
     const char* control;
-    int unitId;
+    const char* unit;
 };
-constexpr Reading kReadings[] = {{"tempEdit", 66606},
-                                 {"powerEdit", 66607},
-                                 {"electricEdit", 66608},
-                                 {"outputEdt", 66609},
-                                 {"inputEdt", 66609}};
+constexpr Reading kReadings[] = {{"tempEdit", "℃"},
+                                 {"powerEdit", "V"},
+                                 {"electricEdit", "mA"},
+                                 {"outputEdt", "dBm"},
+                                 {"inputEdt", "dBm"}};
 constexpr std::size_t kAvailability = std::size(kReadings); // position in the reply
 
 } // namespace
@@ -53,12 +49,9 @@ void TOnuDiagnosis::buildReadings() {
                             .labelId = kFirstLabel + static_cast<int>(position),
                             .position = position});
     }
-    auto* grid = static_cast<QGridLayout*>(buildForm(std::move(readings))->layout());
-    int row = 0;
+    QWidget* form = buildForm(std::move(readings));
     for (const Reading& reading : kReadings) {
-        auto* unit = new QLabel(grid->parentWidget());
-        setCaption(*unit, reading.unitId);
-        grid->addWidget(unit, row++, kUnitColumn);
+        addUnit(*form, reading.control, reading.unit);
     }
 }
 

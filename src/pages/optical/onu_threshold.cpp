@@ -2,9 +2,8 @@
 #include "pages/optical/onu_threshold.h"
 
 #include "env/language_module.h"
-#include "pages/framework/form_grid.h"
+#include "pages/framework/controls.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -12,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include <QVBoxLayout>
+#include <QCheckBox>
 
 namespace onudesk {
 
@@ -46,18 +45,15 @@ std::string inDbm(const std::string& milliwatts) {
     constexpr const char* kZeroPower = "-40";
     constexpr int kDigits = 15;
     constexpr std::size_t kShown = 6;
-    const std::size_t start = std::min(milliwatts.find_first_not_of(' '), milliwatts.size());
-    double power = 0;
-    const auto parsed =
-        std::from_chars(milliwatts.data() + start, milliwatts.data() + milliwatts.size(), power);
-    if (parsed.ec != std::errc() || !std::isfinite(power) || power < 0) {
+    const auto power = decimalNumber(milliwatts);
+    if (!power || !std::isfinite(*power) || *power < 0) {
         return {};
     }
-    if (power == 0) {
+    if (*power == 0) {
         return kZeroPower;
     }
     std::array<char, 32> text{};
-    char* const end = std::to_chars(text.data(), text.data() + text.size(), 10 * std::log10(power),
+    char* const end = std::to_chars(text.data(), text.data() + text.size(), 10 * std::log10(*power),
                                     std::chars_format::general, kDigits)
                           .ptr;
     return std::string(text.data(), end).substr(0, kShown);
@@ -74,7 +70,7 @@ Field threshold(std::size_t position) {
             .typing = {.bytes = quantity.bytes},
             .position = position,
             .object = {object + (isLow ? "Low" : "High") + (isWarning ? "Warning" : "Alarm")},
-            .written = Written::unlessBlank,
+            .written = Written::always,
             .tick = {control + (isWarning ? "HWCheckBox" : "HACheckBox")},
             .show = quantity.isPower ? inDbm : nullptr};
 }
@@ -90,21 +86,12 @@ TOnuThreshold::TOnuThreshold(Session& session, std::int32_t itemType, QWidget* p
                   .minimumValues = kLeastValues,
                   .onWriteReply = OnWriteReply::refreshes},
                  parent) {
-    buildThresholds();
-    start();
-}
-
-void TOnuThreshold::buildThresholds() {
-    auto* area = new QWidget(listPanel);
-    auto* middle = new QVBoxLayout(listPanel);
-    middle->addWidget(area, 0, Qt::AlignCenter);
-    FormGrid form(*area, 2);
-    form.titles({kHigh, kLow});
     std::vector<Field> thresholds;
     for (std::size_t position = 0; position < kRowStatus; ++position) {
         thresholds.push_back(threshold(position));
     }
-    fields().add(form, std::move(thresholds));
+    buildForm(std::move(thresholds), {kHigh, kLow});
+    start();
 }
 
 void TOnuThreshold::configBtnClick() {
@@ -116,15 +103,27 @@ void TOnuThreshold::configBtnClick() {
     }
     if (thresholdRowPending_) {
         request.bind({"ThresholdRowStatus"}, "4", session().OnuIndexText);
-    } else if (fields().writesAny()) {
-        bindWrite(request);
-    } else {
+    } else if (bindThresholds(request) == 0) {
         configBtn->setEnabled(true);
         refuse({kNothingToWrite}, nullptr);
         return;
     }
     finishWrite(std::move(request));
     thresholdRowPending_ = true;
+}
+
+int TOnuThreshold::bindThresholds(WriteRequest& request) {
+    int writeCount = 0;
+    for (std::size_t position = 0; position < kRowStatus; ++position) {
+        const Field field = threshold(position);
+        const std::string text = stateOf(*fields().control(field.control)).text;
+        if (fields().control<QCheckBox>(field.tick.button)->isChecked() &&
+            text.find_first_not_of(' ') != std::string::npos) {
+            request.bind(field.object, text, session().OnuIndexText);
+            ++writeCount;
+        }
+    }
+    return writeCount;
 }
 
 bool TOnuThreshold::mayShow(const ReadResult& result) {

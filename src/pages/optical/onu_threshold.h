@@ -22,7 +22,8 @@ protected:
     void otherReply(const ReadResult& result) override;
 
 private:
-    void buildThresholds();
+    // Thresholds of ticked rows, but for blank ones. Returns how many there are.
+    int bindThresholds(WriteRequest& request);
     void endSequence();
 
     bool thresholdRowPending_ = false; // a write is out; a further one makes the row

@@ -128,9 +128,9 @@ TOnuComSessionItem::TOnuComSessionItem(TOnuComSession& page)
                   .ok = {"OKBtn", message::ok},
                   .cancel = {"CancelBtn", message::cancel}},
                  -1),
-      typeComb(findChild<QComboBox*>(QStringLiteral("typeComb"))),
-      ipEdit(findChild<QLineEdit*>(QStringLiteral("ipEdit"))) {
-    auto* comidComb = findChild<QComboBox*>(QStringLiteral("comidComb"));
+      typeComb(fields().control<QComboBox>("typeComb")),
+      ipEdit(fields().control<QLineEdit>("ipEdit")) {
+    auto* comidComb = fields().control<QComboBox>("comidComb");
     for (const std::int64_t port : page.freeComIds()) {
         comidComb->addItem(QString::number(port));
     }
@@ -138,7 +138,7 @@ TOnuComSessionItem::TOnuComSessionItem(TOnuComSession& page)
     for (const auto& [name, text] :
          {Choice("typeComb", "tcpserver"), Choice("rateComb", "115200"),
           Choice("parityComb", "none"), Choice("dataComb", "8 (3)"), Choice("stopComb", "1 (0)")}) {
-        selectByText(*findChild<QComboBox*>(QString::fromLatin1(name)), text);
+        selectByText(*fields().control<QComboBox>(name), text);
     }
     connect(typeComb, &QComboBox::activated, this, &TOnuComSessionItem::typeCombChange);
     typeCombChange();

@@ -30,7 +30,7 @@ TOnuEncription::TOnuEncription(Session& session, std::int32_t itemType, QWidget*
                 .object = {"onuEncrypEnable"},
                 .codes = {&switches_},
                 .written = Written::always}});
-    enableComb = findChild<QComboBox*>(QStringLiteral("enableComb"));
+    enableComb = fields().control<QComboBox>("enableComb");
     start();
 }
 

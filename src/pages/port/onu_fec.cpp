@@ -34,8 +34,6 @@ TOnuFEC::TOnuFEC(Session& session, std::int32_t itemType, QWidget* parent)
                 .object = {"onuFecMode"},
                 .codes = {&modes_},
                 .written = Written::always}});
-    // What the ONU can do is not for the operator to choose.
-    findChild<QComboBox*>(QStringLiteral("supportComb"))->setEnabled(false);
     start();
 }
 

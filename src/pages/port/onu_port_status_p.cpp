@@ -3,7 +3,6 @@
 
 #include <utility>
 
-#include <QComboBox>
 #include <QScrollBar>
 
 namespace onudesk {
@@ -35,10 +34,8 @@ TOnuPortStatusP::TOnuPortStatusP(Session& session, std::int32_t itemType, QWidge
         portSetting("autonegComb", "autonegRabtn", 61710, 3, "lanautoNeg", maps_.switches),
         {.control = "noticeMemo", .labelId = 61712, .kind = ControlKind::memo},
     });
-    // The state of a link is not for the operator to choose.
-    findChild<QComboBox*>(QStringLiteral("stateComb"))->setEnabled(false);
-    IndexEdit = findChild<QLineEdit*>(QStringLiteral("IndexEdit"));
-    noticeMemo = findChild<QPlainTextEdit*>(QStringLiteral("noticeMemo"));
+    IndexEdit = fields().control<QLineEdit>("IndexEdit");
+    noticeMemo = fields().control<QPlainTextEdit>("noticeMemo");
     noticeMemo->setFixedHeight(noticeMemo->fontMetrics().lineSpacing() * kMemoLines);
     start();
 }

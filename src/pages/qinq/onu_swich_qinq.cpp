@@ -31,10 +31,10 @@ TOnuSwichQinQ::TOnuSwichQinQ(Session& session, std::int32_t itemType, QWidget* p
                 .check = numberIn(1501, 65535),
                 .written = Written::always,
                 .tick = {.button = "vlanRaBtn", .radio = true}}});
-    modeRaBtn = findChild<QRadioButton*>(QStringLiteral("modeRaBtn"));
-    modeComb = findChild<QComboBox*>(QStringLiteral("modeComb"));
-    vlanRaBtn = findChild<QRadioButton*>(QStringLiteral("vlanRaBtn"));
-    outerTpidEdt = findChild<QLineEdit*>(QStringLiteral("outerTpidEdt"));
+    modeRaBtn = fields().control<QRadioButton>("modeRaBtn");
+    modeComb = fields().control<QComboBox>("modeComb");
+    vlanRaBtn = fields().control<QRadioButton>("vlanRaBtn");
+    outerTpidEdt = fields().control<QLineEdit>("outerTpidEdt");
     outerTpidEdt->setEnabled(false);
     connect(modeRaBtn, &QRadioButton::toggled, modeComb, &QWidget::setEnabled);
     connect(vlanRaBtn, &QRadioButton::toggled, outerTpidEdt, &QWidget::setEnabled);

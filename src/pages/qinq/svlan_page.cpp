@@ -131,12 +131,11 @@ SVlanItem::SVlanItem(SVlanPage& page)
                   .ok = {"okBtn", message::okay}},
                  -1),
       page_(page) {
-    setControlText(*findChild<QWidget*>(QString::fromLatin1(kPortEdit)),
-                   bytesOf(page.portComb->currentText()));
+    setControlText(*fields().control(kPortEdit), bytesOf(page.portComb->currentText()));
 }
 
 QWidget& SVlanItem::edit(std::size_t number) const {
-    return *findChild<QWidget*>(QString::fromLatin1(page_.ranges().numbers[number].control));
+    return *fields().control(page_.ranges().numbers[number].control);
 }
 
 bool SVlanItem::mayWrite() {

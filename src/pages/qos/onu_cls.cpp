@@ -219,7 +219,7 @@ TOnuClsItem::TOnuClsItem(TOnuCls& page, int row)
           page,
           {.titleId = 61317, .fields = slotFields(), .pairs = 2, .ok = {"OKBtn", message::ok}},
           row),
-      PhyPortChBox(findChild<QCheckBox*>(QStringLiteral("PhyPortChBox"))), page_(page) {
+      PhyPortChBox(fields().control<QCheckBox>("PhyPortChBox")), page_(page) {
     auto* matchGroup = new QGroupBox(WorkPanel);
     matchGroup->setObjectName(QStringLiteral("matchGroup"));
     setCaption(*matchGroup, 61322);
@@ -235,14 +235,14 @@ TOnuClsItem::TOnuClsItem(TOnuCls& page, int row)
     edits_.reserve(matches().size());
     for (const Match& match : matches()) {
         const std::string name = match.name;
-        boxes_.push_back(findChild<QCheckBox*>(QString::fromStdString(name + "ChBox")));
+        boxes_.push_back(fields().control<QCheckBox>(name + "ChBox"));
         edits_.push_back(edit(name + "Edit"));
         connect(boxes_.back(), &QCheckBox::clicked, this, &TOnuClsItem::matchBoxClick);
     }
 }
 
 QLineEdit* TOnuClsItem::edit(const std::string& name) const {
-    return findChild<QLineEdit*>(QString::fromStdString(name));
+    return fields().control<QLineEdit>(name);
 }
 
 std::size_t TOnuClsItem::chosen() const {

@@ -94,9 +94,9 @@ TOnuLangressItem::TOnuLangressItem(TOnuLangress& page, int row)
     : ItemDialog(page,
                  {.titleId = 60716, .fields = itemFields(page), .ok = {"okBtn", message::okay}},
                  row),
-      choiceComb(findChild<QComboBox*>(QStringLiteral("choiceComb"))),
-      enEnableComb(findChild<QComboBox*>(QStringLiteral("enEnableComb"))),
-      exEnableComb(findChild<QComboBox*>(QStringLiteral("exEnableComb"))), page_(page) {
+      choiceComb(fields().control<QComboBox>("choiceComb")),
+      enEnableComb(fields().control<QComboBox>("enEnableComb")),
+      exEnableComb(fields().control<QComboBox>("exEnableComb")), page_(page) {
     connect(choiceComb, &QComboBox::activated, this, &TOnuLangressItem::choiceCombChange);
     connect(enEnableComb, &QComboBox::activated, this, &TOnuLangressItem::enEnableCombChange);
     connect(exEnableComb, &QComboBox::activated, this, &TOnuLangressItem::exEnableCombChange);
@@ -126,8 +126,8 @@ void TOnuLangressItem::exEnableCombChange() {
 void TOnuLangressItem::enableRates(const QComboBox& enable,
                                    std::initializer_list<const char*> edits) {
     for (const char* edit : edits) {
-        findChild<QLineEdit*>(QString::fromLatin1(edit))
-            ->setEnabled(enable.isEnabled() && selectedCode(enable) == kOn);
+        fields().control<QLineEdit>(edit)->setEnabled(enable.isEnabled() &&
+                                                      selectedCode(enable) == kOn);
     }
 }
 

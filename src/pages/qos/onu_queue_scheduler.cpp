@@ -47,13 +47,14 @@ TOnuQueueScheduler::TOnuQueueScheduler(Session& session, std::int32_t itemType, 
                 .codes = {&switches_},
                 .written = Written::always,
                 .tick = {"remapCheckB"}}});
-    modeComb = findChild<QComboBox*>(QStringLiteral("modeComb"));
+    modeComb = fields().control<QComboBox>("modeComb");
     for (std::size_t queue = 0; queue < queueEdits.size(); ++queue) {
-        queueEdits[queue] = findChild<QLineEdit*>(QStringLiteral("queue%1Edit").arg(queue));
+        queueEdits[queue] =
+            fields().control<QLineEdit>(std::string("queue") + std::to_string(queue) + "Edit");
         queueEdits[queue]->setEnabled(false);
     }
     connect(modeComb, &QComboBox::activated, this, &TOnuQueueScheduler::modeCombChange);
-    connect(findChild<QComboBox*>(QStringLiteral("enalbeComb")), &QComboBox::activated, this,
+    connect(fields().control<QComboBox>("enalbeComb"), &QComboBox::activated, this,
             &TOnuQueueScheduler::modeCombChange);
     start();
 }

@@ -70,9 +70,9 @@ TOnuVlanItem::TOnuVlanItem(TOnuVlanTable& page, int row)
                   .ok = {"okBtn", message::okay},
                   .refreshesPage = false},
                  row),
-      vlanIdEdt(findChild<QLineEdit*>(QStringLiteral("vlanIdEdt"))),
-      portComb(findChild<QComboBox*>(QStringLiteral("portComb"))),
-      tagComb(findChild<QComboBox*>(QStringLiteral("tagComb"))), page_(page) {
+      vlanIdEdt(fields().control<QLineEdit>("vlanIdEdt")),
+      portComb(fields().control<QComboBox>("portComb")),
+      tagComb(fields().control<QComboBox>("tagComb")), page_(page) {
     portComb->setCurrentIndex(0);
     tagComb->setCurrentIndex(0);
     if (row >= 0) {

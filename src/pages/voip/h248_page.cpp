@@ -26,10 +26,10 @@ bool H248Page::mayShow(const ReadResult& result) {
 }
 
 bool H248Page::mayWrite() {
-    return mayDelete() && VoicePage::mayWrite();
+    return takesH248() && VoicePage::mayWrite();
 }
 
-bool H248Page::mayDelete() {
+bool H248Page::takesH248() {
     if (!runsH248()) {
         refuse({kOtherProtocol, {"H.248"}}, nullptr);
     }

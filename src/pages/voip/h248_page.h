@@ -21,7 +21,9 @@ public:
 protected:
     bool mayShow(const ReadResult& result) override;
     bool mayWrite() override;
-    bool mayDelete() override;
+    bool mayDelete() override { return takesH248(); }
+    // Whether the voice module runs H.248; if not, the operator is told.
+    [[nodiscard]] bool takesH248();
 
 private:
     [[nodiscard]] bool runsH248() const;

@@ -20,9 +20,9 @@ TOnuVoip::TOnuVoip(Session& session, std::int32_t itemType, QWidget* parent)
     : VoicePage(session, itemType, voiceRules(6262, 12), "voipGlobalParamRowStatus", parent) {
     buildForm(
         {voiceChoice("modeComb", 82301, 0, "voipGlobalParamMode", modes_),
-         voiceAddress("ipEdit", 82302, 1, "voipGlobalParamIpAddr"),
-         voiceAddress("maskEdit", 82303, 2, "voipGlobalParamIpMask"),
-         voiceAddress("getwayEdit", 82304, 3, "voipGlobalParamDefaultGW"),
+         addressField("ipEdit", 82302, 1, "voipGlobalParamIpAddr"),
+         addressField("maskEdit", 82303, 2, "voipGlobalParamIpMask"),
+         addressField("getwayEdit", 82304, 3, "voipGlobalParamDefaultGW"),
          voiceChoice("poeModeComb", 82305, 4, "voipGlobalParamPPPoEmode", logins_),
          account("nameEdit", 82306, 5, "voipGlobalParamPPPoEname"),
          account("passwordEdit", 82307, 6, "voipGlobalParamPPPoEpwd"),
@@ -35,13 +35,8 @@ TOnuVoip::TOnuVoip(Session& session, std::int32_t itemType, QWidget* parent)
          ticked("priorityCheckb", voiceNumber("priorityEdit", 82311, -1, 10,
                                               "voipGlobalParamVoicePriority", numberIn(1, 8))),
          constant({"voipGlobalParamRowStatus"}, "4")});
-    modeComb = findChild<QComboBox*>(QStringLiteral("modeComb"));
-    connect(modeComb, &QComboBox::activated, this, &TOnuVoip::modeCombChange);
+    modeComb = follow("modeComb", [this] { modeCombChange(); });
     start();
-}
-
-void TOnuVoip::fillPage(const ReadResult& /*result*/) {
-    modeCombChange();
 }
 
 // Without a mode everything stays as it is.
@@ -51,10 +46,10 @@ void TOnuVoip::modeCombChange() {
         return;
     }
     for (const char* name : {"ipEdit", "maskEdit", "getwayEdit"}) {
-        findChild<QWidget*>(QString::fromLatin1(name))->setEnabled(mode == "0");
+        fields().control(name)->setEnabled(mode == "0");
     }
     for (const char* name : {"poeModeComb", "nameEdit", "passwordEdit"}) {
-        findChild<QWidget*>(QString::fromLatin1(name))->setEnabled(mode == "2");
+        fields().control(name)->setEnabled(mode == "2");
     }
 }
 

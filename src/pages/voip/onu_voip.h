@@ -3,8 +3,6 @@
 
 #include "pages/voip/voice_page.h"
 
-#include <QComboBox>
-
 namespace onudesk {
 
 // Address of the voice module and tags of its traffic.
@@ -16,9 +14,6 @@ public:
     QComboBox* modeComb = nullptr;
 
     void modeCombChange();
-
-protected:
-    void fillPage(const ReadResult& result) override;
 
 private:
     const ValueMap modes_{{{"static IP", "0"}, {"DHCP", "1"}, {"PPPoE", "2"}}};

@@ -25,7 +25,7 @@ void TOnuVoipFaxModem::fillPage(const ReadResult& result) {
     std::size_t position = 0;
     for (const char* name : {"enableComb", "modeComb"}) {
         if (result.values[position++] == kUnknown) {
-            selectByText(*findChild<QComboBox*>(QString::fromLatin1(name)), {});
+            selectByText(*fields().control<QComboBox>(name), {});
         }
     }
 }

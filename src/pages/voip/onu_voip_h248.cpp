@@ -23,9 +23,9 @@ TOnuVoipH248::TOnuVoipH248(Session& session, std::int32_t itemType, QWidget* par
                {messageText(message::unsupported), "255"}}) {
     buildForm(
         {voiceNumber("mgEdit", 82401, 5, 0, "H248ParamMGPortNo", needed(0, 65535)),
-         voiceAddress("mgcIpEdit", 82402, 1, "H248ParamMGCIp"),
+         addressField("mgcIpEdit", 82402, 1, "H248ParamMGCIp"),
          voiceNumber("mgcPortEdit", 82403, 5, 2, "H248ParamMgcPortNo", needed(1, 65535)),
-         ticked("backCheckb", voiceAddress("backIpEdit", 82404, 3, "H248ParamBackupMgcIp")),
+         ticked("backCheckb", addressField("backIpEdit", 82404, 3, "H248ParamBackupMgcIp")),
          ticked("backCheckb", voiceNumber("backPortEdit", 82405, 5, 4, "H248ParamBackupMgcPortNo",
                                           needed(1, 65535))),
          {.control = "activeEdit",
@@ -52,17 +52,12 @@ TOnuVoipH248::TOnuVoipH248(Session& session, std::int32_t itemType, QWidget* par
           .position = 12,
           .codes = {&states_, UnknownCode::keeps}},
          constant({"H248ParamRowStatus"}, "4")});
-    regComb = findChild<QComboBox*>(QStringLiteral("regComb"));
-    connect(regComb, &QComboBox::activated, this, &TOnuVoipH248::regCombChange);
+    regComb = follow("regComb", [this] { regCombChange(); });
     start();
 }
 
-void TOnuVoipH248::fillPage(const ReadResult& /*result*/) {
-    regCombChange();
-}
-
 void TOnuVoipH248::regCombChange() {
-    findChild<QWidget*>(QStringLiteral("midMemo"))->setEnabled(selectedCode(*regComb) == kByDomain);
+    fields().control("midMemo")->setEnabled(selectedCode(*regComb) == kByDomain);
 }
 
 } // namespace onudesk

@@ -3,8 +3,6 @@
 
 #include "pages/voip/h248_page.h"
 
-#include <QComboBox>
-
 namespace onudesk {
 
 // The voice module's side of H.248: its controllers, its registration and its heartbeat.
@@ -16,9 +14,6 @@ public:
     QComboBox* regComb = nullptr;
 
     void regCombChange();
-
-protected:
-    void fillPage(const ReadResult& result) override;
 
 private:
     const ValueMap active_;

@@ -38,22 +38,16 @@ TOnuVoipH248Rtp::TOnuVoipH248Rtp(Session& session, std::int32_t itemType, QWidge
                voiceNumber("lenEdit", 82505, 5, 4, "RTPDigitLen", needed(0, 255)),
                {.control = "nameEdit", .labelId = 82506, .position = 5},
                constant({"H248RTPRowStatus"}, "4")});
-    enableComb = findChild<QComboBox*>(QStringLiteral("enableComb"));
-    connect(enableComb, &QComboBox::activated, this, &TOnuVoipH248Rtp::enableCombChange);
+    enableComb = follow("enableComb", [this] { enableCombChange(); });
     start();
 }
 
-void TOnuVoipH248Rtp::fillPage(const ReadResult& /*result*/) {
-    enableCombChange();
-}
-
 void TOnuVoipH248Rtp::enableCombChange() {
-    findChild<QWidget*>(QStringLiteral("lenEdit"))
-        ->setEnabled(selectedCode(*enableComb) == kAligned);
+    fields().control("lenEdit")->setEnabled(selectedCode(*enableComb) == kAligned);
 }
 
 bool TOnuVoipH248Rtp::mayWrite() {
-    return mayDelete() && selectedCode(*enableComb) && H248Page::mayWrite();
+    return takesH248() && selectedCode(*enableComb) && H248Page::mayWrite();
 }
 
 } // namespace onudesk

@@ -3,8 +3,6 @@
 
 #include "pages/voip/h248_page.h"
 
-#include <QComboBox>
-
 namespace onudesk {
 
 // How the voice module names its RTP terminations.
@@ -18,7 +16,6 @@ public:
     void enableCombChange();
 
 protected:
-    void fillPage(const ReadResult& result) override;
     bool mayWrite() override;
 
 private:

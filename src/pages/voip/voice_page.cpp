@@ -23,15 +23,6 @@ Field voiceChoice(const char* control, int labelId, std::size_t position, const 
             .written = Written::whileEnabled};
 }
 
-Field voiceAddress(const char* control, int labelId, std::size_t position, const char* object) {
-    return {.control = control,
-            .labelId = labelId,
-            .position = position,
-            .object = {object},
-            .check = dottedQuad(),
-            .written = Written::whileEnabled};
-}
-
 Field voiceNumber(const char* control, int labelId, int digits, std::size_t position,
                   const char* object, FieldCheck check) {
     return {.control = control,
@@ -53,6 +44,19 @@ VoicePage::VoicePage(Session& session, std::int32_t itemType, PageRules rules,
     : ConfigPage(session, itemType, std::move(rules), parent),
       deleteBtn(addRequestButton("deleteBtn", message::remove, [this] { deleteBtnClick(); })),
       rowStatus_(std::move(rowStatus)) {}
+
+QComboBox* VoicePage::follow(const char* combo, std::function<void()> adapt) {
+    adapt_ = std::move(adapt);
+    auto* followed = fields().control<QComboBox>(combo);
+    connect(followed, &QComboBox::activated, this, [this] { adapt_(); });
+    return followed;
+}
+
+void VoicePage::fillPage(const ReadResult& /*result*/) {
+    if (adapt_) {
+        adapt_();
+    }
+}
 
 void VoicePage::deleteBtnClick() {
     if (!mayDelete()) {

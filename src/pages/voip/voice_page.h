@@ -5,8 +5,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 
+#include <QComboBox>
 #include <QPushButton>
 
 namespace onudesk {
@@ -18,8 +20,6 @@ namespace onudesk {
 // is; `map` outlives it. Ticked, a field is only written with its box.
 [[nodiscard]] Field voiceChoice(const char* control, int labelId, std::size_t position,
                                 const char* object, const ValueMap& map);
-[[nodiscard]] Field voiceAddress(const char* control, int labelId, std::size_t position,
-                                 const char* object);
 // At most so many digits can be typed, or any number with -1.
 [[nodiscard]] Field voiceNumber(const char* control, int labelId, int digits, std::size_t position,
                                 const char* object, FieldCheck check);
@@ -41,8 +41,14 @@ protected:
     // Everything that can stop Delete, told to the operator.
     [[nodiscard]] virtual bool mayDelete() { return true; }
 
+    // A combo of the form, made before. `adapt` fits the form to its choice, whenever the operator
+    // or a reply made one.
+    QComboBox* follow(const char* combo, std::function<void()> adapt);
+    void fillPage(const ReadResult& result) override;
+
 private:
     const std::string rowStatus_;
+    std::function<void()> adapt_;
 };
 
 } // namespace onudesk
