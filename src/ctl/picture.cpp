@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QDialog>
 #include <QEvent>
+#include <QList>
 #include <QPainter>
 #include <QPixmap>
 #include <QWidget>
@@ -14,10 +15,39 @@
 
 namespace onudesk::ctl {
 
+namespace {
+
+// More than any form has nested layouts: a pass lays out one, and asks for the one around it.
+constexpr int kLayoutPasses = 8;
+
+// Lays out what the values changed; handlers must not run here.
+void layOut() {
+    for (int pass = 0; pass < kLayoutPasses; ++pass) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    }
+}
+
+// Paints the widget with everything in it, also a list that waits for more rows to come.
+QPixmap pictureOf(QWidget& widget) {
+    QList<QWidget*> paused = widget.findChildren<QWidget*>();
+    paused.removeIf([](const QWidget* child) {
+        return !child->testAttribute(Qt::WA_ForceUpdatesDisabled); // its own doing
+    });
+    for (QWidget* child : paused) {
+        child->setUpdatesEnabled(true);
+    }
+    QPixmap picture = widget.grab();
+    for (QWidget* child : paused) {
+        child->setUpdatesEnabled(false);
+    }
+    return picture;
+}
+
+} // namespace
+
 bool savePicture(QWidget& window, const std::string& file) {
     window.setUpdatesEnabled(true);
-    // Lays out what the values changed; handlers must not run here.
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    layOut();
     std::vector<QWidget*> shown = {&window};
     for (QDialog* dialog : dialogsBefore(&window)) {
         shown.push_back(dialog);
@@ -31,7 +61,7 @@ bool savePicture(QWidget& window, const std::string& file) {
     {
         QPainter painter(&picture);
         for (QWidget* widget : shown) {
-            painter.drawPixmap(widget->pos() - area.topLeft(), widget->grab());
+            painter.drawPixmap(widget->pos() - area.topLeft(), pictureOf(*widget));
         }
     }
     window.setUpdatesEnabled(false);
