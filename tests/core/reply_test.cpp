@@ -36,15 +36,13 @@ protected:
     const Session session_ = host_.session();
 };
 
-struct DecodeCase {
-    Answer answer;
-    bool success;
-    bool completed;
-    std::size_t values;
-};
-
 TEST_F(ReplyTest, SuccessHangsOnTwoErrorStatusesOnly) {
-    const DecodeCase cases[] = {
+    struct Case {
+        Answer answer;
+        bool success, completed;
+        std::size_t values;
+    };
+    const Case cases[] = {
         {{.values = Texts{"1"}, .status = 1}, true, true, 1},
         {{.values = Texts{"1"}, .status = 0}, true, false, 1},
         {{.values = Texts{"1"}, .status = 2}, true, true, 1},
@@ -57,7 +55,7 @@ TEST_F(ReplyTest, SuccessHangsOnTwoErrorStatusesOnly) {
         // Without an error text the status is not looked at.
         {{.values = Texts{"1"}, .errorStatus = 2}, true, false, 1},
     };
-    for (const DecodeCase& expected : cases) {
+    for (const Case& expected : cases) {
         const ReadResult result = readDecode(session_, TestHost::makeReply(expected.answer));
         EXPECT_EQ(result.success, expected.success);
         EXPECT_EQ(result.completed, expected.completed);
@@ -89,44 +87,30 @@ TEST(RowIndex, IsWhatFollowsTheLastDot) {
     EXPECT_EQ(rowIndexOf("none"), "");
 }
 
-struct NoticeCase {
-    Answer answer;
-    std::string mode;
-    bool result;
-    std::string text; // empty: no box
-    PromptIcon icon;
-};
-
 TEST_F(ReplyTest, NoticeFollowsStatusAndMode) {
-    const NoticeCase cases[] = {
-        {{.status = 1}, "", true, "done: subject", PromptIcon::information},
-        {{.status = 0, .errorText = "notWritable"},
-         "",
-         true,
-         "failed: subject\nnotWritable",
-         PromptIcon::warning},
-        {{}, "", true, "failed: subject\n", PromptIcon::warning},
-        {{.status = 2}, "", true, "", PromptIcon::none},
-        {{.status = 7}, "", true, "done: subject", PromptIcon::information},
-        {{.status = 0, .errorText = "genErr"},
-         "ConfigSet",
-         true,
-         "failed: subject\nConfigSet",
-         PromptIcon::warning},
-        {{.status = 2}, "ConfigSet", false, "", PromptIcon::none},
-        {{.status = 1},
-         "ConfigSetImport",
-         true,
-         "done: subject\nimported",
-         PromptIcon::information},
-        {{.status = 0, .errorText = "genErr"},
-         "ConfigSetImport",
-         true,
-         "failed: subject\ngenErr",
-         PromptIcon::warning},
-        {{.status = 2}, "ConfigSetImport", true, "", PromptIcon::none},
+    constexpr auto done = PromptIcon::information;
+    constexpr auto failed = PromptIcon::warning;
+    const Answer refused = {.status = 0, .errorText = "genErr"};
+    struct Case {
+        Answer answer;
+        std::string mode;
+        bool result;
+        std::string text; // empty: no box
+        PromptIcon icon;
     };
-    for (const NoticeCase& expected : cases) {
+    const Case cases[] = {
+        {{.status = 1}, "", true, "done: subject", done},
+        {refused, "", true, "failed: subject\ngenErr", failed},
+        {{}, "", true, "failed: subject\n", failed},
+        {{.status = 2}, "", true, "", done},
+        {{.status = 7}, "", true, "done: subject", done},
+        {refused, "ConfigSet", true, "failed: subject\nConfigSet", failed},
+        {{.status = 2}, "ConfigSet", false, "", done},
+        {{.status = 1}, "ConfigSetImport", true, "done: subject\nimported", done},
+        {refused, "ConfigSetImport", true, "failed: subject\ngenErr", failed},
+        {{.status = 2}, "ConfigSetImport", true, "", done},
+    };
+    for (const Case& expected : cases) {
         SCOPED_TRACE(expected.mode + "/" + expected.text);
         desk_.whileOpen = [] { EXPECT_EQ(TestHost::outstandingReplies(), 0U); };
         EXPECT_EQ(

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "host/agent_launcher.h"
 
-#include <csignal>
-#include <fstream>
+#include "support/client_tree.h"
 
-#include <sys/stat.h>
+#include <csignal>
 
 #include <gtest/gtest.h>
 
@@ -15,29 +14,18 @@ namespace {
 using namespace std::chrono_literals;
 
 // A shell script in the agent's place.
-class FakeProgram {
-public:
-    explicit FakeProgram(const std::string& body) {
-        std::string pattern = (std::filesystem::temp_directory_path() / "onudesk-XXXXXX").string();
-        directory_ = ::mkdtemp(pattern.data());
-        std::ofstream(path()) << "#!/bin/sh\n" << body << "\n";
-        ::chmod(path().c_str(), 0700);
-    }
-    ~FakeProgram() { std::filesystem::remove_all(directory_); }
-    FakeProgram(const FakeProgram&) = delete;
-    FakeProgram& operator=(const FakeProgram&) = delete;
-
-    [[nodiscard]] std::filesystem::path path() const { return directory_ / "agent"; }
-    [[nodiscard]] LaunchOptions options() const {
-        return {.program = path(),
-                .access = "access file",
-                .catalogue = "catalogue",
-                .recording = "data.snmprec",
-                .deadline = 5s};
+struct FakeProgram {
+    explicit FakeProgram(const std::string& body)
+        : options{.program = directory.write("agent", "#!/bin/sh\n" + body + "\n"),
+                  .access = "access file",
+                  .catalogue = "catalogue",
+                  .recording = "data.snmprec",
+                  .deadline = 5s} {
+        std::filesystem::permissions(options.program, std::filesystem::perms::owner_all);
     }
 
-private:
-    std::filesystem::path directory_;
+    const onudesk::test::TemporaryDirectory directory;
+    LaunchOptions options;
 };
 
 // Waits for the end of its input, as an agent waits for requests.
@@ -52,17 +40,16 @@ bool exists(pid_t process) {
 TEST(AgentLauncherTest, GivesThePortOnceTheAgentListens) {
     const FakeProgram program(std::string("echo hello; echo listening on 127.0.0.1:40161") +
                               kServe);
-    const Result<AgentLauncher> agent = AgentLauncher::start(program.options());
+    const Result<AgentLauncher> agent = AgentLauncher::start(program.options);
     ASSERT_TRUE(agent.ok()) << agent.error();
     EXPECT_EQ(agent->port(), 40161);
     EXPECT_TRUE(exists(agent->processId()));
 }
 
 TEST(AgentLauncherTest, PassesItsFilesAndRunsOnAFreeLoopbackPort) {
-    const FakeProgram program("echo \"$@\" >&2; exit 1");
-    LaunchOptions options = program.options();
-    options.arguments = {"--save", "x"};
-    const Result<AgentLauncher> agent = AgentLauncher::start(options);
+    FakeProgram program("echo \"$@\" >&2; exit 1");
+    program.options.arguments = {"--save", "x"};
+    const Result<AgentLauncher> agent = AgentLauncher::start(program.options);
     ASSERT_FALSE(agent.ok());
     EXPECT_NE(agent.error().find("--listen 127.0.0.1:0 --with-parent --access access file "
                                  "--catalogue catalogue --save x data.snmprec"),
@@ -74,7 +61,7 @@ TEST(AgentLauncherTest, EndsTheAgent) {
     pid_t process = 0;
     const FakeProgram program(std::string("echo listening on 127.0.0.1:40161") + kServe);
     {
-        Result<AgentLauncher> agent = AgentLauncher::start(program.options());
+        Result<AgentLauncher> agent = AgentLauncher::start(program.options);
         ASSERT_TRUE(agent.ok()) << agent.error();
         process = agent->processId();
         AgentLauncher moved = std::move(agent).value();
@@ -84,13 +71,12 @@ TEST(AgentLauncherTest, EndsTheAgent) {
 }
 
 TEST(AgentLauncherTest, KillsAnAgentThatWillNotEnd) {
-    const FakeProgram program("trap '' TERM\necho listening on 127.0.0.1:40161\n"
-                              "while true; do read line || :; done");
-    LaunchOptions options = program.options();
-    options.patience = 20ms;
+    FakeProgram program("trap '' TERM\necho listening on 127.0.0.1:40161\n"
+                        "while true; do read line || :; done");
+    program.options.patience = 20ms;
     pid_t process = 0;
     {
-        const Result<AgentLauncher> agent = AgentLauncher::start(options);
+        const Result<AgentLauncher> agent = AgentLauncher::start(program.options);
         ASSERT_TRUE(agent.ok()) << agent.error();
         process = agent->processId();
     }
@@ -99,7 +85,7 @@ TEST(AgentLauncherTest, KillsAnAgentThatWillNotEnd) {
 
 TEST(AgentLauncherTest, SaysWhyTheAgentDidNotStart) {
     const FakeProgram program("echo 'data.snmprec:3: bad tag' >&2; exit 2");
-    const Result<AgentLauncher> agent = AgentLauncher::start(program.options());
+    const Result<AgentLauncher> agent = AgentLauncher::start(program.options);
     ASSERT_FALSE(agent.ok());
     EXPECT_NE(agent.error().find("data.snmprec:3: bad tag"), std::string::npos);
 }
@@ -108,15 +94,14 @@ TEST(AgentLauncherTest, RefusesAPortThatIsNone) {
     for (const char* line : {"listening on 127.0.0.1:0", "listening on 127.0.0.1:x",
                              "listening on 127.0.0.1:70000", "listening on"}) {
         const FakeProgram program("echo '" + std::string(line) + "'");
-        EXPECT_FALSE(AgentLauncher::start(program.options()).ok()) << line;
+        EXPECT_FALSE(AgentLauncher::start(program.options).ok()) << line;
     }
 }
 
 TEST(AgentLauncherTest, GivesUpAtTheDeadline) {
-    const FakeProgram program(kServe);
-    LaunchOptions options = program.options();
-    options.deadline = 20ms;
-    const Result<AgentLauncher> agent = AgentLauncher::start(options);
+    FakeProgram program(kServe);
+    program.options.deadline = 20ms;
+    const Result<AgentLauncher> agent = AgentLauncher::start(program.options);
     ASSERT_FALSE(agent.ok());
     EXPECT_NE(agent.error().find("not ready in time"), std::string::npos);
 }

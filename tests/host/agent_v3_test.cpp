@@ -5,10 +5,7 @@
 
 #include "host/agent_launcher.h"
 #include "onudesk/messages.h"
-
-#include <fstream>
-
-#include <unistd.h>
+#include "support/client_tree.h"
 
 namespace onudesk::host::test {
 
@@ -26,43 +23,17 @@ constexpr const char* kAccess = "community read readers\n"
 constexpr const char* kRecording = "1.3.6.1.4.1.27315.606.1.1.2.1.2.5|2|17\n"
                                    "1.3.6.1.4.1.27315.606.1.1.19.1.2.5|4|first\n";
 
-// A directory of its own with what the agent needs.
-class AgentFiles {
-public:
-    AgentFiles() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "onudesk-XXXXXX").string();
-        directory_ = ::mkdtemp(pattern.data());
-        std::ofstream(directory_ / "access") << kAccess;
-        std::ofstream(directory_ / "data.snmprec") << kRecording;
-        std::filesystem::permissions(directory_ / "access",
-                                     std::filesystem::perms::owner_read |
-                                         std::filesystem::perms::owner_write);
-    }
-    ~AgentFiles() { std::filesystem::remove_all(directory_); }
-    AgentFiles(const AgentFiles&) = delete;
-    AgentFiles& operator=(const AgentFiles&) = delete;
-
-    [[nodiscard]] LaunchOptions options() const {
-        return {.program = ONUSIM_PROGRAM,
-                .access = directory_ / "access",
-                .catalogue =
-                    std::filesystem::path(ONUDESK_SOURCE_DIR) / "client/CONF/snmp/snmpconfig.xml",
-                .recording = directory_ / "data.snmprec"};
-    }
-
-private:
-    std::filesystem::path directory_;
-};
-
 class AgentV3Test : public EngineTest {
 protected:
     void SetUp() override {
         if (std::string_view(ONUSIM_PROGRAM).empty()) {
             GTEST_SKIP() << "the simulated agent is not part of this build";
         }
-        launch(files_.options());
+        std::filesystem::permissions(options_.access, std::filesystem::perms::owner_read |
+                                                          std::filesystem::perms::owner_write);
+        launch(options_);
         CatalogueSchema catalogue = testCatalogue();
-        catalogue.merge(loadSchema(files_.options().catalogue).value());
+        catalogue.merge(loadSchema(options_.catalogue).value());
         useCatalogue(std::move(catalogue));
         startEngine();
         useAgent(agent_->port());
@@ -84,18 +55,22 @@ protected:
         session.context.privPassword = privPhrase;
     }
     void useGoodUser() { useUser("privuser", 3, 3, "authphrase1", "privphrase1"); }
-    // One value of the ONU, or the error of reading it.
-    std::string readValue(std::size_t position) {
+    // The LLID of the ONU, or the error of reading it.
+    std::string readLlid() {
         const auto& replies = readAll(606);
         if (replies.size() != 1) {
             return std::to_string(replies.size()) + " replies";
         }
-        return replies[0].errorText.value_or(
-            position < replies[0].values.size() ? replies[0].values[position] : "value missing");
+        return replies[0].errorText.value_or(replies[0].values.size() > 1 ? replies[0].values[1]
+                                                                          : "value missing");
     }
-    std::string readLlid() { return readValue(1); }
 
-    AgentFiles files_;
+    const onudesk::test::TemporaryDirectory directory_;
+    const LaunchOptions options_ = {.program = ONUSIM_PROGRAM,
+                                    .access = directory_.write("access", kAccess),
+                                    .catalogue =
+                                        ONUDESK_SOURCE_DIR "/client/CONF/snmp/snmpconfig.xml",
+                                    .recording = directory_.write("data.snmprec", kRecording)};
     std::optional<AgentLauncher> agent_;
 };
 
@@ -112,37 +87,19 @@ TEST_F(AgentV3Test, EveryLevelAndProtocolReads) {
     EXPECT_EQ(readLlid(), "17");
     useGoodUser();
     EXPECT_EQ(readLlid(), "17");
-    for (const int version : {0, 1}) {
-        session.context.snmpVersion = version;
-        EXPECT_EQ(readLlid(), "17");
-    }
-}
-
-TEST_F(AgentV3Test, WriteAndReadBack) {
-    useGoodUser();
-    CodeParaPtr para = createWriteRequest(session, 606);
-    addWriteBinding(*para, "M\xC3\xBCller", {"onuName", "1.3.6.1.4.1.27315.606.1.1.19", 4},
-                    session.OnuIndexText);
-    EXPECT_EQ(writeAll(std::move(para)).status, 1U);
-    EXPECT_EQ(readValue(18), "M\xC3\xBCller");
-    para = createWriteRequest(session, 606);
-    addWriteBinding(*para, "1", {"onuLlid", "1.3.6.1.4.1.27315.606.1.1.2", 2},
-                    session.OnuIndexText);
-    const SeenReply refused = writeAll(std::move(para));
-    EXPECT_EQ(refused.errorText, "notWritable: onuLlid (binding 1)");
 }
 
 TEST_F(AgentV3Test, WrongSecretsAreToldApart) {
     useUser("nobody", 1);
-    EXPECT_EQ(readLlid().rfind("unknown user: ", 0), 0U) << readLlid();
+    EXPECT_TRUE(readLlid().starts_with("unknown user: ")) << readLlid();
     useUser("nobody", 3, 3, "authphrase1", "privphrase1");
-    EXPECT_EQ(readLlid().rfind("unknown user: ", 0), 0U) << readLlid();
+    EXPECT_TRUE(readLlid().starts_with("unknown user: ")) << readLlid();
     useUser("privuser", 3, 3, "authphrase2", "privphrase1");
-    EXPECT_EQ(readLlid().rfind("wrong digest: ", 0), 0U) << readLlid();
+    EXPECT_TRUE(readLlid().starts_with("wrong digest: ")) << readLlid();
     useUser("privuser", 3, 2, "authphrase1", "privphrase1");
-    EXPECT_EQ(readLlid().rfind("wrong digest: ", 0), 0U) << readLlid();
+    EXPECT_TRUE(readLlid().starts_with("wrong digest: ")) << readLlid();
     useUser("open", 3, 3, "authphrase1", "privphrase1");
-    EXPECT_EQ(readLlid().rfind("unsupported security level: ", 0), 0U) << readLlid();
+    EXPECT_TRUE(readLlid().starts_with("unsupported security level: ")) << readLlid();
     // Nothing of this is left behind.
     useGoodUser();
     EXPECT_EQ(readLlid(), "17");
@@ -152,21 +109,13 @@ TEST_F(AgentV3Test, WrongPrivacyPassPhraseIsToldFromALostNetwork) {
     startEngine(50ms);
     session.context.timeout = 4;
     useUser("privuser", 3, 3, "authphrase1", "privphrase2");
-    EXPECT_EQ(readLlid().rfind("decryption error: ", 0), 0U) << readLlid();
+    EXPECT_TRUE(readLlid().starts_with("decryption error: ")) << readLlid();
     session.context.retries = 0;
-    EXPECT_EQ(readLlid().rfind("decryption error: ", 0), 0U) << readLlid();
+    EXPECT_TRUE(readLlid().starts_with("decryption error: ")) << readLlid();
     useGoodUser();
     EXPECT_EQ(readLlid(), "17");
     agent_.reset();
-    EXPECT_EQ(readLlid().rfind("time-out: ", 0), 0U) << readLlid();
-}
-
-TEST_F(AgentV3Test, ShortPassPhrasesAreRefusedBeforeAnythingIsSent) {
-    useUser("privuser", 3, 3, "short", "privphrase1");
-    EXPECT_EQ(readLlid(),
-              "bad request: the authentication pass phrase is shorter than 8 characters");
-    useUser("privuser", 3, 3, "authphrase1", "seven77");
-    EXPECT_EQ(readLlid(), "bad request: the privacy pass phrase is shorter than 8 characters");
+    EXPECT_TRUE(readLlid().starts_with("time-out: ")) << readLlid();
 }
 
 // Two sessions with the same user and different keys share the library's table of users.
@@ -193,7 +142,7 @@ TEST_F(AgentV3Test, RightAndWrongKeysOfOneUserSideBySide) {
 TEST_F(AgentV3Test, RestartedAgentIsFoundAgainWithinOneRead) {
     useGoodUser();
     EXPECT_EQ(readLlid(), "17");
-    LaunchOptions options = files_.options();
+    LaunchOptions options = options_;
     options.arguments = {"--listen", "127.0.0.1:" + std::to_string(agent_->port())};
     launch(options);
     EXPECT_EQ(agent_->port(), session.context.snmpPort);

@@ -72,6 +72,11 @@ CatalogueSchema testCatalogue() {
     return readSchema(*(*document)->RootElement()).value();
 }
 
+Oid cell(int item, int column, const std::string& instance) {
+    return oidOf(kBase + "." + std::to_string(item) + ".1." + std::to_string(column) + "." +
+                 instance);
+}
+
 void FakeWindow::handleMessage(const platform::WindowMessage& message) {
     auto* reply = static_cast<CodeParaReply*>(message.payload);
     const CodeParaReader reader(*reply);
@@ -138,8 +143,11 @@ void EngineTest::startEngine(std::chrono::milliseconds timeoutUnit, const WalkLi
                               }});
 }
 
-void EngineTest::useAgent(std::uint16_t port) {
-    session.context.snmpPort = port;
+EngineTest::Agent::Agent(EngineTest& test, Script script, std::chrono::milliseconds timeoutUnit,
+                         const WalkLimits& limits)
+    : ScriptedAgent(std::move(script)) {
+    test.startEngine(timeoutUnit, limits);
+    test.useAgent(port());
 }
 
 void EngineTest::read(std::int32_t itemType) {
@@ -147,15 +155,14 @@ void EngineTest::read(std::int32_t itemType) {
     ASSERT_TRUE(sendReadRequest(session, itemType));
 }
 
-CodeParaPtr EngineTest::newWrite(std::int32_t itemType) {
-    return createWriteRequest(session, itemType);
-}
-
-void EngineTest::bind(DllClientCodePara& para, const std::string& object, const std::string& value,
-                      std::size_t length) {
-    const ObjectSchema* schema = findObject(catalogue_, itemTypeOf(para), object);
-    ASSERT_NE(schema, nullptr) << object;
-    addWriteBinding(para, value, schema->object, session.OnuIndexText, length);
+CodeParaPtr EngineTest::writeOf(const std::vector<Value>& values) {
+    CodeParaPtr para = createWriteRequest(session, 603);
+    for (const Value& value : values) {
+        const ObjectSchema* schema = findObject(catalogue_, 603, value.object);
+        EXPECT_NE(schema, nullptr) << value.object;
+        addWriteBinding(*para, value.text, schema->object, session.OnuIndexText, value.length);
+    }
+    return para;
 }
 
 void EngineTest::post(CodeParaPtr para) {
@@ -163,7 +170,8 @@ void EngineTest::post(CodeParaPtr para) {
     ASSERT_TRUE(postRequest(session, std::move(para)));
 }
 
-void EngineTest::postUnrouted(CodeParaPtr para) {
+void EngineTest::postFirstOfTwo(CodeParaPtr para) {
+    setInteger(*para, CP_FLAG_130, 0);
     unregisterWriteRoute(session, itemTypeOf(*para));
     ASSERT_TRUE(postRequest(session, std::move(para)));
 }
@@ -181,6 +189,21 @@ SeenReply EngineTest::writeAll(CodeParaPtr para) {
     waitUntilIdle();
     EXPECT_EQ(window->replies.size(), 1U);
     return window->replies.empty() ? SeenReply{} : window->replies.front();
+}
+
+std::vector<SeenReply> EngineTest::readFrom(const Script& script,
+                                            std::chrono::milliseconds timeoutUnit,
+                                            std::int32_t itemType, const WalkLimits& limits) {
+    const Agent agent(*this, script, timeoutUnit, limits);
+    auto replies = readAll(itemType);
+    requests = agent.requests();
+    return replies;
+}
+
+SeenReply EngineTest::readOne(const Script& script, std::chrono::milliseconds timeoutUnit) {
+    const auto replies = readFrom(script, timeoutUnit);
+    EXPECT_EQ(replies.size(), 1U);
+    return replies.empty() ? SeenReply{} : replies.front();
 }
 
 void EngineTest::waitUntil(const std::function<bool()>& condition) {
@@ -214,6 +237,29 @@ std::vector<RequestRecord> EngineTest::observedRequests() {
 
 Script silent() {
     return [](const AgentRequest&, Outbox&) {};
+}
+
+Script hardOfHearing(const Script& script) {
+    return [script, lost = 1](const AgentRequest& request, Outbox& outbox) mutable {
+        if (lost-- <= 0) {
+            script(request, outbox);
+        }
+    };
+}
+
+Script refusing(std::int32_t status, std::int32_t index) {
+    return [=](const AgentRequest& request, Outbox& outbox) {
+        outbox.answer(request, {.status = status,
+                                .index = index,
+                                .bindings = index == 0 ? VarBinds() : request.bindings});
+    };
+}
+
+void expectError(const SeenReply& reply, std::int32_t status, std::string_view text) {
+    EXPECT_EQ(reply.status, 0U);
+    EXPECT_EQ(reply.errorStatus, status);
+    EXPECT_TRUE(reply.errorText.value_or("").starts_with(text)) << reply.errorText.value_or("none");
+    EXPECT_TRUE(reply.values.empty());
 }
 
 } // namespace onudesk::host::test

@@ -51,6 +51,8 @@ private:
 // Catalogue items: 600 scalars of every type, 601 a table, 602 scalars, written-only objects, a
 // table and scalars, 603 objects to write, 604 only written ones. All below kBase.ITEM.
 inline const std::string kBase = "1.3.6.1.4.1.27315";
+[[nodiscard]] Oid cell(int item, int column, const std::string& instance = "1.2.5");
+using Texts = std::vector<std::string>;
 [[nodiscard]] CatalogueSchema testCatalogue();
 
 class EngineTest : public ::testing::Test {
@@ -64,20 +66,36 @@ protected:
     void startEngine(std::chrono::milliseconds timeoutUnit = std::chrono::seconds(1),
                      const WalkLimits& limits = {});
     // Makes requests go to the agent: v2c, ONU 1.2.5, one retry.
-    void useAgent(std::uint16_t port);
+    void useAgent(std::uint16_t port) { session.context.snmpPort = port; }
+    // An agent, and an engine whose requests go there.
+    struct Agent : ScriptedAgent {
+        Agent(EngineTest& test, Script script,
+              std::chrono::milliseconds timeoutUnit = std::chrono::seconds(1),
+              const WalkLimits& limits = {});
+    };
     [[nodiscard]] SnmpEngine& engine() { return *engine_; }
 
     // Registers the read route for the window and posts a read.
     void read(std::int32_t itemType);
-    // A write request with its bindings to come; post() registers the write route and sends it.
-    [[nodiscard]] CodeParaPtr newWrite(std::int32_t itemType);
-    void bind(DllClientCodePara& para, const std::string& object, const std::string& value,
-              std::size_t length = 0);
+    struct Value {
+        std::string object;
+        std::string text;
+        std::size_t length = 0;
+    };
+    // A write of item 603; post() registers the write route and sends it.
+    [[nodiscard]] CodeParaPtr writeOf(const std::vector<Value>& values);
     void post(CodeParaPtr para);
-    void postUnrouted(CodeParaPtr para);
+    // The first of two writes has no route; its failure is told with the second.
+    void postFirstOfTwo(CodeParaPtr para);
     // Reads, or writes, and waits for the end of it.
     const std::vector<SeenReply>& readAll(std::int32_t itemType);
     SeenReply writeAll(CodeParaPtr para);
+    // The same from an agent with that script, which leaves its requests behind.
+    std::vector<SeenReply> readFrom(const Script& script,
+                                    std::chrono::milliseconds timeoutUnit = std::chrono::seconds(1),
+                                    std::int32_t itemType = 600, const WalkLimits& limits = {});
+    SeenReply readOne(const Script& script,
+                      std::chrono::milliseconds timeoutUnit = std::chrono::seconds(1));
 
     // Dispatches window messages until the condition holds; fails the test after 20 seconds.
     void waitUntil(const std::function<bool()>& condition);
@@ -88,6 +106,7 @@ protected:
 
     Session session;
     std::optional<FakeWindow> window;
+    std::vector<AgentRequest> requests;
 
 private:
     void wake();
@@ -100,7 +119,11 @@ private:
     std::optional<SnmpEngine> engine_;
 };
 
-// An agent that never answers.
+// An agent that never answers, and one that does not hear the first request.
 [[nodiscard]] Script silent();
+[[nodiscard]] Script hardOfHearing(const Script& script);
+// One that refuses everything, without any binding unless it names one.
+[[nodiscard]] Script refusing(std::int32_t status, std::int32_t index = 0);
+void expectError(const SeenReply& reply, std::int32_t status, std::string_view text = {});
 
 } // namespace onudesk::host::test

@@ -7,6 +7,8 @@
 #include "snmp/request.h"
 
 #include <functional>
+#include <utility>
+#include <variant>
 
 #include <gtest/gtest.h>
 
@@ -66,11 +68,6 @@ std::string problemOf(const DllClientCodePara& para, const V3Access& defaults = 
     return request ? "no problem" : request.error();
 }
 
-struct Damage {
-    std::function<void(DllClientCodePara&)> apply;
-    const char* problem;
-};
-
 } // namespace
 
 TEST(HostRequestTest, ReadRecord) {
@@ -112,21 +109,15 @@ TEST(HostRequestTest, WriteRecord) {
     EXPECT_EQ(request->bindings[1].type, 2U);
 }
 
-TEST(HostRequestTest, RecordWithoutOltReadsTheObjectsThemselves) {
-    CodeParaPtr para = goodRead();
-    para->entries->erase(CP_INDEX_SUFFIX);
-    const Result<HostRequest> request = decodeRequest(*para, {});
-    ASSERT_TRUE(request.ok()) << request.error();
-    EXPECT_TRUE(request->instance.empty());
-}
-
-TEST(HostRequestTest, APortThatIsNotKnownIsNone) {
+TEST(HostRequestTest, APortThatIsNotKnownIsNoneAndWithoutOltThereIsNoInstance) {
     CodeParaPtr para = goodRead();
     replace(*para, CP_INDEX_SUFFIX, ".1.2.5.");
     const Result<HostRequest> request = decodeRequest(*para, {});
     ASSERT_TRUE(request.ok()) << request.error();
     EXPECT_EQ(request->instance, (Oid{1, 2, 5}));
     EXPECT_EQ(request->suffix, ".1.2.5.");
+    para->entries->erase(CP_INDEX_SUFFIX);
+    EXPECT_TRUE(decodeRequest(*para, {})->instance.empty());
 }
 
 TEST(HostRequestTest, TimeOutAndRetriesAreBroughtIntoRange) {
@@ -146,70 +137,66 @@ TEST(HostRequestTest, TimeOutAndRetriesAreBroughtIntoRange) {
 }
 
 TEST(HostRequestTest, DamagedRecordsAreRefusedByName) {
-    using Para = DllClientCodePara;
-    const std::vector<Damage> damages = {
-        {[](Para& para) { para.serviceCode = 4; }, "unknown service 4"},
-        {[](Para& para) { para.requestKind = 2; }, "unknown request kind 2"},
-        {[](Para& para) { para.entries->clear(); },
-         "the agent address is missing or of the wrong kind"},
-        {[](Para& para) { replace(para, CP_AGENT_ADDR, "192.168.1.2"); },
-         "the agent address is missing or of the wrong kind"},
-        {[](Para& para) { replace(para, CP_AGENT_ADDR, 0xFFFFFFFFU); },
-         "the agent address is no IPv4 address"},
-        {[](Para& para) { replace(para, CP_SNMP_PORT, 0); }, "port 0 is not between 1 and 65535"},
-        {[](Para& para) { replace(para, CP_SNMP_PORT, 65697); },
-         "port 65697 is not between 1 and 65535"},
-        {[](Para& para) { replace(para, CP_SNMP_VERSION, 2); }, "unknown SNMP version 2"},
-        {[](Para& para) { replace(para, CP_SNMP_VERSION, 259); }, "unknown SNMP version 259"},
-        {[](Para& para) { replace(para, CP_TIMEOUT, "5"); },
-         "the time-out is missing or of the wrong kind"},
-        {[](Para& para) { para.entries->erase(CP_RETRIES); },
-         "the number of retries is missing or of the wrong kind"},
-        {[](Para& para) { replace(para, CP_WRITE_COMMUNITY, 1); },
-         "the write community is missing or of the wrong kind"},
-        {[](Para& para) { replace(para, CP_INDEX_SUFFIX, 1); },
-         "the instance suffix \"\" is no list of numbers"},
-        {[](Para& para) { replace(para, CP_INDEX_SUFFIX, ".1.2.."); },
-         "the instance suffix \".1.2..\" is no list of numbers"},
-        {[](Para& para) { replace(para, CP_INDEX_SUFFIX, "."); },
-         "the instance suffix \".\" is no list of numbers"},
-        {[](Para& para) { replace(para, CP_INDEX_SUFFIX, ".1.-1.5"); },
-         "the instance suffix \".1.-1.5\" is no list of numbers"},
-        {[](Para& para) { para.entries->erase(CP_V3_SEC_LEVEL); },
-         "the security level is missing or of the wrong kind"},
-        {[](Para& para) { replace(para, CP_V3_USER, 7); },
-         "the user name is missing or of the wrong kind"},
-        {[](Para& para) { replace(para, CP_V3_SEC_LEVEL, 4); }, "unknown security level 4"},
-        {[](Para& para) { replace(para, CP_V3_AUTH_PROTO, 9); },
-         "unknown authentication protocol 9"},
-        {[](Para& para) { replace(para, CP_V3_AUTH_PROTO, 1); },
-         "the security level needs an authentication protocol"},
-        {[](Para& para) { replace(para, CP_V3_AUTH_PROTO, 0xFFFFFFFFU); },
-         "the security level needs an authentication protocol"},
-        {[](Para& para) { replace(para, CP_V3_PRIV_PROTO, 3); }, "unknown privacy protocol 3"},
-        {[](Para& para) { replace(para, CP_V3_PRIV_PROTO, 1); },
-         "the security level needs a privacy protocol"},
-        {[](Para& para) { replace(para, CP_V3_AUTH_KEY, "1234567"); },
-         "the authentication pass phrase is shorter than 8 characters"},
-        {[](Para& para) { replace(para, CP_V3_PRIV_KEY, ""); },
-         "the privacy pass phrase is shorter than 8 characters"},
-        {[](Para& para) { replace(para, CP_V3_ENGINE_ID, "8000zz"); },
-         "the engine id is not in hexadecimal digits"},
-        {[](Para& para) { replace(para, CP_V3_ENGINE_ID, "80000001"); },
-         "the engine id must have 5 to 32 bytes"},
+    const std::string wrong = " is missing or of the wrong kind";
+    const std::string needs = "the security level needs ";
+    struct Case {
+        std::uint8_t id;
+        std::variant<std::monostate, std::uint32_t, std::string> value; // nothing: erased
+        std::string problem;
     };
-    for (const Damage& damage : damages) {
-        CodeParaPtr para = goodRead();
-        damage.apply(*para);
+    const std::vector<Case> cases = {
+        {CP_AGENT_ADDR, "192.168.1.2", "the agent address" + wrong},
+        {CP_AGENT_ADDR, 0xFFFFFFFFU, "the agent address is no IPv4 address"},
+        {CP_SNMP_PORT, 0U, "port 0 is not between 1 and 65535"},
+        {CP_SNMP_PORT, 65697U, "port 65697 is not between 1 and 65535"},
+        {CP_SNMP_VERSION, 2U, "unknown SNMP version 2"},
+        {CP_SNMP_VERSION, 259U, "unknown SNMP version 259"},
+        {CP_TIMEOUT, "5", "the time-out" + wrong},
+        {CP_RETRIES, {}, "the number of retries" + wrong},
+        {CP_READ_COMMUNITY, {}, "the read community" + wrong},
+        {CP_WRITE_COMMUNITY, 1U, "the write community" + wrong},
+        {CP_INDEX_SUFFIX, 1U, "the instance suffix \"\" is no list of numbers"},
+        {CP_INDEX_SUFFIX, ".1.2..", "the instance suffix \".1.2..\" is no list of numbers"},
+        {CP_INDEX_SUFFIX, ".", "the instance suffix \".\" is no list of numbers"},
+        {CP_INDEX_SUFFIX, ".1.-1.5", "the instance suffix \".1.-1.5\" is no list of numbers"},
+        {CP_V3_SEC_LEVEL, {}, "the security level" + wrong},
+        {CP_V3_USER, 7U, "the user name" + wrong},
+        {CP_V3_SEC_LEVEL, 4U, "unknown security level 4"},
+        {CP_V3_AUTH_PROTO, 9U, "unknown authentication protocol 9"},
+        {CP_V3_AUTH_PROTO, 1U, needs + "an authentication protocol"},
+        {CP_V3_AUTH_PROTO, 0xFFFFFFFFU, needs + "an authentication protocol"},
+        {CP_V3_PRIV_PROTO, 3U, "unknown privacy protocol 3"},
+        {CP_V3_PRIV_PROTO, 1U, needs + "a privacy protocol"},
+        {CP_V3_AUTH_KEY, "1234567", "the authentication pass phrase is shorter than 8 characters"},
+        {CP_V3_PRIV_KEY, "", "the privacy pass phrase is shorter than 8 characters"},
+        {CP_V3_ENGINE_ID, "8000zz", "the engine id is not in hexadecimal digits"},
+        {CP_V3_ENGINE_ID, "80000001", "the engine id must have 5 to 32 bytes"},
+    };
+    for (const Case& damage : cases) {
+        const CodeParaPtr para = goodRead();
+        para->entries->erase(damage.id);
+        if (const auto* number = std::get_if<std::uint32_t>(&damage.value)) {
+            setInteger(*para, damage.id, *number);
+        } else if (const auto* text = std::get_if<std::string>(&damage.value)) {
+            setText(*para, damage.id, *text);
+        }
         EXPECT_EQ(problemOf(*para), damage.problem);
     }
+    const CodeParaPtr para = goodRead();
+    para->requestKind = 2;
+    EXPECT_EQ(problemOf(*para), "unknown request kind 2");
+    para->serviceCode = 4;
+    EXPECT_EQ(problemOf(*para), "unknown service 4");
+    const CodeParaPtr empty = goodRead();
+    empty->entries->clear();
+    EXPECT_EQ(problemOf(*empty), "the agent address" + wrong);
 }
 
 TEST(HostRequestTest, DamagedBindingsAreRefusedByName) {
     using Para = DllClientCodePara;
     const char* const differ = "the lists of the bindings differ in length";
     const char* const absent = "a list of the bindings is missing or of the wrong kind";
-    const std::vector<Damage> damages = {
+    const std::pair<std::function<void(Para&)>, const char*> damages[] = {
         {[](Para& para) { appendByteString(para, CP_NAME_LIST, "x", 1); }, differ},
         {[](Para& para) { appendByteString(para, CP_OID_LIST, "x", 1); }, differ},
         {[](Para& para) { appendByteString(para, CP_VALUE_LIST, "x", 1); }, differ},
@@ -218,10 +205,10 @@ TEST(HostRequestTest, DamagedBindingsAreRefusedByName) {
         {[](Para& para) { para.entries->erase(CP_TYPE_LIST); }, absent},
         {[](Para& para) { replace(para, CP_VALUE_LIST, "x"); }, absent},
     };
-    for (const Damage& damage : damages) {
-        CodeParaPtr para = goodWrite();
-        damage.apply(*para);
-        EXPECT_EQ(problemOf(*para), damage.problem);
+    for (const auto& [damage, problem] : damages) {
+        const CodeParaPtr para = goodWrite();
+        damage(*para);
+        EXPECT_EQ(problemOf(*para), problem);
     }
 }
 

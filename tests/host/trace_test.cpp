@@ -32,25 +32,17 @@ TEST(TraceTest, RequestLine) {
 
 TEST(TraceTest, ReplyLine) {
     ReplyRecord reply;
+    reply.kind = RequestKind::write;
     reply.itemType = 606;
     reply.resultText = "maintable";
     reply.status = 1;
+    reply.error = {.status = -5, .index = 2, .text = "time-out: no answer"};
     reply.oids = {"1.3.6.1", "1.3.6.2"};
     reply.values = {"quoted \"text\"", ""};
     EXPECT_EQ(parsed(traceLine(reply)),
-              parsed(R"({"dir":"reply","kind":"read","item":606,"result":"maintable","status":1,
-        "error":{"status":0,"index":0,"text":""},
+              parsed(R"({"dir":"reply","kind":"write","item":606,"result":"maintable","status":1,
+        "error":{"status":-5,"index":2,"text":"time-out: no answer"},
         "oids":["1.3.6.1","1.3.6.2"],"values":["quoted \"text\"",""]})"));
-}
-
-TEST(TraceTest, ErrorLine) {
-    ReplyRecord reply;
-    reply.kind = RequestKind::write;
-    reply.itemType = 606;
-    reply.error = {.status = -5, .index = 0, .text = "time-out: no answer"};
-    EXPECT_EQ(parsed(traceLine(reply)),
-              parsed(R"({"dir":"reply","kind":"write","item":606,"result":"","status":0,
-        "error":{"status":-5,"index":0,"text":"time-out: no answer"},"oids":[],"values":[]})"));
 }
 
 } // namespace onudesk::host::test

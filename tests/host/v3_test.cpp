@@ -9,6 +9,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
+const Texts k42 = {"42", "", "", ""};
 const std::string kOtherEngine = "\x80\x09\x08\x07\x06\x05";
 
 class V3Test : public EngineTest {
@@ -19,16 +20,7 @@ protected:
         session.context.securityLevel = 1;
         session.context.securityModel = 3;
     }
-    std::vector<SeenReply> readFrom(const Script& script, std::chrono::milliseconds unit = 1s) {
-        ScriptedAgent agent(script);
-        startEngine(unit);
-        useAgent(agent.port());
-        auto replies = readAll(600);
-        requests_ = agent.requests();
-        return replies;
-    }
-    std::vector<AgentRequest> requests_;
-    Mib mib{{{oidOf(kBase + ".600.1.1.1.2.5"), integerValue(42)}}};
+    Mib mib{{{cell(600, 1), integerValue(42)}}};
 };
 
 // A REPORT with one of the counters of RFC 3414.
@@ -55,15 +47,11 @@ Script discoverable(Mib& mib, std::string engineId) {
 } // namespace
 
 TEST_F(V3Test, EngineIsFoundOnceAndThenKnown) {
-    ScriptedAgent agent(discoverable(mib, kOtherEngine));
-    startEngine();
-    useAgent(agent.port());
+    Agent agent(*this, discoverable(mib, kOtherEngine));
     for (int round = 0; round < 3; ++round) {
-        const auto& replies = readAll(600);
-        ASSERT_EQ(replies.size(), 1U);
-        EXPECT_EQ(replies[0].values[0], "42");
+        EXPECT_EQ(readAll(600)[0].values, k42);
     }
-    const auto requests = agent.requests();
+    requests = agent.requests();
     ASSERT_EQ(requests.size(), 4U);
     EXPECT_TRUE(requests[0].user.empty());
     EXPECT_TRUE(requests[0].bindings.empty());
@@ -73,17 +61,13 @@ TEST_F(V3Test, EngineIsFoundOnceAndThenKnown) {
 
 TEST_F(V3Test, GivenEngineIdIsUsedWithoutAsking) {
     session.context.v3EngineId = "800908070605";
-    const auto replies = readFrom(discoverable(mib, kOtherEngine));
-    ASSERT_EQ(replies.size(), 1U);
-    EXPECT_EQ(replies[0].values[0], "42");
-    EXPECT_EQ(requests_.size(), 1U);
+    EXPECT_EQ(readOne(discoverable(mib, kOtherEngine)).values, k42);
+    EXPECT_EQ(requests.size(), 1U);
 }
 
 TEST_F(V3Test, WrongGivenEngineIdIsNamed) {
     session.context.v3EngineId = "800908070604";
-    const auto replies = readFrom(discoverable(mib, kOtherEngine));
-    ASSERT_EQ(replies.size(), 1U);
-    EXPECT_EQ(replies[0].errorStatus, error_status::unknownEngine);
+    expectError(readOne(discoverable(mib, kOtherEngine)), error_status::unknownEngine);
 }
 
 TEST_F(V3Test, AgentWithANewEngineIsFoundAgain) {
@@ -91,24 +75,21 @@ TEST_F(V3Test, AgentWithANewEngineIsFoundAgain) {
     const std::string firstEngine = "\x80\x01\x02\x03\x04\x05";
     const Script before = discoverable(mib, firstEngine);
     const Script after = discoverable(mib, kOtherEngine);
-    ScriptedAgent agent([&](const AgentRequest& request, Outbox& outbox) {
+    Agent agent(*this, [&](const AgentRequest& request, Outbox& outbox) {
         (changed ? after : before)(request, outbox);
     });
-    startEngine();
-    useAgent(agent.port());
-    EXPECT_EQ(readAll(600)[0].values[0], "42");
+    EXPECT_EQ(readAll(600)[0].values, k42);
     changed = true;
-    EXPECT_EQ(readAll(600)[0].values[0], "42");
+    EXPECT_EQ(readAll(600)[0].values, k42);
     EXPECT_EQ(agent.requests().size(), 5U); // probe, get; get, probe, get
 }
 
 TEST_F(V3Test, EngineThatIsNeverAcceptedIsNamed) {
-    const auto replies = readFrom([](const AgentRequest& request, Outbox& outbox) {
+    const SeenReply reply = readOne([](const AgentRequest& request, Outbox& outbox) {
         outbox.answer(request, report(kUnknownEngine, kOtherEngine));
     });
-    ASSERT_EQ(replies.size(), 1U);
-    EXPECT_EQ(replies[0].errorStatus, error_status::unknownEngine);
-    EXPECT_EQ(requests_.size(), 4U);
+    expectError(reply, error_status::unknownEngine);
+    EXPECT_EQ(requests.size(), 4U);
 }
 
 TEST_F(V3Test, SecurityReportsAreNamedAtOnce) {
@@ -121,51 +102,35 @@ TEST_F(V3Test, SecurityReportsAreNamedAtOnce) {
         {9, error_status::badReply, "bad reply: "},
     };
     for (const auto& [counter, status, text] : cases) {
-        const auto replies =
-            readFrom([&, number = counter](const AgentRequest& request, Outbox& outbox) {
+        const SeenReply reply =
+            readOne([&, number = counter](const AgentRequest& request, Outbox& outbox) {
                 outbox.answer(request, report(request.engineId.empty() ? kUnknownEngine : number,
                                               kOtherEngine));
             });
-        ASSERT_EQ(replies.size(), 1U);
-        EXPECT_EQ(replies[0].errorStatus, status);
-        EXPECT_EQ(replies[0].errorText->rfind(text, 0), 0U) << *replies[0].errorText;
-        EXPECT_EQ(requests_.size(), counter == kNotInTime ? 3U : 2U);
+        expectError(reply, status, text);
+        EXPECT_EQ(requests.size(), counter == kNotInTime ? 3U : 2U);
     }
 }
 
 TEST_F(V3Test, LostProbeIsSentAgain) {
-    int lost = 1;
-    const Script answering = discoverable(mib, kOtherEngine);
-    const auto replies = readFrom(
-        [&](const AgentRequest& request, Outbox& outbox) {
-            if (lost-- <= 0) {
-                answering(request, outbox);
-            }
-        },
-        40ms);
-    ASSERT_EQ(replies.size(), 1U);
-    EXPECT_EQ(replies[0].values[0], "42");
+    EXPECT_EQ(readOne(hardOfHearing(discoverable(mib, kOtherEngine)), 40ms).values, k42);
 }
 
 TEST_F(V3Test, SilentAgentIsATimeOut) {
-    const auto replies = readFrom(silent(), 2ms);
-    ASSERT_EQ(replies.size(), 1U);
-    EXPECT_EQ(replies[0].errorStatus, error_status::timeout);
-    EXPECT_EQ(requests_.size(), 2U);
+    expectError(readOne(silent(), 2ms), error_status::timeout);
+    EXPECT_EQ(requests.size(), 2U);
 }
 
 TEST_F(V3Test, DiscoveryOfOneAgentHoldsUpNobody) {
-    ScriptedAgent mute(silent());
+    Agent mute(*this, silent());
     ScriptedAgent agent(discoverable(mib, kOtherEngine));
-    startEngine(1s);
     FakeWindow other;
-    useAgent(mute.port());
     registerReadRoute(session, 602, other.handle());
     ASSERT_TRUE(sendReadRequest(session, 602));
     useAgent(agent.port());
     read(600);
     waitUntil([&] { return window->replies.size() == 1; });
-    EXPECT_EQ(window->replies[0].values[0], "42");
+    EXPECT_EQ(window->replies[0].values, k42);
     EXPECT_TRUE(other.replies.empty());
     waitUntil([&] { return engine().outstanding() == 1; });
 }
@@ -179,12 +144,10 @@ TEST_F(V3Test, SettingsOfTheProfileApplyWhereTheRequestHasNone) {
         session.context.v3UserName = "operator";
         session.context.securityLevel = 1;
         gap(session.context);
-        ScriptedAgent agent(discoverable(mib, kOtherEngine));
-        startEngine();
-        useAgent(agent.port());
+        Agent agent(*this, discoverable(mib, kOtherEngine));
         EXPECT_EQ(readAll(600)[0].errorStatus, error_status::badRequest);
         engine().setV3Defaults({.user = "profile", .level = SecurityLevel::noAuthNoPriv});
-        EXPECT_EQ(readAll(600)[0].values[0], "42");
+        EXPECT_EQ(readAll(600)[0].values, k42);
         EXPECT_EQ(agent.requests().back().user, "profile");
     }
 }

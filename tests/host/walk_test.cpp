@@ -9,11 +9,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-using Texts = std::vector<std::string>;
-
-Oid cell(std::uint32_t column, const std::string& index) {
-    return oidOf(kBase + ".601.1." + std::to_string(column) + "." + index);
-}
+const Texts kFirst = {"1", "1.2.5.1", "4294967295"};
+const Texts kSecond = {"2", "1.2.5.2", "4294967295"};
 
 // Rows 1 and 2 of the ONU, and rows of its neighbours.
 Mib smallTable() {
@@ -21,9 +18,9 @@ Mib smallTable() {
     for (const char* onu : {"1.2.4", "1.2.5", "1.2.6"}) {
         for (const char* row : {".1", ".2"}) {
             const std::string index = std::string(onu) + row;
-            mib.values()[cell(1, index)] = integerValue(row[1] - '0');
-            mib.values()[cell(2, index)] = octetsValue(index);
-            mib.values()[cell(3, index)] = {.tag = tag::gauge, .number = 4294967295U};
+            mib.values()[cell(601, 1, index)] = integerValue(row[1] - '0');
+            mib.values()[cell(601, 2, index)] = octetsValue(index);
+            mib.values()[cell(601, 3, index)] = {.tag = tag::gauge, .number = 4294967295U};
         }
     }
     return mib;
@@ -32,22 +29,14 @@ Mib smallTable() {
 class WalkTest : public EngineTest {
 protected:
     std::vector<SeenReply> walk(const Script& script, const WalkLimits& limits = {}) {
-        ScriptedAgent agent(script);
-        startEngine(1s, limits);
-        useAgent(agent.port());
-        auto replies = readAll(601);
-        requests_ = agent.requests();
-        return replies;
+        return readFrom(script, 1s, 601, limits);
     }
     void expectRefused(const Script& script, std::int32_t status, const std::string& text,
                        const WalkLimits& limits = {}) {
         const auto replies = walk(script, limits);
         ASSERT_FALSE(replies.empty());
-        EXPECT_EQ(replies.back().errorStatus, status);
-        EXPECT_EQ(replies.back().status, 0U);
-        EXPECT_EQ(replies.back().errorText.value_or("").substr(0, text.size()), text);
+        expectError(replies.back(), status, text);
     }
-    std::vector<AgentRequest> requests_;
     Mib mib = smallTable();
 };
 
@@ -77,21 +66,20 @@ TEST_F(WalkTest, RowsOfTheOnuOnlyOneReplyEach) {
         session.context.snmpVersion = version;
         const auto replies = walk(honest(mib));
         ASSERT_EQ(replies.size(), 2U);
-        EXPECT_EQ(replies[0].values, (Texts{"1", "1.2.5.1", "4294967295"}));
-        EXPECT_EQ(replies[1].values, (Texts{"2", "1.2.5.2", "4294967295"}));
+        EXPECT_EQ(replies[0].values, kFirst);
+        EXPECT_EQ(replies[1].values, kSecond);
         EXPECT_EQ(replies[1].oids, (Texts{kBase + ".601.1.1.1.2.5.2", kBase + ".601.1.2.1.2.5.2",
                                           kBase + ".601.1.3.1.2.5.2"}));
         EXPECT_EQ(replies[1].lengths, (std::vector<std::uint32_t>{1, 7, 5}));
         EXPECT_EQ(replies[0].resultText, "group1");
         EXPECT_EQ(replies[0].status, 0U);
         EXPECT_EQ(replies[1].status, 1U);
-        EXPECT_EQ(requests_.front().pdu, version == 0 ? kGetNext : kGetBulk);
-        EXPECT_EQ(requests_.size(), version == 0 ? 3U : 1U);
+        EXPECT_EQ(requests.front().pdu, version == 0 ? kGetNext : kGetBulk);
+        EXPECT_EQ(requests.size(), version == 0 ? 3U : 1U);
     }
-}
-
-TEST_F(WalkTest, LastRowsOfTheAgentEndTheWalk) {
-    std::erase_if(mib.values(), [](const auto& entry) { return entry.first > cell(3, "1.2.5.2"); });
+    // The same with nothing behind them.
+    std::erase_if(mib.values(),
+                  [](const auto& entry) { return entry.first > cell(601, 3, "1.2.5.2"); });
     for (const int version : {0, 1}) {
         session.context.snmpVersion = version;
         const auto replies = walk(honest(mib));
@@ -101,8 +89,8 @@ TEST_F(WalkTest, LastRowsOfTheAgentEndTheWalk) {
 }
 
 TEST_F(WalkTest, MissingCellsLeaveTheirPlaceEmpty) {
-    mib.values().erase(cell(1, "1.2.5.1"));
-    mib.values().erase(cell(2, "1.2.5.2"));
+    mib.values().erase(cell(601, 1, "1.2.5.1"));
+    mib.values().erase(cell(601, 2, "1.2.5.2"));
     for (const int version : {0, 1}) {
         session.context.snmpVersion = version;
         const auto replies = walk(honest(mib));
@@ -127,9 +115,9 @@ TEST_F(WalkTest, TableWithoutRowsEndsWithOneEmptyReply) {
 }
 
 TEST_F(WalkTest, LargeTableArrivesWholeAndInOrder) {
-    for (std::uint32_t row = 1; row <= 200; ++row) {
-        for (std::uint32_t column = 1; column <= 3; ++column) {
-            mib.values()[cell(column, "1.2.5." + std::to_string(row))] = integerValue(row);
+    for (int row = 1; row <= 200; ++row) {
+        for (int column = 1; column <= 3; ++column) {
+            mib.values()[cell(601, column, "1.2.5." + std::to_string(row))] = integerValue(row);
         }
     }
     const auto replies = walk(honest(mib));
@@ -139,7 +127,7 @@ TEST_F(WalkTest, LargeTableArrivesWholeAndInOrder) {
         ASSERT_EQ(replies[at].values, (Texts{row, row, row}));
         ASSERT_EQ(replies[at].status, at == 199 ? 1U : 0U);
     }
-    EXPECT_EQ(requests_.size(), 11U); // 20 rows a message, and the end
+    EXPECT_EQ(requests.size(), 11U); // 20 rows a message, and the end
 }
 
 TEST_F(WalkTest, CutAnswersAreContinued) {
@@ -149,7 +137,7 @@ TEST_F(WalkTest, CutAnswersAreContinued) {
         outbox.answer(request, response);
     });
     ASSERT_EQ(replies.size(), 2U);
-    EXPECT_EQ(replies[1].values, (Texts{"2", "1.2.5.2", "4294967295"}));
+    EXPECT_EQ(replies[1].values, kSecond);
 }
 
 TEST_F(WalkTest, TooBigAsksForLessUntilItFits) {
@@ -158,13 +146,8 @@ TEST_F(WalkTest, TooBigAsksForLessUntilItFits) {
         outbox.answer(request, fits ? mib.answer(request) : AgentResponse{.status = 1});
     });
     ASSERT_EQ(replies.size(), 2U);
-    EXPECT_EQ(replies[0].values, (Texts{"1", "1.2.5.1", "4294967295"}));
-}
-
-TEST_F(WalkTest, TooBigForOneCellIsAnError) {
-    expectRefused(
-        [](const AgentRequest& request, Outbox& outbox) { outbox.answer(request, {.status = 1}); },
-        error_status::tooBig, "tooBig");
+    EXPECT_EQ(replies[0].values, kFirst);
+    expectRefused(refusing(1), error_status::tooBig, "tooBig"); // even for one cell
 }
 
 TEST_F(WalkTest, BackwardsAndRepeatedRowsAreRefused) {
@@ -173,8 +156,8 @@ TEST_F(WalkTest, BackwardsAndRepeatedRowsAreRefused) {
             [&](const AgentRequest& request, Outbox& outbox) {
                 AgentResponse response;
                 for (const char* index : {"1.2.5.1", next}) {
-                    for (std::uint32_t column = 1; column <= 3; ++column) {
-                        response.bindings.push_back({cell(column, index), integerValue(1)});
+                    for (int column = 1; column <= 3; ++column) {
+                        response.bindings.push_back({cell(601, column, index), integerValue(1)});
                     }
                 }
                 outbox.answer(request, response);
@@ -183,12 +166,12 @@ TEST_F(WalkTest, BackwardsAndRepeatedRowsAreRefused) {
     }
 }
 
-TEST_F(WalkTest, EndlessTableEndsAtTheRowLimit) {
+TEST_F(WalkTest, EndlessTableEndsAtTheRowLimitOrTheDeadline) {
+    EXPECT_EQ(walk(honest(mib), {.rows = 2}).back().values, kSecond) << "so many rows are allowed";
+    expectRefused(honest(mib), error_status::walkRefused, "table refused: it has more than 1 rows",
+                  {.rows = 1});
     expectRefused(endless(), error_status::walkRefused, "table refused: it has more than 50 rows",
                   {.rows = 50, .duration = 1min});
-}
-
-TEST_F(WalkTest, EndlessTableEndsAtTheDeadline) {
     expectRefused(endless(), error_status::walkRefused, "table refused: it did not end in time",
                   {.rows = 100000000, .duration = 20ms});
 }
@@ -206,11 +189,7 @@ TEST_F(WalkTest, AnswersThatDoNotFitTheQuestionAreRefused) {
 }
 
 TEST_F(WalkTest, AgentErrorNamesTheColumn) {
-    expectRefused(
-        [](const AgentRequest& request, Outbox& outbox) {
-            outbox.answer(request, {.status = 5, .index = 2, .bindings = request.bindings});
-        },
-        5, "genErr: text");
+    expectRefused(refusing(5, 2), 5, "genErr: text");
 }
 
 TEST_F(WalkTest, RowsBeforeAnErrorAreShown) {
@@ -221,7 +200,7 @@ TEST_F(WalkTest, RowsBeforeAnErrorAreShown) {
         outbox.answer(request, answered++ == 0 ? response : AgentResponse{.status = 5});
     });
     ASSERT_EQ(replies.size(), 2U);
-    EXPECT_EQ(replies[0].values, (Texts{"1", "1.2.5.1", "4294967295"}));
+    EXPECT_EQ(replies[0].values, kFirst);
     EXPECT_EQ(replies[0].status, 0U);
     EXPECT_EQ(replies[1].errorText, "genErr");
 }
