@@ -8,22 +8,17 @@
 namespace onudesk::sim::test {
 namespace {
 
-using Lines = std::vector<std::string>;
-
-std::string line(int column, const std::string& row, const std::string& value) {
-    return "1.9.5.2.1." + std::to_string(column) + "." + row + "|" + value;
-}
 std::string mac(int last, const std::string& row) {
-    return line(1, row, "4x|0a00000000" + std::to_string(last));
+    return "1.9.5.2.1.1." + row + "|4x|0a00000000" + std::to_string(last);
 }
 std::string vlan(int number, const std::string& row) {
-    return line(2, row, "2|" + std::to_string(number));
+    return line("1.9.5.2.1.2." + row, number);
 }
 std::string status(int wanted, const std::string& row) {
-    return line(4, row, "2|" + std::to_string(wanted));
+    return line("1.9.5.2.1.4." + row, wanted);
 }
 Lines entry(const std::string& row, int last, int number) {
-    return {mac(last, row), vlan(number, row), line(3, row, "2|0"), status(1, row)};
+    return {mac(last, row), vlan(number, row), line("1.9.5.2.1.3." + row, 0), status(1, row)};
 }
 // A SET that adds an entry.
 Lines addition(int last, int number) {
@@ -43,15 +38,13 @@ protected:
     // "last byte:VLAN:full" of the row, as in "11:1:0"; empty when there is none.
     [[nodiscard]] std::string row(const std::string& index) const {
         const auto value = [&](int column) {
-            const Value* held =
-                store_.find(enterpriseOid("1.9.5.2.1." + std::to_string(column) + "." + index));
-            return held == nullptr ? std::string() : formatValue(*held);
+            return valueOf(store_, "1.9.5.2.1." + std::to_string(column) + "." + index);
         };
         if (value(1).empty()) {
             return value(2) + value(3) + value(4);
         }
-        EXPECT_EQ(value(4), "2|1") << index;
-        return value(1).substr(13) + ":" + value(2).substr(2) + ":" + value(3).substr(2);
+        EXPECT_EQ(value(4), "1") << index;
+        return value(1).substr(10) + ":" + value(2) + ":" + value(3);
     }
 
     Store store_ = storeOf(shippedTable(), initial());
@@ -77,8 +70,8 @@ TEST_F(MacFilter, RefusesWhatItCannotAdd) {
               {{mac(15, "1.2.5.2"), vlan(5, "1.2.5.2"), status(4, "1.2.5.2")}, "noCreation 1"},
               {{status(4, "1.2")}, "noCreation 1"},
               {{vlan(4095, at)}, "wrongValue 1"},
-              {{line(1, at, "4x|0a")}, "wrongLength 1"},
-              {{line(3, at, "2|0")}, "notWritable 1"},
+              {{"1.9.5.2.1.1.1.2.5.1|4x|0a"}, "wrongLength 1"},
+              {{line("1.9.5.2.1.3." + at, 0)}, "notWritable 1"},
               {addition(13, 2), "ok"}});
 }
 

@@ -8,8 +8,6 @@
 namespace onudesk::sim::test {
 namespace {
 
-using Lines = std::vector<std::string>;
-
 constexpr const char* kMac = "01005e010203";
 
 std::string entry(int column, const std::string& slot, const std::string& value) {
@@ -44,8 +42,7 @@ protected:
     [[nodiscard]] std::string slot(const std::string& slot) const {
         std::string text;
         for (const int column : {2, 3, 4, 7}) {
-            const std::string oid = "1.9.6.3.1." + std::to_string(column) + ".1.2.5." + slot;
-            text += formatValue(*store_.find(enterpriseOid(oid))) + " ";
+            text += held(store_, "1.9.6.3.1." + std::to_string(column) + ".1.2.5." + slot) + " ";
         }
         return text;
     }
@@ -68,22 +65,15 @@ TEST_F(ControllableMulticast, FillsAndEmptiesSlots) {
 
 TEST_F(ControllableMulticast, RefusesWhatAPortCannotHold) {
     const Lines full = write("1.1", kMac, 101, 4);
-    Lines noMac = full;
-    noMac.erase(noMac.begin() + 1);
-    Lines noVlan = full;
-    noVlan.erase(noVlan.begin() + 2);
-    Lines noType = full;
-    noType.erase(noType.begin() + 3);
-    Lines noStatus = full;
-    noStatus.pop_back();
+    for (const int missing : {1, 2, 3, 4}) {
+        Lines bindings = full;
+        bindings.erase(bindings.begin() + missing);
+        carryOut(store_, {{bindings, "inconsistentValue 1"}});
+    }
     carryOut(store_, {
                          {write("1.1", kMac, 100, 4), "inconsistentValue 1"}, // slot 2 has it
                          {write("3.1", kMac, 100, 4), "inconsistentValue 1"}, // not controllable
                          {write("1.1", kMac, 0, 4), "inconsistentValue 1"},
-                         {noMac, "inconsistentValue 1"},
-                         {noVlan, "inconsistentValue 1"},
-                         {noType, "inconsistentValue 1"},
-                         {noStatus, "inconsistentValue 1"},
                          {write("1.1", kMac, 101, 5), "inconsistentValue 1"},
                          {write("1.1", kMac, 100, 6), "inconsistentValue 1"}, // empty already
                          {write("1.1", kMac, 4095, 4), "wrongValue 3"},
@@ -95,81 +85,57 @@ TEST_F(ControllableMulticast, RefusesWhatAPortCannotHold) {
                      });
 }
 
-Lines lists(const std::string& onuAndPort, const std::string& list, int status) {
-    return {"626.1.2.2." + onuAndPort + "|4|" + list,
-            "626.1.2.3." + onuAndPort + "|2|" + std::to_string(status)};
+TEST(IgmpLimits, ChangeTogether) {
+    const auto lists = [](const std::string& list, int status, int onu = 5) {
+        const std::string port = "1.2." + std::to_string(onu) + ".1";
+        return Lines{"626.1.2.2." + port + "|4|" + list, line("626.1.2.3." + port, status)};
+    };
+    const auto maximum = [](int groups) { return Lines{line("626.1.2.1.1.2.5.1", groups)}; };
+    const std::string before = "2|5 4|8,9,11";
+    const std::vector<ModelCase> cases = {
+        {"AddKeepsOrder", {{lists("1, 10 - 10 ", 4), "ok"}}, "2|5 4|1,8-11"},
+        {"TwoAreNoRange", {{lists("4094,4093,", 4), "ok"}}, "2|5 4|8,9,11,4093,4094"},
+        {"ListedAlready", {{lists("8-9", 4), "ok"}}, before},
+        {"Remove", {{lists("9,8", 6), "ok"}, {lists("11", 6), "ok"}}, "2|5 4|"},
+        {"RemoveWhatIsNotThere", {{lists("8,10", 6), "inconsistentValue 1"}}, before},
+        {"TooMany",
+         {{lists("1-3", 4), "inconsistentValue 1"},
+          {maximum(2), "inconsistentValue 1"},
+          {maximum(3), "ok"},
+          {lists("1", 4), "inconsistentValue 1"},
+          {maximum(256), "wrongValue 1"}},
+         "2|3 4|8,9,11"},
+        {"NoList",
+         {{lists("", 4), "inconsistentValue 1"},
+          {lists("1;2", 4), "inconsistentValue 1"},
+          {lists("1,,2", 4), "inconsistentValue 1"},
+          {lists("1 2", 4), "inconsistentValue 1"},
+          {lists("5-", 4), "inconsistentValue 1"},
+          {lists("2-1", 4), "inconsistentValue 1"},
+          {lists("0", 4), "inconsistentValue 1"},
+          {lists("4095", 4), "inconsistentValue 1"}},
+         before},
+        {"ListAndStatusTogether",
+         {{{"626.1.2.2.1.2.5.1|4|8"}, "inconsistentValue 1"},
+          {{"626.1.2.3.1.2.5.1|2|4"}, "inconsistentValue 1"},
+          {lists("8", 5), "inconsistentValue 1"}},
+         before},
+        {"LockedOrNotThere",
+         {{lists("1", 4, 6), "inconsistentValue 1"},
+          {{"626.1.2.1.1.2.6.1|2|6"}, "inconsistentValue 1"},
+          {{"626.1.2.1.1.2.5.2|2|6"}, "noCreation 1"},
+          {{"626.1.1.1.1.2.6|2|0"}, "notWritable 1"}},
+         before},
+    };
+    // A port with room for five VLANs and three of them, and one of an ONU that is locked.
+    const Lines initial = {"626.1.1.1.1.2.5|2|0",        "626.1.1.1.1.2.6|2|1",
+                           "626.1.2.1.1.2.5.1|2|5",      "626.1.2.1.1.2.6.1|2|5",
+                           "626.1.2.2.1.2.5.1|4|8,9,11", "626.1.2.2.1.2.6.1|4|8",
+                           "626.1.2.3.1.2.5.1|2|1",      "626.1.2.3.1.2.6.1|2|1"};
+    expectStates(cases, initial, [](const Store& store) {
+        return held(store, "626.1.2.1.1.2.5.1") + " " + held(store, "626.1.2.2.1.2.5.1");
+    });
 }
-Lines maximum(const std::string& onuAndPort, int groups) {
-    return {"626.1.2.1." + onuAndPort + "|2|" + std::to_string(groups)};
-}
-
-// A port with room for five VLANs and three of them, and one of an ONU that is locked.
-class IgmpLimits : public testing::Test {
-protected:
-    [[nodiscard]] std::string port() const {
-        return formatValue(*store_.find(enterpriseOid("626.1.2.1.1.2.5.1"))) + " " +
-               formatValue(*store_.find(enterpriseOid("626.1.2.2.1.2.5.1")));
-    }
-
-    Store store_ = storeOf(shippedTable(), {"626.1.1.1.1.2.5|2|0", "626.1.1.1.1.2.6|2|1",
-                                            "626.1.2.1.1.2.5.1|2|5", "626.1.2.1.1.2.6.1|2|5",
-                                            "626.1.2.2.1.2.5.1|4|8,9,11", "626.1.2.2.1.2.6.1|4|8",
-                                            "626.1.2.3.1.2.5.1|2|1", "626.1.2.3.1.2.6.1|2|1"});
-};
-
-struct LimitCase {
-    const char* name;
-    std::vector<Step> steps;
-    const char* port;
-};
-
-class Limits : public IgmpLimits, public testing::WithParamInterface<LimitCase> {};
-
-TEST_P(Limits, ChangeTogether) {
-    carryOut(store_, GetParam().steps);
-    EXPECT_EQ(port(), GetParam().port);
-}
-
-const LimitCase kCases[] = {
-    {"AddKeepsOrder", {{lists("1.2.5.1", "1, 10 - 10 ", 4), "ok"}}, "2|5 4|1,8-11"},
-    {"TwoAreNoRange", {{lists("1.2.5.1", "4094,4093,", 4), "ok"}}, "2|5 4|8,9,11,4093,4094"},
-    {"ListedAlready", {{lists("1.2.5.1", "8-9", 4), "ok"}}, "2|5 4|8,9,11"},
-    {"Remove", {{lists("1.2.5.1", "9,8", 6), "ok"}, {lists("1.2.5.1", "11", 6), "ok"}}, "2|5 4|"},
-    {"RemoveWhatIsNotThere",
-     {{lists("1.2.5.1", "8,10", 6), "inconsistentValue 1"}},
-     "2|5 4|8,9,11"},
-    {"TooMany",
-     {{lists("1.2.5.1", "1-3", 4), "inconsistentValue 1"},
-      {maximum("1.2.5.1", 2), "inconsistentValue 1"},
-      {maximum("1.2.5.1", 3), "ok"},
-      {lists("1.2.5.1", "1", 4), "inconsistentValue 1"},
-      {maximum("1.2.5.1", 256), "wrongValue 1"}},
-     "2|3 4|8,9,11"},
-    {"NoList",
-     {{lists("1.2.5.1", "", 4), "inconsistentValue 1"},
-      {lists("1.2.5.1", "1;2", 4), "inconsistentValue 1"},
-      {lists("1.2.5.1", "1,,2", 4), "inconsistentValue 1"},
-      {lists("1.2.5.1", "1 2", 4), "inconsistentValue 1"},
-      {lists("1.2.5.1", "5-", 4), "inconsistentValue 1"},
-      {lists("1.2.5.1", "2-1", 4), "inconsistentValue 1"},
-      {lists("1.2.5.1", "0", 4), "inconsistentValue 1"},
-      {lists("1.2.5.1", "4095", 4), "inconsistentValue 1"}},
-     "2|5 4|8,9,11"},
-    {"ListAndStatusTogether",
-     {{{"626.1.2.2.1.2.5.1|4|8"}, "inconsistentValue 1"},
-      {{"626.1.2.3.1.2.5.1|2|4"}, "inconsistentValue 1"},
-      {lists("1.2.5.1", "8", 5), "inconsistentValue 1"}},
-     "2|5 4|8,9,11"},
-    {"LockedOrNotThere",
-     {{lists("1.2.6.1", "1", 4), "inconsistentValue 1"},
-      {maximum("1.2.6.1", 6), "inconsistentValue 1"},
-      {maximum("1.2.5.2", 6), "noCreation 1"},
-      {{"626.1.1.1.1.2.6|2|0"}, "notWritable 1"}},
-     "2|5 4|8,9,11"},
-};
-
-INSTANTIATE_TEST_SUITE_P(, Limits, testing::ValuesIn(kCases),
-                         [](const auto& each) { return std::string(each.param.name); });
 
 } // namespace
 } // namespace onudesk::sim::test

@@ -45,39 +45,37 @@ TEST(ObjectTable, RowStatusMayStandInAnotherGroup) {
 }
 
 TEST(ObjectTable, OneOidMayStandTwiceWhenItIsTheSame) {
-    EXPECT_EQ(errorOf("<group name=\"a\"><object name=\"x\" oidstr=\"1.3.6.1.1\" type=\"2\" "
-                      "range=\"1..2\"/></group>"
-                      "<group name=\"b\"><object name=\"y\" oidstr=\"1.3.6.1.1\" type=\"2\" "
-                      "range=\"1..2\"/></group>"),
-              "");
-    EXPECT_EQ(errorOf("<group name=\"a\"><object name=\"x\" oidstr=\"1.3.6.1.1\" type=\"2\" "
-                      "range=\"1..2\"/></group>"
-                      "<group name=\"b\"><object name=\"y\" oidstr=\"1.3.6.1.1\" type=\"2\" "
-                      "range=\"1..3\"/></group>"),
+    const std::string group =
+        "<group name='a'><o name='x' oidstr='1.3.6.1.1' type='2' range='1..2'/></group>"
+        "<group name='b'><o name='y' oidstr='1.3.6.1.1' type='2' ";
+    EXPECT_EQ(errorOf(group + "range='1..2'/></group>"), "");
+    EXPECT_EQ(errorOf(group + "range='1..3'/></group>"),
               "module 900, group b, object y: OID 1.3.6.1.1 is that of module 900, group a, object "
               "x, but other attributes are not the same");
-    const std::string status = "<object name=\"s\" oidstr=\"1.3.6.1.2\" row=\"s\"/></group>";
-    EXPECT_NE(errorOf("<group name=\"a\"><object name=\"x\" oidstr=\"1.3.6.1.1\"/></group>"
-                      "<group name=\"b\" staged=\"s\"><object name=\"x\" oidstr=\"1.3.6.1.1\"/>" +
-                      status),
+    EXPECT_NE(errorOf("<group name='a'><o name='x' oidstr='1.3.6.1.1'/></group>"
+                      "<group name='b' staged='s'><o name='x' oidstr='1.3.6.1.1'/>"
+                      "<o name='s' oidstr='1.3.6.1.2' row='s'/></group>"),
               "");
 }
 
 TEST(ObjectTable, NamesWhatIsWrong) {
-    EXPECT_EQ(errorOf("<group name=\"g\"><object name=\"x\" oidstr=\"1.3.1\" member=\"y\"/></group>"
-                      "<group name=\"h\"><object name=\"y\" oidstr=\"1.3.2\"/></group>"),
-              "module 900, group g, object x: no object y");
-    EXPECT_EQ(errorOf("<group name=\"g\" model=\"y\"/>"), "module 900, group g: no model y");
-    EXPECT_EQ(errorOf("<group name=\"g\"><object name=\"x\" oidstr=\"1.x\"/></group>"),
-              "module 900, group g, object x: bad OID \"1.x\"");
-    EXPECT_EQ(errorOf("<group name=\"g\"><object name=\"x\" oidstr=\"1.3.1\" row=\"y\"/></group>"),
-              "module 900, group g, object x: no row status y");
-    EXPECT_EQ(errorOf("<group name=\"g\" staged=\"y\"><object name=\"x\" oidstr=\"1.3.1\"/>"
-                      "<object name=\"y\" oidstr=\"1.3.2\"/></group>"),
-              "module 900, group g, object x: no row status y");
-    EXPECT_EQ(errorOf("<group name=\"g\"><object name=\"x\" oidstr=\"1.3.1\" row=\"y\"/>"
-                      "<object name=\"y\" oidstr=\"1.3.2\"/></group>"),
-              "module 900, group g, object x: no row status y");
+    const std::pair<const char*, const char*> cases[] = {
+        {"<group name='g'><o name='x' oidstr='1.3.1' member='y'/></group>"
+         "<group name='h'><o name='y' oidstr='1.3.2'/></group>",
+         ", object x: no object y"},
+        {"<group name='g' model='y'/>", ": no model y"},
+        {"<group name='g'><o name='x' oidstr='1.x'/></group>", ", object x: bad OID \"1.x\""},
+        {"<group name='g'><o name='x' oidstr='1.3.1' row='y'/></group>",
+         ", object x: no row status y"},
+        {"<group name='g' staged='y'><o name='x' oidstr='1.3.1'/><o name='y' oidstr='1.3.2'/>"
+         "</group>",
+         ", object x: no row status y"},
+        {"<group name='g'><o name='x' oidstr='1.3.1' row='y'/><o name='y' oidstr='1.3.2'/></group>",
+         ", object x: no row status y"},
+    };
+    for (const auto& [groups, reason] : cases) {
+        EXPECT_EQ(errorOf(groups), std::string("module 900, group g") + reason);
+    }
 }
 
 } // namespace

@@ -3,14 +3,10 @@
 // Module 667: thresholds of the optical module.
 #include "sim_fixture.h"
 
-#include <algorithm>
-
 #include <gtest/gtest.h>
 
 namespace onudesk::sim::test {
 namespace {
-
-using Lines = std::vector<std::string>;
 
 // A threshold by its column.
 std::string threshold(int column, const std::string& value) {
@@ -22,13 +18,6 @@ constexpr int kVoltage = 6;
 constexpr int kBias = 9;
 constexpr int kSent = 13;
 constexpr int kReceived = 20;
-
-void expectHeld(const Store& store, const Lines& expected) {
-    const Lines held = linesOf(store);
-    for (const std::string& line : expected) {
-        EXPECT_TRUE(std::ranges::find(held, line) != held.end()) << line;
-    }
-}
 
 TEST(OpticalThresholds, NeedTheirRowWhichStartsWithThoseOfTheFactory) {
     Store store = storeOf(shippedTable(), {kStatus + "0", "667.1.1.22.1.2.5|4|PX20"});

@@ -8,40 +8,35 @@
 namespace onudesk::sim::test {
 namespace {
 
-using Lines = std::vector<std::string>;
-
-std::string line(const std::string& column, const std::string& instance, int value) {
-    return column + "." + instance + "|2|" + std::to_string(value);
-}
 std::string mode(int value) {
-    return line("645.1.1.1", "1.2.5", value);
+    return line("645.1.1.1.1.2.5", value);
 }
 // The SETs of the two pages.
 Lines insert(const std::string& row, int start, int end, int outer = 1000, int status = 4) {
-    return {line("647.1.1.2", row, start), line("647.1.1.3", row, end),
-            line("647.1.1.4", row, outer), line("647.1.1.6", row, status)};
+    return {line("647.1.1", 2, row, start), line("647.1.1", 3, row, end),
+            line("647.1.1", 4, row, outer), line("647.1.1", 6, row, status)};
 }
 Lines pass(const std::string& row, int start, int end, int status = 4) {
-    return {line("648.1.1.2", row, start), line("648.1.1.3", row, end),
-            line("648.1.1.8", row, status)};
+    return {line("648.1.1", 2, row, start), line("648.1.1", 3, row, end),
+            line("648.1.1", 8, row, status)};
 }
 
 // Flexible QinQ, two ports without ranges, of which the second one is blocked.
 class QinQModels : public testing::Test {
 protected:
     static Lines initial() {
-        Lines lines = {mode(2), line("645.1.1.2", "1.2.5", 34984), line("645.1.1.1", "1.2.6", 2)};
+        Lines lines = {mode(2), "645.1.1.2.1.2.5|2|34984", "645.1.1.1.1.2.6|2|2"};
         for (int port = 1; port <= 2; ++port) {
             const std::string row = "1.2.5." + std::to_string(port) + ".0";
             const int blocked = port - 1;
             const auto fill = [&](const std::string& group, const std::vector<int>& values) {
                 int column = 0;
                 for (const int value : values) {
-                    lines.push_back(line(group + std::to_string(++column), row, value));
+                    lines.push_back(line(group, ++column, row, value));
                 }
             };
-            fill("647.1.1.", {0, 0, 0, 0, blocked, 3, 0, 0, 2, 2});
-            fill("648.1.1.", {0, 0, 0, 0, 0, 0, blocked, 3, 2});
+            fill("647.1.1", {0, 0, 0, 0, blocked, 3, 0, 0, 2, 2});
+            fill("648.1.1", {0, 0, 0, 0, 0, 0, blocked, 3, 2});
         }
         return lines;
     }
@@ -54,10 +49,9 @@ protected:
             const std::string row = std::to_string(oid.parts().back());
             std::string text = row;
             for (const int column : columns) {
-                const Value* held = store_.find(
-                    enterpriseOid(item + ".1.1." + std::to_string(column) + ".1.2.5.1." + row));
-                text += (text == row ? ":" : ",") +
-                        (held == nullptr ? "none" : formatValue(*held).substr(2));
+                text +=
+                    (text == row ? ":" : ",") +
+                    valueOf(store_, item + ".1.1." + std::to_string(column) + ".1.2.5.1." + row);
             }
             all.push_back(text);
         }
@@ -83,30 +77,26 @@ TEST_F(QinQModels, RangesGetTheLowestFreeNumberAndGoByTheirs) {
 TEST_F(QinQModels, APortWithoutRangesKeepsOneRow) {
     const Lines none = inserted();
     EXPECT_EQ(none, Lines{"0:0,0,0,3"});
-    carryOut(store_, {{{line("647.1.1.6", "1.2.5.1.0", 6)}, "inconsistentValue 1"},
+    carryOut(store_, {{{"647.1.1.6.1.2.5.1.0|2|6"}, "inconsistentValue 1"},
                       {insert("1.2.5.1.1", 100, 199), "ok"}});
     EXPECT_EQ(inserted(), Lines{"1:100,199,1000,1"});
     const std::vector<int> flags = {1, 5, 7, 8, 9, 10};
     EXPECT_EQ(rows("647", flags), Lines{"1:0,0,0,0,2,2"});
-    carryOut(store_, {{{line("647.1.1.6", "1.2.5.1.1", 6)}, "ok"}});
+    carryOut(store_, {{{"647.1.1.6.1.2.5.1.1|2|6"}, "ok"}});
     EXPECT_EQ(inserted(), none);
     EXPECT_EQ(rows("647", flags), Lines{"0:0,0,0,0,2,2"});
 }
 
 TEST_F(QinQModels, RefuseWhatThePortCannotHave) {
     carryOut(store_, {{insert("1.2.5.1.1", 100, 199), "ok"}, {pass("1.2.5.1.1", 10, 19), "ok"}});
-    const Lines refused[] = {insert("1.2.5.1.1", 50, 250),
-                             insert("1.2.5.1.1", 199, 199),
-                             insert("1.2.5.1.1", 19, 20),
-                             insert("1.2.5.1.1", 30, 29),
-                             insert("1.2.5.1.1", 0, 5),
-                             insert("1.2.5.1.1", 30, 30, 0),
-                             insert("1.2.5.2.1", 30, 30), // blocked
-                             insert("1.2.5.1.1", 30, 30, 1000, 5),
-                             pass("1.2.5.1.1", 1, 10),
-                             pass("1.2.5.1.1", 199, 300),
-                             pass("1.2.5.2.1", 30, 30),
-                             pass("1.2.5.1.1", 30, 0)};
+    const std::string row = "1.2.5.1.1";
+    const std::string blocked = "1.2.5.2.1";
+    const Lines refused[] = {insert(row, 50, 250),    insert(row, 199, 199),
+                             insert(row, 19, 20),     insert(row, 30, 29),
+                             insert(row, 0, 5),       insert(row, 30, 30, 0),
+                             insert(blocked, 30, 30), insert(row, 30, 30, 1000, 5),
+                             pass(row, 1, 10),        pass(row, 199, 300),
+                             pass(blocked, 30, 30),   pass(row, 30, 0)};
     for (const Lines& bindings : refused) {
         carryOut(store_, {{bindings, "inconsistentValue 1"}});
     }
@@ -117,9 +107,9 @@ TEST_F(QinQModels, RefuseWhatThePortCannotHave) {
     }
     carryOut(store_, {{insert("1.2.5.3.1", 30, 30), "noCreation 1"},
                       {insert("1.2.6.1.1", 30, 30), "noCreation 1"},
-                      {{line("647.1.1.6", "1.2.5.1", 6)}, "noCreation 1"},
+                      {{"647.1.1.6.1.2.5.1|2|6"}, "noCreation 1"},
                       {insert("1.2.5.1.1", 30, 4095), "wrongValue 2"},
-                      {{line("647.1.1.1", "1.2.5.1.1", 0)}, "notWritable 1"},
+                      {{"647.1.1.1.1.2.5.1.1|2|0"}, "notWritable 1"},
                       {insert("1.2.5.1.1", 200, 4094), "ok"},
                       {pass("1.2.5.1.1", 1, 9), "ok"}});
 }
@@ -172,16 +162,16 @@ TEST_F(QinQModels, RowsTellTheModeAndOnlyFlexibleTakesRanges) {
 }
 
 TEST_F(QinQModels, TheOuterTpidCanBeWrittenUnlessQinQIsOff) {
-    const auto tpid = [](int value) { return line("645.1.1.2", "1.2.5", value); };
+    const auto tpid = [](int value) { return line("645.1.1.2.1.2.5", value); };
     carryOut(store_, {{{tpid(65535)}, "ok"},
                       {{mode(0)}, "ok"},
                       {{tpid(1501)}, "inconsistentValue 1"},
                       {{tpid(1500)}, "wrongValue 1"},
                       {{tpid(1501), mode(1)}, "ok"},
                       {{mode(3)}, "wrongValue 1"},
-                      {{line("645.1.1.1", "1.2.7", 1)}, "noCreation 1"},
-                      {{line("645.1.1.1", "1.2", 1)}, "noCreation 1"}});
-    EXPECT_EQ(*store_.find(enterpriseOid("645.1.1.2.1.2.5")), integerValue(1501));
+                      {{"645.1.1.1.1.2.7|2|1"}, "noCreation 1"},
+                      {{"645.1.1.1.1.2|2|1"}, "noCreation 1"}});
+    EXPECT_EQ(valueOf(store_, "645.1.1.2.1.2.5"), "1501");
 }
 
 } // namespace

@@ -1,31 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "sim/recording.h"
 
-#include <gtest/gtest.h>
+#include "env/xml_file.h"
+#include "support/client_tree.h"
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <gtest/gtest.h>
 
 namespace onudesk::sim {
 namespace {
-
-namespace fs = std::filesystem;
-
-class RecordingFile : public testing::Test {
-protected:
-    RecordingFile() { fs::create_directories(directory_); }
-    ~RecordingFile() override { fs::remove_all(directory_); }
-
-    [[nodiscard]] static std::string contents(const fs::path& path) {
-        std::ifstream file(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-
-    const fs::path directory_ =
-        fs::path(testing::TempDir()) /
-        (std::string("recording_") + testing::UnitTest::GetInstance()->current_test_info()->name());
-};
 
 TEST(Oid, ReadsAndWritesDottedDecimal) {
     for (const std::string text :
@@ -59,13 +41,9 @@ TEST(Oid, OrdersByNumbersAndPutsPrefixesFirst) {
     EXPECT_FALSE(Oid({1, 36, 1}).startsWith(Oid({1, 3})));
 }
 
-struct LineCase {
-    std::string line;     // without the OID
-    std::string expected; // as written back, or the reason of the error
-};
-
 TEST(Recording, TakesEveryTag) {
-    const std::vector<LineCase> cases = {
+    // Without the OID, and as written back.
+    const std::pair<std::string, std::string> cases[] = {
         {"2|-2147483648", "2|-2147483648"},
         {"2|2147483647", "2|2147483647"},
         {"4|", "4|"},
@@ -87,16 +65,18 @@ TEST(Recording, TakesEveryTag) {
         {"68x|FF", "68|ff"},
         {"70|18446744073709551615", "70|18446744073709551615"},
     };
-    for (const LineCase& each : cases) {
-        const auto recording = parseRecording("1.3.6.1.2.1|" + each.line + "\r\n", "file");
-        ASSERT_TRUE(recording) << each.line << ": " << recording.error();
-        ASSERT_EQ(recording->values.size(), 1U);
-        EXPECT_EQ(formatRecording(recording->values, {}), "1.3.6.1.2.1|" + each.expected + "\n");
+    for (const auto& [line, expected] : cases) {
+        const auto recording = parseRecording("1.3.6.1.2.1|" + line + "\r\n", "file");
+        ASSERT_TRUE(recording) << line << ": " << recording.error();
+        EXPECT_EQ(formatRecording(recording->values, {}), "1.3.6.1.2.1|" + expected + "\n");
     }
 }
 
 TEST(Recording, NamesLineAndReasonOfWhatIsWrong) {
-    const std::vector<LineCase> cases = {
+    const std::string int32 = "value is no number from -2147483648 to 2147483647";
+    const std::string uint32 = "value is no number from 0 to 4294967295";
+    const std::string address = "value is no address of the form 192.0.2.1";
+    const std::pair<std::string, std::string> cases[] = {
         {"1.3.6.1.2.1", "expected OID|tag|value"},
         {"1.3.6.1.2.1|2", "expected OID|tag|value"},
         {"||", "bad OID \"\""},
@@ -109,33 +89,33 @@ TEST(Recording, NamesLineAndReasonOfWhatIsWrong) {
         {"1.3.6.1.2|3|1", "unknown tag \"3\""},
         {"1.3.6.1.2|2x|01", "unknown tag \"2x\""},
         {"1.3.6.1.2|04|a", "unknown tag \"04\""},
-        {"1.3.6.1.2|2|", "value is no number from -2147483648 to 2147483647"},
-        {"1.3.6.1.2|2|2147483648", "value is no number from -2147483648 to 2147483647"},
-        {"1.3.6.1.2|2|-2147483649", "value is no number from -2147483648 to 2147483647"},
-        {"1.3.6.1.2|2|1x", "value is no number from -2147483648 to 2147483647"},
-        {"1.3.6.1.2|2| 1", "value is no number from -2147483648 to 2147483647"},
-        {"1.3.6.1.2|65|-1", "value is no number from 0 to 4294967295"},
-        {"1.3.6.1.2|66|4294967296", "value is no number from 0 to 4294967295"},
-        {"1.3.6.1.2|67|1.5", "value is no number from 0 to 4294967295"},
+        {"1.3.6.1.2|2|", int32},
+        {"1.3.6.1.2|2|2147483648", int32},
+        {"1.3.6.1.2|2|-2147483649", int32},
+        {"1.3.6.1.2|2|1x", int32},
+        {"1.3.6.1.2|2| 1", int32},
+        {"1.3.6.1.2|65|-1", uint32},
+        {"1.3.6.1.2|66|4294967296", uint32},
+        {"1.3.6.1.2|67|1.5", uint32},
         {"1.3.6.1.2|70|18446744073709551616", "value is no number from 0 to 18446744073709551615"},
         {"1.3.6.1.2|4x|123", "odd number of hexadecimal digits"},
         {"1.3.6.1.2|4x|0g", "value is not hexadecimal"},
         {"1.3.6.1.2|68|zz", "value is not hexadecimal"},
         {"1.3.6.1.2|5|0", "a null has no value"},
         {"1.3.6.1.2|6|1", "value is no OID"},
-        {"1.3.6.1.2|64|1.2.3", "value is no address of the form 192.0.2.1"},
-        {"1.3.6.1.2|64|1.2.3.4.5", "value is no address of the form 192.0.2.1"},
-        {"1.3.6.1.2|64|1.2.3.256", "value is no address of the form 192.0.2.1"},
-        {"1.3.6.1.2|64|1.2.3.", "value is no address of the form 192.0.2.1"},
+        {"1.3.6.1.2|64|1.2.3", address},
+        {"1.3.6.1.2|64|1.2.3.4.5", address},
+        {"1.3.6.1.2|64|1.2.3.256", address},
+        {"1.3.6.1.2|64|1.2.3.", address},
         {"1.3.6.1.2|64x|010203", "an address has 8 hexadecimal digits"},
         {"1.3.6.1.2|4|" + std::string(kMaxValueBytes + 1, 'a'), "value is longer than 65535 bytes"},
         {"1.3.6.1.9|2|1", "OID 1.3.6.1.9 is given twice"},
     };
-    for (const LineCase& each : cases) {
-        const auto recording = parseRecording(
-            "# comment\n1.3.6.1.9|2|1\n\n" + each.line + "\n1.3.6.1.8|2|1\n", "file");
-        ASSERT_FALSE(recording) << each.line;
-        EXPECT_EQ(recording.error(), "file:4: " + each.expected);
+    for (const auto& [line, reason] : cases) {
+        const auto recording =
+            parseRecording("# comment\n1.3.6.1.9|2|1\n\n" + line + "\n1.3.6.1.8|2|1\n", "file");
+        ASSERT_FALSE(recording) << line;
+        EXPECT_EQ(recording.error(), "file:4: " + reason);
     }
 }
 
@@ -144,6 +124,9 @@ TEST(Recording, KeepsNumericOrderWhateverTheFileHad) {
     ASSERT_TRUE(recording);
     EXPECT_EQ(formatRecording(recording->values, recording->layout),
               "1.3.6.1.9|2|1\n1.3.6.1.9.1|2|2\n1.3.6.1.10|2|3\n");
+    const auto empty = parseRecording("", "file");
+    ASSERT_TRUE(empty);
+    EXPECT_EQ(formatRecording(empty->values, empty->layout), "");
 }
 
 TEST(Recording, WritesAnUnchangedSortedFileByteForByte) {
@@ -160,39 +143,31 @@ TEST(Recording, WritesAnUnchangedSortedFileByteForByte) {
               "# head\n\n1.3.6.1.1|4|new\n1.3.6.1.2.5|2|7\n1.3.6.1.3|4|B\xC3\xBCro\n  \n# tail\n");
 }
 
-TEST(Recording, EmptyTextHoldsNothing) {
-    const auto recording = parseRecording("", "file");
-    ASSERT_TRUE(recording);
-    EXPECT_TRUE(recording->values.empty());
-    EXPECT_EQ(formatRecording(recording->values, recording->layout), "");
-}
+TEST(RecordingFile, IsNamedWhenItCannotBeRead) {
+    const test::TemporaryDirectory directory;
+    const std::string path = directory.path().string();
+    EXPECT_EQ(loadRecording(path + "/none").error(), path + "/none: No such file or directory");
+    EXPECT_EQ(loadRecording(path).error(), path + ": is a directory");
 
-TEST_F(RecordingFile, NamesFilesThatCannotBeRead) {
-    const fs::path missing = directory_ / "missing.snmprec";
-    EXPECT_EQ(loadRecording(missing).error(), missing.string() + ": No such file or directory");
-    EXPECT_EQ(loadRecording(directory_).error(), directory_.string() + ": is a directory");
-
-    const fs::path large = directory_ / "large.snmprec";
-    std::ofstream(large).put('#');
-    fs::resize_file(large, kMaxRecordingBytes + 1);
+    const auto large = directory.write("large.snmprec", "#");
+    std::filesystem::resize_file(large, kMaxRecordingBytes + 1);
     EXPECT_EQ(loadRecording(large).error(), large.string() + ": larger than 67108864 bytes");
 }
 
-TEST_F(RecordingFile, SavesAsAWholeOrNotAtAll) {
-    const fs::path file = directory_ / "saved.snmprec";
-    ASSERT_FALSE(saveFile(file, "long first text\n"));
-    ASSERT_FALSE(saveFile(file, "second\n"));
-    EXPECT_EQ(contents(file), "second\n");
+TEST(RecordingFile, IsSavedAsAWholeOrNotAtAll) {
+    const test::TemporaryDirectory directory;
+    const std::string path = directory.path().string();
+    ASSERT_FALSE(saveFile(path + "/file", "long first text\n"));
+    ASSERT_FALSE(saveFile(path + "/file", "second\n"));
+    EXPECT_EQ(readFile(path + "/file").value(), "second\n");
 
-    const fs::path folder = directory_ / "folder";
-    fs::create_directories(folder / "inside");
-    const auto refused = saveFile(folder, "text");
+    directory.write("folder/inside", "");
+    const auto refused = saveFile(path + "/folder", "text");
     ASSERT_TRUE(refused);
-    EXPECT_EQ(refused->text, folder.string() + ": Is a directory");
-    EXPECT_FALSE(fs::exists(directory_ / "folder.new"));
-
-    const fs::path nowhere = directory_ / "none" / "file";
-    EXPECT_EQ(saveFile(nowhere, "text")->text, nowhere.string() + ": No such file or directory");
+    EXPECT_EQ(refused->text, path + "/folder: Is a directory");
+    EXPECT_FALSE(std::filesystem::exists(path + "/folder.new"));
+    EXPECT_EQ(saveFile(path + "/none/file", "text")->text,
+              path + "/none/file: No such file or directory");
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <stdexcept>
 
@@ -22,10 +23,10 @@ T require(Result<T> result) {
     return std::move(result).value();
 }
 
-Recording recordingOf(const std::vector<std::string>& lines) {
+Recording recordingOf(const Lines& lines) {
     std::string text;
-    for (const std::string& line : lines) {
-        text += kEnterprise + line + "\n";
+    for (const std::string& each : lines) {
+        text += kEnterprise + each + "\n";
     }
     return require(parseRecording(text, "test"));
 }
@@ -46,19 +47,44 @@ Oid enterpriseOid(const std::string& rest) {
     return Oid::parse(kEnterprise + rest).value();
 }
 
-Store storeOf(ObjectTable table, const std::vector<std::string>& lines) {
+Store storeOf(ObjectTable table, const Lines& lines) {
     return {std::move(table), recordingOf(lines).values};
 }
 
-std::vector<std::string> linesOf(const Store& store) {
-    std::vector<std::string> lines;
+std::string line(const std::string& oid, int value) {
+    return oid + "|2|" + std::to_string(value);
+}
+
+std::string line(const std::string& group, int column, const std::string& instance, int value) {
+    return line(group + "." + std::to_string(column) + "." + instance, value);
+}
+
+void expectHeld(const Store& store, const Lines& lines) {
+    const Lines all = linesOf(store);
+    for (const std::string& each : lines) {
+        EXPECT_TRUE(std::ranges::find(all, each) != all.end()) << each;
+    }
+}
+
+std::string held(const Store& store, const std::string& oid) {
+    const Value* value = store.find(enterpriseOid(oid));
+    return value == nullptr ? "" : formatValue(*value);
+}
+
+std::string valueOf(const Store& store, const std::string& oid) {
+    const std::string text = held(store, oid);
+    return text.substr(text.find('|') + 1);
+}
+
+Lines linesOf(const Store& store) {
+    Lines lines;
     for (const auto& [oid, value] : store.values()) {
         lines.push_back(oid.tail(7).text() + "|" + formatValue(value));
     }
     return lines;
 }
 
-std::string set(Store& store, const std::vector<std::string>& bindings) {
+std::string set(Store& store, const Lines& bindings) {
     static const std::map<SetStatus, std::string> names = {
         {SetStatus::wrongType, "wrongType"},
         {SetStatus::wrongLength, "wrongLength"},
@@ -68,8 +94,8 @@ std::string set(Store& store, const std::vector<std::string>& bindings) {
         {SetStatus::notWritable, "notWritable"},
     };
     std::vector<Binding> request;
-    for (const std::string& line : bindings) {
-        const Values one = recordingOf({line}).values; // keeps the order of the bindings
+    for (const std::string& each : bindings) {
+        const Values one = recordingOf({each}).values; // keeps the order of the bindings
         request.push_back({one.begin()->first, one.begin()->second});
     }
     auto outcome = store.prepare(request);
@@ -85,6 +111,16 @@ void carryOut(Store& store, const std::vector<Step>& steps) {
         const Values before = store.values();
         EXPECT_EQ(set(store, step.bindings), step.outcome) << step.bindings.back();
         EXPECT_TRUE(step.outcome == "ok" || store.values() == before) << step.bindings.back();
+    }
+}
+
+void expectStates(const std::vector<ModelCase>& cases, const Lines& initial,
+                  const std::function<std::string(const Store&)>& stateOf) {
+    for (const ModelCase& each : cases) {
+        SCOPED_TRACE(each.name);
+        Store store = storeOf(shippedTable(), initial);
+        carryOut(store, each.steps);
+        EXPECT_EQ(stateOf(store), each.state);
     }
 }
 

@@ -5,6 +5,7 @@
 
 #include "sim/store.h"
 
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -46,6 +47,8 @@ inline constexpr const char* kCatalogue = R"(
  </module>
 </snmpconfig>)";
 
+using Lines = std::vector<std::string>;
+
 // Builds the table of a catalogue given as text; fails the test when it is not right.
 [[nodiscard]] ObjectTable tableOf(const std::string& catalogue);
 // The table of the shipped catalogue file.
@@ -55,22 +58,39 @@ inline constexpr const char* kCatalogue = R"(
 [[nodiscard]] Oid enterpriseOid(const std::string& rest);
 
 // A store with lines like "900.1.1.7.4|2|1".
-[[nodiscard]] Store storeOf(ObjectTable table, const std::vector<std::string>& lines);
+[[nodiscard]] Store storeOf(ObjectTable table, const Lines& lines);
+// Such a line of an integer, and of one below a column that has others beside it.
+[[nodiscard]] std::string line(const std::string& oid, int value);
+[[nodiscard]] std::string line(const std::string& group, int column, const std::string& instance,
+                               int value);
 
 // What the store holds, in the form of those lines.
-[[nodiscard]] std::vector<std::string> linesOf(const Store& store);
+[[nodiscard]] Lines linesOf(const Store& store);
+void expectHeld(const Store& store, const Lines& lines);
+// One value as in "2|1", and without its tag; empty when there is none.
+[[nodiscard]] std::string held(const Store& store, const std::string& oid);
+[[nodiscard]] std::string valueOf(const Store& store, const std::string& oid);
 
 // Carries out one SET with bindings like "900.1.1.7.4|2|1". "ok", or the failure and the number of
 // its binding, as in "wrongType 2".
-std::string set(Store& store, const std::vector<std::string>& bindings);
+std::string set(Store& store, const Lines& bindings);
 
 struct Step {
-    std::vector<std::string> bindings;
+    Lines bindings;
     std::string outcome;
 };
 
 // Carries out one SET after the other and expects their outcomes; one that fails must change
 // nothing.
 void carryOut(Store& store, const std::vector<Step>& steps);
+
+struct ModelCase {
+    const char* name;
+    std::vector<Step> steps;
+    std::string state; // in the end
+};
+// Carries out the steps of each case on a store of the shipped table.
+void expectStates(const std::vector<ModelCase>& cases, const Lines& initial,
+                  const std::function<std::string(const Store&)>& stateOf);
 
 } // namespace onudesk::sim::test

@@ -6,8 +6,6 @@
 namespace onudesk::sim::test {
 namespace {
 
-using Lines = std::vector<std::string>;
-
 // One active row 4, and the unit of ONU 1.2.5.
 Store smallStore() {
     return storeOf(tableOf(kCatalogue),
@@ -16,13 +14,8 @@ Store smallStore() {
                     "900.2.1.1.1.2.5|2|0", "900.2.1.2.1.2.5|4|SN01", "900.2.1.5.1.2.5|67|1"});
 }
 
-struct SetCase {
-    Lines bindings;
-    std::string expected;
-};
-
 TEST(StoreSet, ChecksEveryBinding) {
-    const std::vector<SetCase> cases = {
+    const std::vector<Step> cases = {
         // access
         {{"900.2.1.2.1.2.5|4|SN02"}, "notWritable 1"},
         {{"900.1.1.4.4|65|1"}, "notWritable 1"},
@@ -62,12 +55,8 @@ TEST(StoreSet, ChecksEveryBinding) {
         {{"900.1.1.7.4|2|6", "900.1.1.1.4|4|x"}, "noCreation 2"},
         {{"900.1.1.7.9|2|4", "900.1.1.7.9|2|6", "900.1.1.1.9|4|x"}, "noCreation 3"},
     };
-    for (const SetCase& each : cases) {
-        Store store = smallStore();
-        const Lines before = linesOf(store);
-        EXPECT_EQ(set(store, each.bindings), each.expected) << each.bindings.back();
-        EXPECT_EQ(linesOf(store), before) << each.bindings.back();
-    }
+    Store store = smallStore();
+    carryOut(store, cases);
 }
 
 TEST(StoreSet, TakesListsOfNumbersThatFit) {
@@ -91,7 +80,7 @@ TEST(StoreSet, TakesListsOfNumbersThatFit) {
     };
     for (const auto& [list, outcome] : cases) {
         Store store = storeOf(table, {"900.1.1.1.1.2.5|4|1"});
-        EXPECT_EQ(set(store, {std::string("900.1.1.1.1.2.5|4|") + list}), outcome) << list;
+        carryOut(store, {{{std::string("900.1.1.1.1.2.5|4|") + list}, outcome}});
     }
 }
 
@@ -122,48 +111,42 @@ TEST(StoreSet, ChangesComeBackWithWhatUndoesThem) {
     EXPECT_EQ(linesOf(store), before);
 }
 
-struct RowCase {
-    std::vector<Lines> sets; // one after the other, all of which succeed
-    std::string status;      // of row 9 in the end; empty when the row is gone
-};
-
 TEST(RowStatus, FollowsTheWrites) {
     const std::string key = "900.1.1.3.9|66|9";
-    const auto status = [](int value) { return "900.1.1.7.9|2|" + std::to_string(value); };
-    const std::vector<RowCase> cases = {
-        {{{status(4), key}}, "2|1"},
-        {{{key, status(4)}}, "2|1"},
-        {{{status(5)}}, "2|2"},
-        {{{status(5), key}}, "2|2"},
-        {{{status(4), key, status(5)}}, "2|1"},
-        {{{status(5), key, status(4)}}, "2|1"},
-        {{{status(5)}, {key}, {status(1)}}, "2|1"},
-        {{{status(5)}, {key, status(4)}}, "2|1"},
-        {{{status(5)}, {status(5)}}, "2|2"},
-        {{{status(4), key}, {status(5)}}, "2|1"},
-        {{{status(4), key}, {status(4)}}, "2|1"},
-        {{{status(4), key}, {status(2)}}, "2|2"},
-        {{{status(4), key, status(2)}}, "2|2"},
-        {{{status(4), key}, {status(2)}, {status(1)}}, "2|1"},
+    const auto status = [](int value) { return line("900.1.1.7.9", value); };
+    // SETs one after the other, and the status of row 9 in the end; empty when the row is gone.
+    const std::pair<std::vector<Lines>, const char*> cases[] = {
+        {{{status(4), key}}, "1"},
+        {{{key, status(4)}}, "1"},
+        {{{status(5)}}, "2"},
+        {{{status(5), key}}, "2"},
+        {{{status(4), key, status(5)}}, "1"},
+        {{{status(5), key, status(4)}}, "1"},
+        {{{status(5)}, {key}, {status(1)}}, "1"},
+        {{{status(5)}, {key, status(4)}}, "1"},
+        {{{status(5)}, {status(5)}}, "2"},
+        {{{status(4), key}, {status(5)}}, "1"},
+        {{{status(4), key}, {status(4)}}, "1"},
+        {{{status(4), key}, {status(2)}}, "2"},
+        {{{status(4), key, status(2)}}, "2"},
+        {{{status(4), key}, {status(2)}, {status(1)}}, "1"},
         {{{status(4), key}, {status(6)}}, ""},
         {{{status(4), key, status(6)}}, ""},
         {{{status(6)}}, ""},
-        {{{status(4), key}, {status(6), status(4), key}}, "2|1"},
-        {{{status(4), key}, {status(6), status(5)}}, "2|2"},
+        {{{status(4), key}, {status(6), status(4), key}}, "1"},
+        {{{status(4), key}, {status(6), status(5)}}, "2"},
         // without its key the row is not ready, whatever was asked for
-        {{{status(4)}}, "2|3"},
-        {{{status(4)}, {key}}, "2|3"},
-        {{{status(4)}, {key}, {status(4)}}, "2|1"},
-        {{{status(4)}, {key}, {status(1)}}, "2|1"},
+        {{{status(4)}}, "3"},
+        {{{status(4)}, {key}}, "3"},
+        {{{status(4)}, {key}, {status(4)}}, "1"},
+        {{{status(4)}, {key}, {status(1)}}, "1"},
     };
-    for (const RowCase& each : cases) {
+    for (const auto& [sets, outcome] : cases) {
         Store store = smallStore();
-        for (const Lines& bindings : each.sets) {
+        for (const Lines& bindings : sets) {
             ASSERT_EQ(set(store, bindings), "ok") << bindings.front();
         }
-        const Value* value = store.find(enterpriseOid("900.1.1.7.9"));
-        EXPECT_EQ(value == nullptr ? "" : formatValue(*value), each.status)
-            << each.sets.back().front();
+        EXPECT_EQ(valueOf(store, "900.1.1.7.9"), outcome) << sets.back().front();
     }
 }
 
@@ -188,25 +171,19 @@ TEST(RowStatus, DestroysOnlyItsRow) {
 }
 
 TEST(RowStatus, UniqueValuesKeepRowsFromBecomingActive) {
-    const auto statusOf = [](const Store& store, const std::string& row) {
-        return formatValue(*store.find(enterpriseOid("900.1.1.7." + row)));
-    };
     Store store = smallStore(); // row 4 holds 44
     ASSERT_EQ(set(store, {"900.1.1.7.9|2|4", "900.1.1.3.9|66|44", "900.1.1.7.9|2|5"}), "ok");
-    EXPECT_EQ(statusOf(store, "9"), "2|3");
-    EXPECT_EQ(statusOf(store, "4"), "2|1");
+    expectHeld(store, {"900.1.1.7.9|2|3", "900.1.1.7.4|2|1"});
     // A row that is not active does not stand in the way.
-    ASSERT_EQ(set(store, {"900.1.1.7.4|2|2"}), "ok");
-    ASSERT_EQ(set(store, {"900.1.1.7.9|2|1"}), "ok");
-    EXPECT_EQ(statusOf(store, "9"), "2|1");
+    carryOut(store, {{{"900.1.1.7.4|2|2"}, "ok"}, {{"900.1.1.7.9|2|1"}, "ok"}});
+    expectHeld(store, {"900.1.1.7.9|2|1"});
     ASSERT_EQ(set(store, {"900.1.1.7.4|2|4"}), "ok");
-    EXPECT_EQ(statusOf(store, "4"), "2|3");
+    expectHeld(store, {"900.1.1.7.4|2|3"});
     // Of two rows in one SET the first one wins.
     ASSERT_EQ(set(store, {"900.1.1.7.20|2|4", "900.1.1.7.10|2|4", "900.1.1.3.10|66|1",
                           "900.1.1.3.20|66|1"}),
               "ok");
-    EXPECT_EQ(statusOf(store, "20"), "2|1");
-    EXPECT_EQ(statusOf(store, "10"), "2|3");
+    expectHeld(store, {"900.1.1.7.20|2|1", "900.1.1.7.10|2|3"});
 }
 
 TEST(Store, WalksInOrderPastNulls) {
@@ -223,53 +200,34 @@ TEST(Store, WalksInOrderPastNulls) {
 }
 
 // Module 606: a MAC address is bound to a slot in two writes.
-class BindMac : public testing::Test {
-protected:
-    [[nodiscard]] std::string value(int column) const {
-        const Value* held =
-            store_.find(enterpriseOid("606.1.1." + std::to_string(column) + ".1.1.4"));
-        return held == nullptr ? "none" : formatValue(*held);
-    }
-
-    Store store_ =
+TEST(BindMac, InTwoWritesAndOut) {
+    Store store =
         storeOf(shippedTable(), {"606.1.1.1.1.1.4|4x|000000000000", "606.1.1.19.1.1.4|4|",
                                  "606.1.1.20.1.1.4|4x|000000000000",
                                  "606.1.1.20.1.1.1|4x|001a2b3c4d5e", "606.1.1.21.1.1.1|2|1"});
-};
-
-TEST_F(BindMac, InTwoWritesAndOut) {
-    ASSERT_EQ(set(store_, {"606.1.1.20.1.1.4|4x|001a2b3c4d5f"}), "ok");
-    EXPECT_EQ(value(21), "none");
-    ASSERT_EQ(set(store_, {"606.1.1.21.1.1.4|2|4"}), "ok");
-    EXPECT_EQ(value(20), "4x|001a2b3c4d5f");
-    EXPECT_EQ(value(21), "2|1");
-    ASSERT_EQ(set(store_, {"606.1.1.21.1.1.4|2|6"}), "ok");
-    EXPECT_EQ(value(20), "none");
-    EXPECT_EQ(value(21), "none");
-    EXPECT_EQ(value(1), "4x|000000000000");
+    const auto slot = [&] {
+        return held(store, "606.1.1.20.1.1.4") + " " + held(store, "606.1.1.21.1.1.4");
+    };
+    const Lines create = {"606.1.1.21.1.1.4|2|4"};
+    // It needs an ONU, a whole address, and one that is not zero or in use.
+    carryOut(store, {{{"606.1.1.20.9.9.9|4x|001a2b3c4d62"}, "noCreation 1"},
+                     {{"606.1.1.21.9.9.9|2|4"}, "noCreation 1"},
+                     {{"606.1.1.20.9.9.9|4x|001a2b3c4d62", "606.1.1.21.9.9.9|2|4"}, "noCreation 2"},
+                     {{"606.1.1.20.1.1.4|4x|001a2b3c4d"}, "wrongLength 1"},
+                     {create, "ok"}});
+    EXPECT_EQ(slot(), "4x|000000000000 2|3");
+    carryOut(store, {{{"606.1.1.20.1.1.4|4x|001a2b3c4d5e"}, "ok"}, {create, "ok"}});
+    EXPECT_EQ(slot(), "4x|001a2b3c4d5e 2|3");
+    carryOut(store, {{{"606.1.1.20.1.1.4|4x|001a2b3c4d61"}, "ok"}, {create, "ok"}});
+    EXPECT_EQ(slot(), "4x|001a2b3c4d61 2|1");
+    carryOut(store, {{{"606.1.1.21.1.1.4|2|6"}, "ok"}});
+    EXPECT_EQ(slot(), " ");
+    EXPECT_EQ(held(store, "606.1.1.1.1.1.4"), "4x|000000000000");
     // The slot without any onuBindMac takes one as well.
-    ASSERT_EQ(set(store_, {"606.1.1.20.1.1.4|4x|001a2b3c4d60"}), "ok");
-    ASSERT_EQ(set(store_, {"606.1.1.21.1.1.4|2|4"}), "ok");
-    EXPECT_EQ(value(21), "2|1");
-}
-
-TEST_F(BindMac, IsRefusedForAnAddressInUseUntilItIsAnother) {
-    ASSERT_EQ(set(store_, {"606.1.1.20.1.1.4|4x|001a2b3c4d5e"}), "ok");
-    ASSERT_EQ(set(store_, {"606.1.1.21.1.1.4|2|4"}), "ok");
-    EXPECT_EQ(value(21), "2|3");
-    ASSERT_EQ(set(store_, {"606.1.1.20.1.1.4|4x|001a2b3c4d61"}), "ok");
-    ASSERT_EQ(set(store_, {"606.1.1.21.1.1.4|2|4"}), "ok");
-    EXPECT_EQ(value(21), "2|1");
-}
-
-TEST_F(BindMac, NeedsAnAddressAndAnOnu) {
-    ASSERT_EQ(set(store_, {"606.1.1.21.1.1.4|2|4"}), "ok");
-    EXPECT_EQ(value(21), "2|3");
-    EXPECT_EQ(set(store_, {"606.1.1.20.9.9.9|4x|001a2b3c4d62"}), "noCreation 1");
-    EXPECT_EQ(set(store_, {"606.1.1.21.9.9.9|2|4"}), "noCreation 1");
-    EXPECT_EQ(set(store_, {"606.1.1.20.9.9.9|4x|001a2b3c4d62", "606.1.1.21.9.9.9|2|4"}),
-              "noCreation 2");
-    EXPECT_EQ(set(store_, {"606.1.1.20.1.1.4|4x|001a2b3c4d"}), "wrongLength 1");
+    carryOut(store, {{{"606.1.1.20.1.1.4|4x|001a2b3c4d60"}, "ok"}});
+    EXPECT_EQ(slot(), "4x|001a2b3c4d60 ");
+    carryOut(store, {{create, "ok"}});
+    EXPECT_EQ(slot(), "4x|001a2b3c4d60 2|1");
 }
 
 } // namespace
