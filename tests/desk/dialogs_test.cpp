@@ -17,11 +17,19 @@ using test::press;
 using test::problemIn;
 using test::withModal;
 
-ProfileDialog::Take takeInto(std::optional<AccessProfile>& taken) {
-    return [&taken](const AccessProfile& profile) {
-        taken = profile;
+template <typename Entry>
+auto takeInto(std::optional<Entry>& taken) {
+    return [&taken](const Entry& entry) {
+        taken = entry;
         return std::optional<Problem>();
     };
+}
+
+void enterSchool(const QWidget& dialog) {
+    enter(dialog, "nameEdt", "  School ");
+    enter(dialog, "agentEdt", " 10.0.0.1 ");
+    enter(dialog, "onuEdt", "1.1.1 ");
+    press(dialog, QDialogButtonBox::Ok);
 }
 
 TEST(ProfileDialog, GivesBackWhatItWasGiven) {
@@ -49,24 +57,20 @@ TEST(ProfileDialog, SecretsAreNeverReadable) {
     }
 }
 
-struct EnabledCase {
-    const char* version;
-    const char* level;
-    bool communities;
-    bool user;
-    bool auth;
-    bool priv;
-};
-
 TEST(ProfileDialog, EnablesWhatVersionAndLevelUseAndKeepsTheRest) {
-    constexpr EnabledCase cases[] = {{"v1", "authPriv", true, false, false, false},
-                                     {"v2c", "authPriv", true, false, false, false},
-                                     {"v3", "noAuthNoPriv", false, true, false, false},
-                                     {"v3", "authNoPriv", false, true, true, false},
-                                     {"v3", "authPriv", false, true, true, true}};
+    struct Case {
+        const char* version;
+        const char* level;
+        bool communities, user, auth, priv;
+    };
+    constexpr Case cases[] = {{"v1", "authPriv", true, false, false, false},
+                              {"v2c", "authPriv", true, false, false, false},
+                              {"v3", "noAuthNoPriv", false, true, false, false},
+                              {"v3", "authNoPriv", false, true, true, false},
+                              {"v3", "authPriv", false, true, true, true}};
     std::optional<AccessProfile> taken;
     ProfileDialog dialog(QStringLiteral("Edit"), test::v3Profile(), takeInto(taken), nullptr);
-    for (const EnabledCase& wanted : cases) {
+    for (const Case& wanted : cases) {
         choose(dialog, "versionCmb", wanted.version);
         choose(dialog, "levelCmb", wanted.level);
         SCOPED_TRACE(std::string(wanted.version) + " " + wanted.level);
@@ -116,14 +120,9 @@ TEST(OnuDialog, KeepsAnEntryItHasNoChoiceFor) {
     onu.menuFile = "own_menu.xml";
     onu.localeId = 1031;
     std::optional<OnuEntry> taken;
-    OnuDialog dialog(
-        QStringLiteral("Edit"), onu,
-        {.inventory = inventory, .menuDirectory = {}, .onNewProfile = [] {}},
-        [&](const OnuEntry& entered) {
-            taken = entered;
-            return std::optional<Problem>();
-        },
-        nullptr);
+    OnuDialog dialog(QStringLiteral("Edit"), onu,
+                     {.inventory = inventory, .menuDirectory = {}, .onNewProfile = [] {}},
+                     takeInto(taken), nullptr);
     press(dialog, QDialogButtonBox::Ok);
     ASSERT_TRUE(taken);
     EXPECT_EQ(*taken, onu);
@@ -140,10 +139,7 @@ TEST(OnuDialog, OffersTheMenusOfTheClientAndTrimsWhatIsTyped) {
     EXPECT_EQ(dialog.menuCmb->currentText().toStdString(), kGeneralMenu);
     EXPECT_GE(dialog.menuCmb->findText(QStringLiteral("epononu4590_menu.xml")), 0);
     EXPECT_LT(dialog.menuCmb->findText(QStringLiteral("snmpconfig.xml")), 0);
-    enter(dialog, "nameEdt", "  School ");
-    enter(dialog, "agentEdt", " 10.0.0.1 ");
-    enter(dialog, "onuEdt", "1.1.1 ");
-    press(dialog, QDialogButtonBox::Ok);
+    enterSchool(dialog);
     EXPECT_EQ(problemIn(dialog), "");
     ASSERT_TRUE(inventory.onus().contains("School"));
     EXPECT_EQ(inventory.onus().at("School").onu, "1.1.1");
@@ -157,10 +153,7 @@ TEST(OnuDialog, AProfileCanBeMadeWithoutLosingTheEntry) {
         {.inventory = inventory, .menuDirectory = {}, .onNewProfile = [&] { ++changes; }},
         [&](const OnuEntry& entered) { return inventory.putOnu(entered); }, nullptr);
     dialog.show();
-    enter(dialog, "nameEdt", "School");
-    enter(dialog, "agentEdt", "10.0.0.1");
-    enter(dialog, "onuEdt", "1.1.1");
-    press(dialog, QDialogButtonBox::Ok);
+    enterSchool(dialog);
     EXPECT_EQ(problemIn(dialog), "Access profile is missing");
 
     withModal([&] { dialog.newProfileBtn->click(); },

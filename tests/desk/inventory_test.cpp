@@ -65,135 +65,102 @@ const OnuCase kOnuCases[] = {
     {"UnknownProfile", [](OnuEntry& e) { e.profile = "lab"; }, "profile", "\"lab\""},
 };
 
-class OnuCheck : public testing::TestWithParam<OnuCase> {};
-
-TEST_P(OnuCheck, AcceptsOrNamesTheProblemAndChangesNothing) {
-    Inventory inventory = sampleInventory();
-    OnuEntry onu = sampleOnu("School");
-    GetParam().change(onu);
-
-    const auto problem = inventory.putOnu(onu);
-
-    ASSERT_EQ(problem.has_value(), GetParam().field != nullptr)
-        << (problem ? problem->text : "accepted");
+void expectProblem(const std::optional<Problem>& problem, const char* field, const char* text) {
+    ASSERT_EQ(problem.has_value(), field != nullptr) << (problem ? problem->text : "accepted");
     if (problem) {
-        EXPECT_EQ(problem->field, GetParam().field);
-        EXPECT_NE(problem->text.find(GetParam().text), std::string::npos) << problem->text;
-        EXPECT_EQ(inventory, sampleInventory());
-    } else {
-        EXPECT_EQ(inventory.onus().at(onu.name), onu);
-        EXPECT_EQ(inventory.onus().size(), 2U);
+        EXPECT_EQ(problem->field, field);
+        EXPECT_NE(problem->text.find(text), std::string::npos) << problem->text;
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, OnuCheck, testing::ValuesIn(kOnuCases),
-                         [](const auto& param) { return param.param.name; });
+TEST(OnuCheck, AcceptsOrNamesTheProblemAndChangesNothing) {
+    for (const OnuCase& each : kOnuCases) {
+        SCOPED_TRACE(each.name);
+        Inventory inventory = sampleInventory();
+        OnuEntry onu = sampleOnu("School");
+        each.change(onu);
+        expectProblem(inventory.putOnu(onu), each.field, each.text);
+        if (each.field != nullptr) {
+            EXPECT_EQ(inventory, sampleInventory());
+        } else {
+            EXPECT_EQ(inventory.onus().at(onu.name), onu);
+            EXPECT_EQ(inventory.onus().size(), 2U);
+        }
+    }
+}
 
 struct ProfileCase {
     const char* name;
-    std::function<AccessProfile()> make;
-    const char* field;
+    AccessProfile (*make)(const std::string& name);
+    std::function<void(AccessProfile&)> change;
+    const char* field; // null: accepted
     const char* text;
 };
-
-AccessProfile changedV3(const std::function<void(AccessProfile&)>& change) {
-    AccessProfile profile = v3Profile("new");
-    change(profile);
-    return profile;
-}
-
-AccessProfile changedV2(const std::function<void(AccessProfile&)>& change) {
-    AccessProfile profile = communityProfile("new");
-    change(profile);
-    return profile;
-}
 
 using host::AuthProtocol;
 using host::PrivProtocol;
 using host::SecurityLevel;
+using host::SnmpVersion;
+constexpr auto kV2 = &communityProfile;
+constexpr auto kV3 = &v3Profile;
 
 const ProfileCase kProfileCases[] = {
-    {"V2", [] { return changedV2([](auto&) {}); }, nullptr, ""},
-    {"V1", [] { return changedV2([](auto& p) { p.version = host::SnmpVersion::v1; }); }, nullptr,
-     ""},
-    {"V3", [] { return changedV3([](auto&) {}); }, nullptr, ""},
-    {"NoName", [] { return changedV2([](auto& p) { p.name.clear(); }); }, "name", "missing"},
-    {"NameInUse", [] { return changedV2([](auto& p) { p.name = "core"; }); }, "name",
+    {"V2", kV2, [](auto&) {}, nullptr, ""},
+    {"V1", kV2, [](auto& p) { p.version = SnmpVersion::v1; }, nullptr, ""},
+    {"V3", kV3, [](auto&) {}, nullptr, ""},
+    {"NoName", kV2, [](auto& p) { p.name.clear(); }, "name", "missing"},
+    {"NameInUse", kV2, [](auto& p) { p.name = "core"; }, "name",
      "already an access profile \"core\""},
-    {"NoReadCommunity", [] { return changedV2([](auto& p) { p.readCommunity.clear(); }); },
-     "readCommunity", "missing"},
-    {"ReadOnly", [] { return changedV2([](auto& p) { p.writeCommunity.clear(); }); }, nullptr, ""},
-    {"CommunityTooLong", [] { return changedV2([](auto& p) { p.writeCommunity = bytes(101); }); },
-     "writeCommunity", "100 bytes"},
-    {"V2IgnoresV3Part", [] { return changedV2([](auto& p) { p.v3.authPassphrase = "short"; }); },
-     nullptr, ""},
-    {"V3IgnoresCommunities", [] { return changedV3([](auto& p) { p.readCommunity.clear(); }); },
-     nullptr, ""},
-    {"NoUser", [] { return changedV3([](auto& p) { p.v3.user.clear(); }); }, "user", "missing"},
-    {"LongestUser", [] { return changedV3([](auto& p) { p.v3.user = bytes(32); }); }, nullptr, ""},
-    {"UserTooLong", [] { return changedV3([](auto& p) { p.v3.user = bytes(33); }); }, "user",
-     "32 bytes"},
-    {"NoLevel", [] { return changedV3([](auto& p) { p.v3.level = SecurityLevel::notSet; }); },
-     "level", "missing"},
-    {"NoAuthProtocol",
-     [] { return changedV3([](auto& p) { p.v3.authProtocol = AuthProtocol::none; }); },
-     "authProtocol", "missing"},
-    {"AuthPhraseTooShort",
-     [] { return changedV3([](auto& p) { p.v3.authPassphrase = bytes(7); }); }, "authPassphrase",
+    {"NoReadCommunity", kV2, [](auto& p) { p.readCommunity.clear(); }, "readCommunity", "missing"},
+    {"ReadOnly", kV2, [](auto& p) { p.writeCommunity.clear(); }, nullptr, ""},
+    {"CommunityTooLong", kV2, [](auto& p) { p.writeCommunity = bytes(101); }, "writeCommunity",
+     "100 bytes"},
+    {"V2IgnoresV3Part", kV2, [](auto& p) { p.v3.authPassphrase = "short"; }, nullptr, ""},
+    {"V3IgnoresCommunities", kV3, [](auto& p) { p.readCommunity.clear(); }, nullptr, ""},
+    {"NoUser", kV3, [](auto& p) { p.v3.user.clear(); }, "user", "missing"},
+    {"LongestUser", kV3, [](auto& p) { p.v3.user = bytes(32); }, nullptr, ""},
+    {"UserTooLong", kV3, [](auto& p) { p.v3.user = bytes(33); }, "user", "32 bytes"},
+    {"NoLevel", kV3, [](auto& p) { p.v3.level = SecurityLevel::notSet; }, "level", "missing"},
+    {"NoAuthProtocol", kV3, [](auto& p) { p.v3.authProtocol = AuthProtocol::none; }, "authProtocol",
+     "missing"},
+    {"AuthPhraseTooShort", kV3, [](auto& p) { p.v3.authPassphrase = bytes(7); }, "authPassphrase",
      "at least 8"},
-    {"NoAuthPhrase", [] { return changedV3([](auto& p) { p.v3.authPassphrase.clear(); }); },
-     "authPassphrase", "missing"},
-    {"NoPrivProtocol",
-     [] { return changedV3([](auto& p) { p.v3.privProtocol = PrivProtocol::none; }); },
-     "privProtocol", "missing"},
-    {"PrivPhraseTooShort",
-     [] { return changedV3([](auto& p) { p.v3.privPassphrase = bytes(7); }); }, "privPassphrase",
+    {"NoAuthPhrase", kV3, [](auto& p) { p.v3.authPassphrase.clear(); }, "authPassphrase",
+     "missing"},
+    {"NoPrivProtocol", kV3, [](auto& p) { p.v3.privProtocol = PrivProtocol::none; }, "privProtocol",
+     "missing"},
+    {"PrivPhraseTooShort", kV3, [](auto& p) { p.v3.privPassphrase = bytes(7); }, "privPassphrase",
      "at least 8"},
-    {"AuthNoPrivNeedsNoPrivPhrase",
-     [] {
-         return changedV3([](auto& p) {
-             p.v3.level = SecurityLevel::authNoPriv;
-             p.v3.privPassphrase.clear();
-         });
+    {"AuthNoPrivNeedsNoPrivPhrase", kV3,
+     [](auto& p) {
+         p.v3.level = SecurityLevel::authNoPriv;
+         p.v3.privPassphrase.clear();
      },
      nullptr, ""},
-    {"AuthNoPrivNeedsAuthPhrase",
-     [] {
-         return changedV3([](auto& p) {
-             p.v3.level = SecurityLevel::authNoPriv;
-             p.v3.authPassphrase = bytes(7);
-         });
+    {"AuthNoPrivNeedsAuthPhrase", kV3,
+     [](auto& p) {
+         p.v3.level = SecurityLevel::authNoPriv;
+         p.v3.authPassphrase = bytes(7);
      },
      "authPassphrase", "at least 8"},
-    {"NoAuthNeedsNoPhrases",
-     [] {
-         return changedV3(
-             [](auto& p) { p.v3 = {.user = "guest", .level = SecurityLevel::noAuthNoPriv}; });
-     },
-     nullptr, ""},
+    {"NoAuthNeedsNoPhrases", kV3,
+     [](auto& p) { p.v3 = {.user = "guest", .level = SecurityLevel::noAuthNoPriv}; }, nullptr, ""},
 };
 
-class ProfileCheck : public testing::TestWithParam<ProfileCase> {};
-
-TEST_P(ProfileCheck, AcceptsOrNamesTheProblemAndChangesNothing) {
-    Inventory inventory = sampleInventory();
-    const AccessProfile profile = GetParam().make();
-
-    const auto problem = inventory.putProfile(profile);
-
-    ASSERT_EQ(problem.has_value(), GetParam().field != nullptr)
-        << (problem ? problem->text : "accepted");
-    if (problem) {
-        EXPECT_EQ(problem->field, GetParam().field);
-        EXPECT_NE(problem->text.find(GetParam().text), std::string::npos) << problem->text;
-        EXPECT_EQ(inventory, sampleInventory());
-    } else {
-        EXPECT_EQ(inventory.profiles().at("new"), profile);
+TEST(ProfileCheck, AcceptsOrNamesTheProblemAndChangesNothing) {
+    for (const ProfileCase& each : kProfileCases) {
+        SCOPED_TRACE(each.name);
+        Inventory inventory = sampleInventory();
+        AccessProfile profile = each.make("new");
+        each.change(profile);
+        expectProblem(inventory.putProfile(profile), each.field, each.text);
+        if (each.field != nullptr) {
+            EXPECT_EQ(inventory, sampleInventory());
+        } else {
+            EXPECT_EQ(inventory.profiles().at("new"), profile);
+        }
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Table, ProfileCheck, testing::ValuesIn(kProfileCases),
-                         [](const auto& param) { return param.param.name; });
 
 TEST(Inventory, ReplacesAnEntryUnderItsOldOrANewName) {
     Inventory inventory = sampleInventory();
