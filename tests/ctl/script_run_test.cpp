@@ -4,69 +4,27 @@
 // the real program.
 #include "ctl/script_runner.h"
 #include "ctl/signal_watch.h"
-#include "ctl/window_driver.h"
+#include "demo_window.h"
 #include "support/client_tree.h"
+#include "support/program_run.h"
+#include "support/silent_port.h"
 #include "watched_text.h"
 
 #include <atomic>
 #include <csignal>
 #include <sstream>
 
-#include <arpa/inet.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
 #include <QApplication>
-#include <QProcess>
 
 #include <gtest/gtest.h>
 
 namespace onudesk::ctl {
 namespace {
 
-// A port of the loopback that nobody answers on.
-class SilentPort {
-public:
-    SilentPort() : socket_(::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        socklen_t size = sizeof address;
-        auto* const generic = reinterpret_cast<sockaddr*>(&address);
-        EXPECT_EQ(::bind(socket_, generic, size), 0);
-        EXPECT_EQ(::getsockname(socket_, generic, &size), 0);
-        port_ = ntohs(address.sin_port);
-    }
-    ~SilentPort() { ::close(socket_); }
-    SilentPort(const SilentPort&) = delete;
-    SilentPort& operator=(const SilentPort&) = delete;
+using test::ProgramRun;
 
-    [[nodiscard]] std::uint16_t port() const { return port_; }
-
-private:
-    int socket_;
-    std::uint16_t port_ = 0;
-};
-
-// The demonstration agent and the real plug-in in this process, with short time-outs.
-class RealWindow : public testing::Test {
+class RealWindow : public DemoWindow {
 protected:
-    void SetUp() override {
-        const std::filesystem::path client = ONUDESK_BUILD_CLIENT_DIR;
-        auto started = host::AgentLauncher::start(host::demoAgent(client));
-        ASSERT_TRUE(started) << started.error();
-        agent.emplace(std::move(started).value());
-        host::EngineOptions options;
-        options.timeoutUnit = std::chrono::milliseconds(10);
-        auto opened = host::ClientHost::open(client, options);
-        ASSERT_TRUE(opened) << opened.error();
-        clientHost = std::move(opened).value();
-        target.agentAddress = "127.0.0.1";
-        target.port = agent->port();
-        target.menuFileName = "epononuother_menu.xml";
-        host::useDemoAccess(target);
-        ASSERT_TRUE(host::parseOnuIndex("1.2.5", target));
-    }
     ExitCode run(const char* script) {
         auto steps = parseScript(script);
         if (!steps) {
@@ -85,7 +43,7 @@ protected:
                                               ++replies;
                                               observer.onReply(reply);
                                           }});
-        WindowDriver driver(*qobject_cast<QApplication*>(QApplication::instance()), *clientHost);
+        WindowDriver driver(application(), *clientHost);
         Recorder recorder;
         std::ostringstream out;
         std::ostream err(&told);
@@ -105,9 +63,6 @@ protected:
         return outcome;
     }
 
-    std::optional<host::AgentLauncher> agent;
-    std::unique_ptr<host::ClientHost> clientHost;
-    host::OnuTarget target;
     WatchedText told;
     std::atomic<int> requests = 0;
     std::atomic<int> replies = 0;
@@ -139,29 +94,10 @@ TEST_F(RealWindow, ClosingTheWindowIsAStepLikeAnother) {
     EXPECT_NE(told.str().find("line 4: the window is closed"), std::string::npos);
 }
 
-struct Outcome {
-    int status = -1;
-    std::string out;
-    std::string err;
-};
-
-Outcome finish(QProcess& process) {
-    EXPECT_TRUE(process.waitForFinished(60000));
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            process.readAllStandardOutput().toStdString(),
-            process.readAllStandardError().toStdString()};
-}
-
 // The script comes over standard input.
-Outcome onuctl(const std::string& script, const QStringList& options = {}) {
-    QProcess process;
-    process.start(
-        QStringLiteral(ONUCTL_FILE),
-        QStringList{QStringLiteral("--sim"), QStringLiteral("--onu"), QStringLiteral("1.2.5")} +
-            options + QStringList{QStringLiteral("run"), QStringLiteral("-")});
-    process.write(QByteArray::fromStdString(script));
-    process.closeWriteChannel();
-    return finish(process);
+ProgramRun onuctl(const std::string& script, const std::string& options = {}) {
+    return test::run(ONUCTL_FILE, "--sim --onu 1.2.5 " + options + "run -",
+                     QProcess::systemEnvironment(), script);
 }
 
 TEST(OnuctlRun, ExitStatusAndErrorTellWhatWentWrong) {
@@ -181,15 +117,15 @@ TEST(OnuctlRun, ExitStatusAndErrorTellWhatWentWrong) {
         {"open 606\nwait\nset macEdit 1", exitScriptFailed, "line 3: macEdit is disabled"},
     };
     for (const Case& expected : cases) {
-        const Outcome outcome = onuctl(expected.script);
+        const ProgramRun outcome = onuctl(expected.script);
         EXPECT_EQ(outcome.status, expected.status) << expected.script << outcome.err;
         EXPECT_NE(outcome.err.find(expected.told), std::string::npos) << outcome.err;
     }
 }
 
 TEST(OnuctlRun, TellsStepsAndPrintsLinesOfJson) {
-    const Outcome outcome = onuctl("# reads\nopen 606\nwait\nprint nameEdit\nexpect writes 0\n",
-                                   {QStringLiteral("--watch"), QStringLiteral("--json")});
+    const ProgramRun outcome =
+        onuctl("# reads\nopen 606\nwait\nprint nameEdit\nexpect writes 0\n", "--watch --json ");
     EXPECT_EQ(outcome.status, exitOk);
     EXPECT_NE(outcome.err.find("2: open 606\n3: wait\n4: print nameEdit\n5: expect writes 0\n"),
               std::string::npos)
@@ -198,15 +134,28 @@ TEST(OnuctlRun, TellsStepsAndPrintsLinesOfJson) {
     EXPECT_EQ(outcome.out.find('\n'), outcome.out.size() - 1) << outcome.out;
 }
 
+// Both directions; the page itself shows the password.
+TEST(OnuctlRun, KeepsThePasswordsOfTheOnuOutOfTraceAndWrites) {
+    const ProgramRun outcome =
+        onuctl("open 823\nwait\nselect modeComb PPPoE\nset passwordEdit hush-hush\n"
+               "click configBtn\nwait\nexpect passwordEdit text hush-hush\nprint writes\n",
+               "--trace - ");
+    EXPECT_EQ(outcome.status, exitOk) << outcome.err;
+    EXPECT_NE(outcome.out.find("voipGlobalParamPPPoEpwd 1.3"), std::string::npos) << outcome.out;
+    EXPECT_EQ(outcome.out.find("hush"), std::string::npos) << outcome.out;
+    EXPECT_EQ(outcome.out.find("f1restat10n"), std::string::npos) << outcome.out;
+}
+
 TEST(OnuctlRun, TheSecondSignalEndsTheWaitForAnAgentThatIsSilent) {
-    const SilentPort silent;
+    const test::SilentPort silent;
     const test::TemporaryDirectory directory;
     const auto script = directory.write("s.onu", "open 606\nwait\n");
     QProcess process;
     process.start(QStringLiteral(ONUCTL_FILE),
-                  {QStringLiteral("--agent"), QStringLiteral("127.0.0.1:%1").arg(silent.port()),
-                   QStringLiteral("--onu"), QStringLiteral("1.2.5"), QStringLiteral("--watch"),
-                   QStringLiteral("run"), QString::fromStdString(script.string())});
+                  QStringLiteral("--agent 127.0.0.1:%1 --onu 1.2.5 --watch run %2")
+                      .arg(silent.port())
+                      .arg(QString::fromStdString(script.string()))
+                      .split(QLatin1Char(' ')));
     process.setReadChannel(QProcess::StandardError);
     const auto waitForLine = [&](const char* text) {
         while (process.canReadLine() || process.waitForReadyRead(60000)) {
@@ -220,7 +169,7 @@ TEST(OnuctlRun, TheSecondSignalEndsTheWaitForAnAgentThatIsSilent) {
     ::kill(static_cast<pid_t>(process.processId()), SIGTERM);
     ASSERT_TRUE(waitForLine("s.onu: line 2: interrupted"));
     ::kill(static_cast<pid_t>(process.processId()), SIGINT);
-    const Outcome outcome = finish(process);
+    const ProgramRun outcome = test::finish(process);
     EXPECT_EQ(outcome.status, exitInterrupted) << outcome.err;
     EXPECT_EQ(outcome.err.find("time-out"), std::string::npos);
 }
