@@ -54,6 +54,6 @@ function(onudesk_test name)
         set(ARG_LABELS unit)
     endif()
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
-        PROPERTIES TIMEOUT 120 LABELS "${ARG_LABELS}"
+        PROPERTIES TIMEOUT $<IF:$<STREQUAL:${ONUDESK_SANITIZE},>,120,600> LABELS "${ARG_LABELS}"
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
 endfunction()
