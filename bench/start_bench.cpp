@@ -4,75 +4,22 @@
 // the same objects, and a Qt program that only shows an empty window. Then the memory of the
 // window.
 #include "host/client_host.h"
+#include "measure.h"
 #include "snmp/object_schema.h"
 
-#include <algorithm>
-#include <array>
-#include <chrono>
 #include <cstdio>
 #include <iostream>
 #include <string>
 #include <vector>
 
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using onudesk::bench::median;
+using onudesk::bench::Run;
+using onudesk::bench::run;
 
 constexpr int kRounds = 31;
 const std::filesystem::path kClient = BENCH_CLIENT_DIR;
-
-struct Run {
-    double milliseconds = 0;
-    std::string output;
-    int status = -1;
-};
-
-Run run(std::vector<std::string> words) {
-    std::vector<char*> arguments;
-    arguments.reserve(words.size() + 1);
-    for (std::string& word : words) {
-        arguments.push_back(word.data());
-    }
-    arguments.push_back(nullptr);
-    std::array<int, 2> pipe{};
-    if (::pipe2(pipe.data(), O_CLOEXEC) != 0) {
-        return {};
-    }
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, pipe[1], STDOUT_FILENO);
-    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-    Run result;
-    pid_t child = -1;
-    const auto begin = Clock::now();
-    const int spawned =
-        ::posix_spawnp(&child, arguments[0], &actions, nullptr, arguments.data(), environ);
-    ::close(pipe[1]);
-    std::array<char, 4096> block{};
-    for (ssize_t count = 0;
-         spawned == 0 && (count = ::read(pipe[0], block.data(), block.size())) > 0;) {
-        result.output.append(block.data(), static_cast<std::size_t>(count));
-    }
-    ::close(pipe[0]);
-    int status = 0;
-    if (spawned == 0 && ::waitpid(child, &status, 0) == child) {
-        result.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
-    result.milliseconds = std::chrono::duration<double, std::milli>(Clock::now() - begin).count();
-    posix_spawn_file_actions_destroy(&actions);
-    return result;
-}
-
-double median(std::vector<double> values) {
-    std::ranges::nth_element(values,
-                             values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2));
-    return values[values.size() / 2];
-}
 
 std::vector<std::string> snmpget(const std::string& peer, bool v3) {
     std::vector<std::string> words{"snmpget", "-Oqv"};

@@ -7,18 +7,17 @@
 #include "ctl/window_driver.h"
 #include "demo_target.h"
 #include "host/agent_launcher.h"
+#include "measure.h"
 #include "platform/files.h"
 #include "snmp/object_schema.h"
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <cstdio>
 #include <fstream>
 #include <iostream>
-#include <memory>
+#include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include <QApplication>
@@ -29,7 +28,9 @@
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using onudesk::bench::Clock;
+using onudesk::bench::median;
+using onudesk::bench::millisecondsSince;
 using onudesk::host::AgentLauncher;
 using onudesk::host::ClientHost;
 
@@ -46,15 +47,6 @@ constexpr int kRounds = 7;
 constexpr double kMostOfWalk = 1.5;  // of the walk's wall time
 constexpr double kLongestBlock = 50; // milliseconds
 const std::filesystem::path kClient = BENCH_CLIENT_DIR;
-
-double millisecondsSince(Clock::time_point begin) {
-    return std::chrono::duration<double, std::milli>(Clock::now() - begin).count();
-}
-
-double median(std::vector<double> values) {
-    std::ranges::sort(values);
-    return values[values.size() / 2];
-}
 
 // The objects of the table, its first one holding the row's number.
 const std::vector<onudesk::ObjectSchema>& columns(const Table& table) {
@@ -85,26 +77,14 @@ void writeRecording(const std::filesystem::path& path) {
             isFirst = false;
         }
     }
-    file << "1.3.6.1.4.1.27315.99999.1|2|1\n"; // a walk that meets the end of everything says so
+    file << onudesk::bench::kBehindEverything;
 }
 
-// Milliseconds of one walk by the tool, or a negative number when it does not get every value.
-double walk(const Table& table, std::uint16_t port) {
+// Milliseconds of one walk by the tool; nothing when it does not get every value.
+std::optional<double> walk(const Table& table, std::uint16_t port) {
     const std::string first = columns(table).front().object.oidstr;
-    const std::string command =
-        "snmpbulkwalk -v2c -c public -m '' -On 127.0.0.1:" + std::to_string(port) + " " +
-        first.substr(0, first.rfind('.'));
-    const auto begin = Clock::now();
-    const std::unique_ptr<FILE, int (*)(FILE*)> output(::popen(command.c_str(), "r"), ::pclose);
-    std::size_t lines = 0;
-    std::array<char, 65536> block{};
-    while (const std::size_t size =
-               output ? std::fread(block.data(), 1, block.size(), output.get()) : 0) {
-        lines += static_cast<std::size_t>(
-            std::ranges::count(std::string_view(block.data(), size), '\n'));
-    }
-    const std::size_t all = columns(table).size() * static_cast<std::size_t>(table.rows);
-    return lines == all ? millisecondsSince(begin) : -1;
+    return onudesk::bench::walk(port, first.substr(0, first.rfind('.')),
+                                columns(table).size() * static_cast<std::size_t>(table.rows));
 }
 
 // Ticks every millisecond as long as the event loop is not blocked.
@@ -156,10 +136,11 @@ bool measure(onudesk::ctl::WindowDriver& driver, const ClientHost& host, const T
     driver.waitUntilQuiet();
     for (int round = 0; round < kRounds; ++round) {
         reads.push_back(readTable(host, *driver.page()));
-        walks.push_back(walk(table, port));
-        if (reads.back().rows != table.rows || walks.back() < 0) {
+        const auto walked = walk(table, port);
+        if (reads.back().rows != table.rows || !walked) {
             return false;
         }
+        walks.push_back(*walked);
     }
     return true;
 }
