@@ -382,50 +382,94 @@ TEST(HelpBook, LinksOnlyToTopicsItHas) {
 
 // An operator who reads a message looks it up in the page's topic.
 TEST(HelpBook, QuotesTheMessagesOfThePagesAsShown) {
+    struct Message {
+        Message(int message, std::vector<std::string> places = {})
+            : id(message), arguments(std::move(places)) {}
+
+        int id;
+        std::vector<std::string> arguments;
+    };
     struct Topic {
         const char* name;
         bool writes; // and so tells whether it succeeded
-        std::vector<int> messages;
+        std::vector<Message> messages;
+    };
+    const auto range = [](const char* minimum, const char* maximum) {
+        return Message(11068, {minimum, maximum});
     };
     const Topic topics[] = {
+        {"onuAlarm", true, {}},
         {"onuBasic", true, {3026, 3028, 3029, 3030}},
+        {"onuCapability2", false, {}},
+        {"onuCls", true, {3021, 3029, 3034, 3036, 11069, 11157, 11204, 11686, range("0", "7")}},
+        {"onuComSession", true, {11069, 11204, range("1", "65535")}},
+        {"onuControlMulti", true, {3029, 3036, 3039, 3041, 11057, 11204, range("1", "4094")}},
         {"onuCosQueue", true, {11204}},
-        {"onuCls", true, {3021, 3029, 3034, 3036, 11069, 11157, 11204, 11686}},
-        {"onuCpuCar", true, {}},
-        {"onuCtcPortVlan", true, {3034, 3136, 3316, 3317, 11204}},
-        {"onuDba", true, {3031, 3032}},
+        {"onuCpuCar", true, {range("0", "10000")}},
+        {"onuCtcPortVlan",
+         true,
+         {3034, 3136, 3316, 3317, 11204, {20029, {"20a"}}, range("1", "4094")}},
+        {"onuDba", true, {3031, 3032, {20029, {"20a"}}, range("32", "640")}},
+        {"onuDiagnosis", false, {11246, 11303}},
+        {"onuEncription", true, {3110, 3111}},
+        {"onuFec", true, {}},
         {"onuIp", true, {11069}},
-        {"onuManagerVlan", true, {}},
-        {"onuLan", true, {3117, 3118, 3125, 11204}},
-        {"onuMacAge", true, {}},
-        {"onuMacFilter", true, {3029, 3036, 3038, 11057, 11204}},
-        {"onuMacLimit", true, {}},
-        {"onuMacMaxNum", true, {11204}},
+        {"onuLan", true, {3117, 3118, 3125, 11204, range("64", "1024000")}},
+        {"onuLoopback", true, {}},
+        {"onuLtAttribute", false, {}},
+        {"onuLtGain", true, {11204, range("0", "36")}},
+        {"onuLtIp", true, {11069}},
+        {"onuLtLines", true, {11204}},
+        {"onuLtPon", true, {}},
+        {"onuLtSelfSet", true, {range("0", "23"), range("0", "59"), range("0", "15")}},
+        {"onuMacAge", true, {range("1", "1048575")}},
+        {"onuMacFilter", true, {3029, 3036, 3038, 11057, 11204, range("1", "4094")}},
+        {"onuMacLimit", true, {range("1", "1000")}},
+        {"onuMacMaxNum", true, {11204, range("0", "1000")}},
+        {"onuManagerVlan", true, {range("1", "4094"), range("0", "4094"), range("1", "8")}},
+        {"onuMultiBase", true, {}},
+        {"onuMultiIgmp", true, {3040, 3042, 3043, 3044, 11204, range("1", "255")}},
+        {"onuMultiReport", true, {11204}},
         {"onuPortMode", true, {11204}},
+        {"onuPortPoe", true, {3194, 11204, 11774}},
         {"onuPortQinq", true, {11062, 11204}},
-        {"onuQinqConfig", true, {3045}},
-        {"onuQueueConfig", true, {3113, 3114, 3115}},
-        {"onuRate", true, {66407}},
+        {"onuPortStatus", true, {11204}},
+        {"onuQinqConfig", true, {3045, range("1501", "65535")}},
+        {"onuQueueConfig", true, {3113, 3114, 3115, range("1", "15")}},
+        {"onuRate", true, {66407, range("255", "1000000")}},
         {"onuReboot", true, {11077}},
         {"onuRepeatCosQueue", true, {3112, 11204}},
-        {"onuSvlanInsert", true, {3046, 3047, 3049, 11204, 11222, 11224}},
-        {"onuSvlanThrough", true, {3046, 3047, 3048, 3049, 11204, 11222, 11224}},
+        {"onuSvlanInsert", true, {3046, 3047, 3049, 11204, 11222, 11224, range("1", "4094")}},
+        {"onuSvlanThrough",
+         true,
+         {3046, 3047, 3048, 3049, 11204, 11222, 11224, range("1", "4094")}},
+        {"onuThreshold", false, {11292, 11293, 11294, 11295, 11304}},
         {"onuVersion", false, {}},
-        {"onuVlanConfig", true, {}},
+        {"onuVlanConfig", true, {range("1", "4094")}},
         {"onuVlanMode", true, {}},
+        {"onuVoip", true, {11069, range("1", "4094"), range("0", "4094"), range("1", "8")}},
+        {"onuVoipFaxModem", true, {}},
+        {"onuVoipH248",
+         true,
+         {11069, {3298, {"H.248"}}, range("0", "65535"), range("1", "65535"), range("0", "255")}},
+        {"onuVoipH248Rtp",
+         true,
+         {3271, {3298, {"H.248"}}, range("0", "255"), range("0", "4294967295")}},
+        {"onuVoipIad", false, {}},
     };
+    const std::filesystem::path book = kClient / "Help" / "confighelp";
     const std::array<std::pair<const char*, const char*>, 2> languages{
         std::pair{"libonuconfig.ENU", ".htm"}, std::pair{"libonuconfig.CHS", ".zh.htm"}};
     for (const auto& [file, suffix] : languages) {
         const LanguageModule module = language(file);
         for (const Topic& topic : topics) {
-            std::string page =
-                contents(kClient / "Help" / "confighelp" / (topic.name + std::string(suffix)));
+            std::string page = contents(book / (topic.name + std::string(suffix)));
             std::ranges::replace(page, '\n', ' ');
-            for (const int id : topic.messages) {
-                const std::string& text = module.text(id);
-                EXPECT_NE(text, "") << file << " " << id;
-                EXPECT_NE(page.find(text), std::string::npos) << topic.name << suffix << " " << id;
+            for (const Message& message : topic.messages) {
+                const std::string text = fillPlaces(module.text(message.id), message.arguments);
+                EXPECT_NE(text, "") << file << " " << message.id;
+                EXPECT_NE(page.find(text), std::string::npos)
+                    << topic.name << suffix << " " << text;
             }
             for (const int id : {11045, 11046}) {
                 EXPECT_EQ(page.find(module.text(id) + module.text(11002)) != std::string::npos,
@@ -434,6 +478,17 @@ TEST(HelpBook, QuotesTheMessagesOfThePagesAsShown) {
             }
         }
     }
+    // Every topic of a page stands in the list above.
+    std::set<std::string> listed{"index", "snmpSettings"};
+    for (const Topic& topic : topics) {
+        EXPECT_TRUE(listed.emplace(topic.name).second) << topic.name;
+    }
+    std::set<std::string> topicsOfBook;
+    for (const auto& entry : std::filesystem::directory_iterator(book)) {
+        const std::string name = entry.path().filename().string();
+        topicsOfBook.insert(name.substr(0, name.find('.')));
+    }
+    EXPECT_EQ(topicsOfBook, listed);
 }
 
 // The recipe for pages prints sources; they must be those that are built.
