@@ -19,6 +19,8 @@ elseif(ONUDESK_SANITIZE STREQUAL "thread")
     target_link_options(onudesk_options INTERFACE -fsanitize=thread)
 endif()
 if(ONUDESK_SANITIZE)
+    # Checks of the libraries in what they have inline: positions in containers and texts.
+    target_compile_definitions(onudesk_options INTERFACE _GLIBCXX_ASSERTIONS QT_FORCE_ASSERTS)
     # GCC 12 sees uninitialised variables, and frees of objects that it passed by itself, in what
     # the sanitizers add.
     target_compile_options(onudesk_options INTERFACE
