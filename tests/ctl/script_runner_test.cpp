@@ -250,6 +250,15 @@ TEST(ScriptRunner, WaitsUntilEverythingIsAnswered) {
     atEnd.window.busy = 3;
     atEnd.expectOk("");
     EXPECT_EQ(atEnd.window.busy, 0) << "a script ends with everything answered";
+
+    Stage late;
+    late.window.busy = 3;
+    late.window.whileBusy = [&] {
+        if (late.window.busy == 1) {
+            late.reply(RequestKind::read, 5, "genErr");
+        }
+    };
+    EXPECT_EQ(late.run(""), exitAgentError) << "the last answer counts";
 }
 
 TEST(ScriptRunner, ErrorsOfTheAgentDecideTheExitStatus) {
