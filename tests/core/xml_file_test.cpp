@@ -37,7 +37,7 @@ TEST(XmlFile, RefusesHostileAndBrokenFilesByName) {
         {std::string("<a>\0</a>", 8), "zero byte"},
         {"", "test"},
         {"   ", "test"},
-        {"<a><b></a>", "test"},
+        {"<a>\n\n<b></a>", "test:3: "},
         {"<a", "tag that does not end in line 1"},
         {"<!-- only a comment -->", "no root element"},
         {"<a>\xC3\x28</a>", "line 1 is not valid UTF-8"},
