@@ -19,6 +19,7 @@
 #include <utility>
 
 #include <QApplication>
+#include <QFontMetrics>
 
 namespace onudesk::ctl {
 
@@ -132,6 +133,8 @@ ExitCode runWindow(const Invocation& call) {
     std::string name = "onuctl";
     char* argv[] = {name.data(), nullptr};
     QApplication application(argc, argv);
+    // Looks for the fonts now, which takes long, instead of when the window is built.
+    static_cast<void>(QFontMetrics(QApplication::font()).height());
     opening.join();
     if (!opened) {
         call.err << "onuctl: " << problem << '\n';
