@@ -12,10 +12,7 @@ namespace {
 // Items of the menu that open nothing.
 const std::set<std::int32_t> kWithoutPage{676, 678, 826, 828, 887};
 
-class AllPages : public DemoWindow {
-protected:
-    AllPages() : DemoWindow(std::chrono::milliseconds(10)) {}
-};
+class AllPages : public DemoWindow {};
 
 // Windows on one host, one after the other: on an agent that answers and on one that does not. Each
 // is closed while reads are on their way or replies wait to be shown.

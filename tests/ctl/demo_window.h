@@ -20,16 +20,13 @@ namespace onudesk::ctl {
 // The demonstration agent and the real plug-in in this process, with short time-outs.
 class DemoWindow : public testing::Test {
 protected:
-    explicit DemoWindow(std::chrono::milliseconds timeoutUnit = std::chrono::milliseconds(50))
-        : timeoutUnit_(timeoutUnit) {}
-
     void SetUp() override {
         const std::filesystem::path client = ONUDESK_BUILD_CLIENT_DIR;
         auto started = host::AgentLauncher::start(host::demoAgent(client));
         ASSERT_TRUE(started) << started.error();
         agent.emplace(std::move(started).value());
         host::EngineOptions options;
-        options.timeoutUnit = timeoutUnit_;
+        options.timeoutUnit = std::chrono::milliseconds(50);
         auto opened = host::ClientHost::open(client, options);
         ASSERT_TRUE(opened) << opened.error();
         clientHost = std::move(opened).value();
@@ -46,9 +43,6 @@ protected:
     std::optional<host::AgentLauncher> agent;
     std::unique_ptr<host::ClientHost> clientHost;
     host::OnuTarget target;
-
-private:
-    const std::chrono::milliseconds timeoutUnit_;
 };
 
 } // namespace onudesk::ctl
