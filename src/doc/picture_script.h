@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+//
+// The steps that take a picture of every page and of the dialogs.
+#pragma once
+
+#include "mainform/menu_catalogue.h"
+
+#include <string>
+#include <vector>
+
+namespace onudesk {
+
+// A script for `onuctl run` over all items of the menu that have a page: a picture of the page and,
+// of a list, one of the dialog of its first row. `steps` has what is done instead of that dialog,
+// as lines "ITEM STEP; STEP"; those of item 0 come first. Needs what pageFacts() needs.
+[[nodiscard]] std::string pictureScript(const std::vector<MenuItem>& menu,
+                                        const std::string& steps);
+
+} // namespace onudesk
