@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cctype>
 #include <functional>
+#include <iterator>
 #include <optional>
 #include <set>
 #include <sstream>
@@ -364,109 +365,81 @@ private:
         return found;
     }
 
-    struct Message {
-        std::vector<std::string> heads;
-        std::vector<std::string> paragraphs;
-        bool result = false;
-    };
-
     // "{11068}" stands for all messages with that number, whatever fills their places.
     static bool covers(const std::string& head, const std::string& message) {
         return head == message ||
                (head.ends_with('}') && message.starts_with(head.substr(0, head.size() - 1) + ":"));
     }
 
-    std::string writeExplanations(const std::vector<Entry>& entries, const TopicFacts& facts) {
-        if (facts.buttons.empty() && entries.empty()) {
-            return {};
-        }
-        std::set<std::string> used; // heads of entries
-        const auto entryOf = [&](const std::string& message) -> const Entry* {
-            for (const Entry& entry : entries) {
-                for (const std::string& head : entry.heads) {
-                    if (covers(head, message)) {
-                        used.insert(head);
-                        return &entry;
-                    }
-                }
-            }
-            return nullptr;
-        };
-        std::string buttons;
-        for (const Explained& button : facts.buttons) {
-            std::string text;
-            for (const std::string& each :
-                 paragraphs(entryOf(button.head), button.standard, button.head)) {
-                text += (text.empty() ? "" : " ") + each;
-            }
-            buttons += row("<b>" + escaped(headText(button.head)) + "</b>", text);
-        }
-        if (!buttons.empty()) {
-            buttons = heading("buttons") + kTable + buttons + "</table>\n";
-        }
-
-        std::vector<Message> messages;
-        const auto isButton = [&](const std::string& head) {
+    static const Entry* entryOf(const std::vector<Entry>& entries, const std::string& message) {
+        const auto found = std::ranges::find_if(entries, [&](const Entry& entry) {
             return std::ranges::any_of(
-                facts.buttons, [&](const Explained& button) { return button.head == head; });
+                entry.heads, [&](const std::string& head) { return covers(head, message); });
+        });
+        return found == entries.end() ? nullptr : &*found;
+    }
+
+    // The messages of a topic: by hand in their order, those of the page that are left, results.
+    std::vector<Explained> inOrder(const std::vector<Entry>& entries, const TopicFacts& facts) {
+        std::vector<Explained> found;
+        const auto has = [](const std::vector<Explained>& list, const std::string& head) {
+            return std::ranges::find(list, head, &Explained::head) != list.end();
         };
-        std::map<const Entry*, std::size_t> placeOfEntry;
-        const auto add = [&](const Explained& message, bool result) {
-            const Entry* entry = entryOf(message.head);
-            auto text = paragraphs(entry, message.standard, message.head);
-            const bool joins = !messages.empty() && messages.back().paragraphs == text;
-            if (!joins) {
-                messages.push_back({{}, std::move(text), result});
-            }
-            messages.back().heads.push_back(message.head);
-        };
-        // By hand first, in their order.
         for (const Entry& entry : entries) {
             for (const std::string& head : entry.heads) {
-                if (isButton(head)) {
+                if (has(facts.buttons, head) || has(facts.results, head)) {
                     continue;
                 }
-                std::vector<Explained> meant;
-                for (const Explained& message : facts.messages) {
-                    if (covers(head, message.head)) {
-                        meant.push_back(message);
-                    }
-                }
-                const bool result = std::ranges::any_of(
-                    facts.results, [&](const Explained& each) { return each.head == head; });
-                if (result) {
+                const std::size_t before = found.size();
+                std::ranges::copy_if(
+                    facts.messages, std::back_inserter(found),
+                    [&](const Explained& message) { return covers(head, message.head); });
+                if (found.size() > before) {
                     continue;
                 }
-                if (meant.empty()) {
-                    const int id = placeOf(head.substr(1)).id;
-                    if (message::config <= id && id <= message::cancel) {
-                        problem("explains " + head + ", which is none of its buttons");
-                    }
-                    meant.push_back({head, {}});
+                const int id = placeOf(head.substr(1)).id;
+                if (message::config <= id && id <= message::cancel) {
+                    problem("explains " + head + ", which is none of its buttons");
                 }
-                for (const Explained& message : meant) {
-                    add(message, false);
-                }
+                found.push_back({head, {}});
             }
         }
         for (const Explained& message : facts.messages) {
-            if (entryOf(message.head) == nullptr) {
-                add(message, false);
+            if (!has(found, message.head)) {
+                found.push_back(message);
             }
         }
-        for (const Explained& message : facts.results) {
-            add(message, true);
-        }
-        std::string out;
-        for (const Message& message : messages) {
-            for (const std::string& head : message.heads) {
-                out += "<dt><b>" + escaped(headText(head)) + "</b></dt>\n";
+        found.insert(found.end(), facts.results.begin(), facts.results.end());
+        return found;
+    }
+
+    std::string writeExplanations(const std::vector<Entry>& entries, const TopicFacts& facts) {
+        std::string buttons;
+        for (const auto& [head, standardName] : facts.buttons) {
+            std::string text;
+            for (const std::string& each : paragraphs(entryOf(entries, head), standardName, head)) {
+                text += (text.empty() ? "" : " ") + each;
             }
-            for (const std::string& each : message.paragraphs) {
-                out += "<dd>" + inlined(each) + "</dd>\n";
-            }
+            buttons += row("<b>" + escaped(headText(head)) + "</b>", text);
         }
-        return buttons + (out.empty() ? "" : heading("messages") + "<dl>\n" + out + "</dl>\n");
+        std::string messages;
+        std::vector<std::string> last; // explanation of the messages above
+        const auto end = [&] {
+            for (const std::string& each : last) {
+                messages += "<dd>" + inlined(each) + "</dd>\n";
+            }
+        };
+        for (const auto& [head, standardName] : inOrder(entries, facts)) {
+            std::vector<std::string> text = paragraphs(entryOf(entries, head), standardName, head);
+            if (text != last) {
+                end();
+                last = std::move(text);
+            }
+            messages += "<dt><b>" + escaped(headText(head)) + "</b></dt>\n";
+        }
+        end();
+        return (buttons.empty() ? "" : heading("buttons") + kTable + buttons + "</table>\n") +
+               (messages.empty() ? "" : heading("messages") + "<dl>\n" + messages + "</dl>\n");
     }
 
     std::string heading(const std::string& name) {
