@@ -43,11 +43,19 @@ function(onudesk_library name kind)
     set_target_properties(${name} PROPERTIES AUTOMOC ${ARG_MOC})
 endfunction()
 
-# onudesk_test(NAME [LABELS...] SOURCES... LIBS... [MOC]): one GoogleTest program, run headless.
+# Tests are compiled fast: what they test is optimised, they themselves are not.
+set(ONUDESK_TEST_OPTIONS -O0 -U_FORTIFY_SOURCE)
+
+# onudesk_test(NAME [LABELS...] SOURCES... LIBS... [PCH headers...] [MOC]): one GoogleTest program,
+# run headless.
 function(onudesk_test name)
-    cmake_parse_arguments(ARG "MOC" "" "SOURCES;LIBS;LABELS" ${ARGN})
+    cmake_parse_arguments(ARG "MOC" "" "SOURCES;LIBS;LABELS;PCH" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE onudesk_options ${ARG_LIBS} GTest::gtest)
+    target_compile_options(${name} PRIVATE ${ONUDESK_TEST_OPTIONS})
+    if(ARG_PCH)
+        target_precompile_headers(${name} PRIVATE ${ARG_PCH})
+    endif()
     set_target_properties(${name} PROPERTIES AUTOMOC ${ARG_MOC}
         RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
     target_compile_definitions(${name} PRIVATE
