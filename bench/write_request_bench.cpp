@@ -3,7 +3,7 @@
 // A write request of 20 bindings, built as pages do it and read back as the host does it.
 #include "bridge/session.h"
 #include "onudesk/messages.h"
-#include "snmp/request.h"
+#include "window/request.h"
 
 #include <benchmark/benchmark.h>
 

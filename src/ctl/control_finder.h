@@ -3,7 +3,7 @@
 // Finding controls by name, as the operator would: what is in front first.
 #pragma once
 
-#include "bridge/result.h"
+#include "base/result.h"
 
 #include <string>
 #include <vector>

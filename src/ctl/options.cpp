@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/options.h"
 
-#include "bridge/read_number.h"
+#include "base/numbers.h"
 
 #include <map>
 #include <utility>
@@ -51,7 +51,9 @@ constexpr option kLongOptions[] = {
 
 template <typename Number>
 bool readCount(const std::string& text, Number& number) {
-    return readNumber(text, number) && number >= 0;
+    const auto count = parseNumber<Number>(text);
+    number = count.value_or(number);
+    return count && *count >= 0;
 }
 
 bool readVersion(const std::string& text, host::SnmpVersion& version) {
@@ -65,7 +67,7 @@ bool readVersion(const std::string& text, host::SnmpVersion& version) {
     return true;
 }
 
-Result<bool> wrong(const std::string& name, const std::string& text, const std::string& wanted) {
+Result<void> wrong(const std::string& name, const std::string& text, const std::string& wanted) {
     return Error{name + " " + text + ": must be " + wanted};
 }
 
@@ -73,7 +75,7 @@ fs::path outputPath(const std::string& text) {
     return text == kStandardOutput ? fs::path(text) : fs::absolute(text);
 }
 
-Result<bool> takeOption(int code, const std::string& text, Options& options) {
+Result<void> takeOption(int code, const std::string& text, Options& options) {
     host::OnuTarget& target = options.target;
     if (text.empty() && optarg != nullptr) {
         return Error{"an option has an empty value"};
@@ -84,55 +86,59 @@ Result<bool> takeOption(int code, const std::string& text, Options& options) {
         if (!text.empty()) {
             options.recording = fs::absolute(text);
         }
-        return true;
+        return {};
     case optAgent:
         return host::parseAgent(text, target);
     case 'v':
-        return readVersion(text, target.version) ? true : wrong("-v", text, "1, 2c or 3");
+        return readVersion(text, target.version) ? Result<void>() : wrong("-v", text, "1, 2c or 3");
     case optOnu:
         return host::parseOnuIndex(text, target)
-                   ? true
+                   ? Result<void>()
                    : wrong("--onu", text, "numbers as in OLT.PON.ONU");
     case optSub:
-        return readCount(text, target.subIndex) ? true : wrong("--sub", text, "a number");
+        return readCount(text, target.subIndex) ? Result<void>() : wrong("--sub", text, "a number");
     case optItem:
-        return readCount(text, target.subUnitItemType) ? true : wrong("--item", text, "a number");
+        return readCount(text, target.subUnitItemType) ? Result<void>()
+                                                       : wrong("--item", text, "a number");
     case optMenu:
         target.menuFileName = text;
-        return text.size() <= host::kMaxParamText ? true : wrong("--menu", text, "a shorter name");
+        return text.size() <= host::kMaxParamText ? Result<void>()
+                                                  : wrong("--menu", text, "a shorter name");
     case optClient:
         options.clientDirectory = fs::absolute(text);
-        return true;
+        return {};
     case optLocale:
-        return readCount(text, target.localeId) ? true : wrong("--locale", text, "a number");
+        return readCount(text, target.localeId) ? Result<void>()
+                                                : wrong("--locale", text, "a number");
     case optSecrets:
         options.secretsFile = fs::absolute(text);
-        return true;
+        return {};
     case optTrace:
         options.traceFile = outputPath(text);
-        return true;
+        return {};
     case optJson:
         options.json = true;
-        return true;
+        return {};
     case optWatch:
         options.watch = true;
-        return true;
+        return {};
     case optHelp:
         options.command = Command::help;
-        return true;
+        return {};
     case optVersion:
         options.command = Command::version;
-        return true;
+        return {};
     default:
         return Error{"unknown option or missing value; see onuctl --help"};
     }
 }
 
-Result<bool> takeItem(const std::string& text, Options& options) {
-    return readCount(text, options.item) ? true : wrong("item", text, "an item type number");
+Result<void> takeItem(const std::string& text, Options& options) {
+    return readCount(text, options.item) ? Result<void>()
+                                         : wrong("item", text, "an item type number");
 }
 
-Result<bool> takeCommand(const std::vector<std::string>& words, Options& options) {
+Result<void> takeCommand(const std::vector<std::string>& words, Options& options) {
     if (words.empty()) {
         return Error{"no command; see onuctl --help"};
     }
@@ -140,7 +146,7 @@ Result<bool> takeCommand(const std::vector<std::string>& words, Options& options
     const std::size_t arguments = words.size() - 1;
     if (name == "items" && arguments == 0) {
         options.command = Command::items;
-        return true;
+        return {};
     }
     if (name == "show" && arguments == 1) {
         options.command = Command::show;
@@ -161,12 +167,12 @@ Result<bool> takeCommand(const std::vector<std::string>& words, Options& options
         options.command = Command::run;
         options.scriptFile =
             words[1] == kStandardInput ? fs::path(words[1]) : fs::absolute(words[1]);
-        return true;
+        return {};
     }
     return Error{"unknown command or wrong number of arguments: " + name + "; see onuctl --help"};
 }
 
-Result<bool> checkConnection(const Options& options) {
+Result<void> checkConnection(const Options& options) {
     const host::OnuTarget& target = options.target;
     if (options.simulate == !target.agentAddress.empty()) {
         return Error{"give either --sim or --agent"};
@@ -177,7 +183,7 @@ Result<bool> checkConnection(const Options& options) {
     if (options.watch && options.command != Command::run) {
         return Error{"--watch goes with run only"};
     }
-    return true;
+    return {};
 }
 
 } // namespace
@@ -200,7 +206,7 @@ Result<Options> parseOptions(const std::vector<std::string>& arguments) {
     opterr = 0;
     for (int code = 0;
          (code = ::getopt_long(count, pointers.data(), "+v:", kLongOptions, nullptr)) != -1;) {
-        const Result<bool> taken =
+        const Result<void> taken =
             takeOption(code, optarg == nullptr ? std::string() : std::string(optarg), options);
         if (!taken) {
             return Error{taken.error()};
@@ -220,7 +226,7 @@ Result<Options> parseOptions(const std::vector<std::string>& arguments) {
             words.push_back(word);
         }
     }
-    for (const Result<bool>& step : {takeCommand(words, options), checkConnection(options)}) {
+    for (const Result<void>& step : {takeCommand(words, options), checkConnection(options)}) {
         if (!step) {
             return Error{step.error()};
         }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "bridge/result.h"
+#include "base/result.h"
 #include "host/client_host.h"
 
 #include <filesystem>

@@ -39,11 +39,11 @@ struct Invocation {
     std::ostream& err;
 };
 
-Result<bool> readSecrets(Options& options) {
+Result<void> readSecrets(Options& options) {
     if (options.simulate) {
         host::useDemoAccess(options.target);
     }
-    Result<bool> taken = readSecretsEnvironment(options.target);
+    Result<void> taken = readSecretsEnvironment(options.target);
     if (taken && options.secretsFile) {
         taken = readSecretsFile(*options.secretsFile, options.target);
     }
@@ -174,7 +174,7 @@ ExitCode runProgram(const std::vector<std::string>& arguments, std::ostream& out
         out << (options->command == Command::help ? usageText() : kVersion);
         return exitOk;
     }
-    if (const Result<bool> secrets = readSecrets(*options); !secrets) {
+    if (const Result<void> secrets = readSecrets(*options); !secrets) {
         err << "onuctl: " << secrets.error() << '\n';
         return exitUsage;
     }

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/script.h"
 
-#include "bridge/read_number.h"
+#include "base/file.h"
+#include "base/numbers.h"
+#include "base/text.h"
 #include "ctl/options.h"
-#include "env/xml_file.h"
 
 #include <algorithm>
 #include <array>
@@ -62,12 +63,9 @@ bool isOneOf(std::string_view text, std::initializer_list<std::string_view> choi
 }
 
 bool takeCount(std::string_view text, std::int32_t& number) {
-    std::int32_t taken = 0;
-    if (!readNumber(text, taken) || taken < 0) {
-        return false;
-    }
-    number = taken;
-    return true;
+    const auto taken = parseNumber<std::int32_t>(text);
+    number = taken && *taken >= 0 ? *taken : number;
+    return taken && *taken >= 0;
 }
 
 bool isProperty(std::string_view text) {
@@ -210,13 +208,6 @@ Result<Step> parseStep(std::string_view text) {
     return step;
 }
 
-std::string_view withoutBlanksAround(std::string_view line) {
-    const auto last = line.find_last_not_of(" \t\r");
-    line = line.substr(0, last == std::string_view::npos ? 0 : last + 1);
-    line.remove_prefix(std::min(line.find_first_not_of(kBlanks), line.size()));
-    return line;
-}
-
 Result<std::string> readStandardInput() {
     std::string text(kMaxScriptBytes + 1, '\0');
     std::cin.read(text.data(), static_cast<std::streamsize>(text.size()));
@@ -234,10 +225,8 @@ Result<std::string> readStandardInput() {
 
 Result<std::vector<Step>> parseScript(std::string_view text) {
     std::vector<Step> steps;
-    for (int number = 1; !text.empty(); ++number) {
-        const auto end = std::min(text.find('\n'), text.size());
-        const std::string_view line = withoutBlanksAround(text.substr(0, end));
-        text.remove_prefix(std::min(end + 1, text.size()));
+    for (const auto& [number, whole] : lines(text)) {
+        const std::string_view line = trimmed(whole, " \t\r");
         if (line.empty() || line.starts_with('#')) {
             continue;
         }

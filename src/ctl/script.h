@@ -3,7 +3,7 @@
 // Scripts: one step per line, read whole and checked before the first one runs.
 #pragma once
 
-#include "bridge/result.h"
+#include "base/result.h"
 
 #include <cstdint>
 #include <filesystem>

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/secrets.h"
 
-#include "env/xml_file.h"
+#include "base/file.h"
+#include "base/text.h"
 
 #include <algorithm>
 #include <array>
@@ -84,7 +85,7 @@ std::string environmentName(const std::string& setting) {
 }
 
 // The value is never repeated in an error: it may be a secret that slipped into the wrong line.
-Result<bool> takeLine(const std::string& line, OnuTarget& target) {
+Result<void> takeLine(const std::string& line, OnuTarget& target) {
     const auto equals = line.find('=');
     const std::string name = line.substr(0, equals);
     const auto* const setting =
@@ -95,12 +96,12 @@ Result<bool> takeLine(const std::string& line, OnuTarget& target) {
     if (!setting->take(target, line.substr(equals + 1))) {
         return Error{"unknown or too long value of " + name};
     }
-    return true;
+    return {};
 }
 
 } // namespace
 
-Result<bool> readSecretsFile(const std::filesystem::path& file, OnuTarget& target) {
+Result<void> readSecretsFile(const std::filesystem::path& file, OnuTarget& target) {
     struct stat status {};
     if (::stat(file.c_str(), &status) == 0 && (status.st_mode & (S_IRWXG | S_IRWXO)) != 0) {
         return Error{file.string() + ": others can read it; chmod 600 it first"};
@@ -109,26 +110,19 @@ Result<bool> readSecretsFile(const std::filesystem::path& file, OnuTarget& targe
     if (!text) {
         return Error{text.error()};
     }
-    int number = 0;
-    for (std::string_view rest = *text; !rest.empty();) {
-        const auto end = std::min(rest.find('\n'), rest.size());
-        std::string line(rest.substr(0, end));
-        rest.remove_prefix(std::min(end + 1, rest.size()));
-        ++number;
-        if (line.ends_with('\r')) {
-            line.pop_back();
-        }
+    for (const Line& each : lines(*text)) {
+        const std::string line(withoutReturn(each.text));
         if (line.empty() || line.starts_with('#')) {
             continue;
         }
-        if (const Result<bool> taken = takeLine(line, target); !taken) {
-            return Error{file.string() + ":" + std::to_string(number) + ": " + taken.error()};
+        if (const Result<void> taken = takeLine(line, target); !taken) {
+            return Error{file.string() + ":" + std::to_string(each.number) + ": " + taken.error()};
         }
     }
-    return true;
+    return {};
 }
 
-Result<bool> readSecretsEnvironment(OnuTarget& target) {
+Result<void> readSecretsEnvironment(OnuTarget& target) {
     for (const Setting& setting : kSettings) {
         const std::string name = environmentName(setting.name);
         const char* value = std::getenv(name.c_str());
@@ -136,7 +130,7 @@ Result<bool> readSecretsEnvironment(OnuTarget& target) {
             return Error{name + ": unknown or too long value"};
         }
     }
-    return true;
+    return {};
 }
 
 } // namespace onudesk::ctl

@@ -8,7 +8,7 @@
 //     v3-auth-protocol=SHA    …
 #pragma once
 
-#include "bridge/result.h"
+#include "base/result.h"
 #include "host/client_host.h"
 
 #include <filesystem>
@@ -18,9 +18,9 @@ namespace onudesk::ctl {
 
 // Lines are NAME=VALUE; blank lines and lines that start with "#" are skipped. Fails on files that
 // others can read, and on unknown names or values, with file and line.
-[[nodiscard]] Result<bool> readSecretsFile(const std::filesystem::path& file,
+[[nodiscard]] Result<void> readSecretsFile(const std::filesystem::path& file,
                                            host::OnuTarget& target);
 // Takes what the environment sets. Fails on values that cannot be used.
-[[nodiscard]] Result<bool> readSecretsEnvironment(host::OnuTarget& target);
+[[nodiscard]] Result<void> readSecretsEnvironment(host::OnuTarget& target);
 
 } // namespace onudesk::ctl

@@ -29,7 +29,7 @@
 // hand: a line of its own for each, "name: text".
 #pragma once
 
-#include "bridge/result.h"
+#include "base/result.h"
 #include "env/language_module.h"
 #include "mainform/menu_catalogue.h"
 

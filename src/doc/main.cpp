@@ -9,6 +9,7 @@
 #include "doc/objects_document.h"
 #include "doc/page_facts.h"
 #include "doc/picture_script.h"
+#include "base/file.h"
 #include "env/xml_file.h"
 
 #include <filesystem>

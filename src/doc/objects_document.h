@@ -3,7 +3,7 @@
 // docs/objects.md: what a person knows of the objects, joined with what the catalogue says of them.
 #pragma once
 
-#include "bridge/result.h"
+#include "base/result.h"
 #include "snmp/object_schema.h"
 
 #include <string>

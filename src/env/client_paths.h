@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// Places in the client's directory tree and its help book.
+// Places in the client's directory tree.
 #pragma once
 
-#include <filesystem>
-#include <functional>
-#include <map>
-#include <optional>
 #include <string>
 
 namespace onudesk {
@@ -15,33 +11,8 @@ namespace onudesk {
 [[nodiscard]] std::string clientRoot(const std::string& programPath);
 // The same for the running program.
 [[nodiscard]] std::string clientRoot();
-// clientRoot() + "\Help\" + name, as texts and command lines show it.
-[[nodiscard]] std::string helpFileName(const std::string& name);
 
 inline constexpr const char* kMenuDirectory = "..\\CONF\\snmp\\";
 inline constexpr const char* kCatalogueFile = "..\\conf\\snmp\\snmpconfig.xml";
-
-// Key text to topic ("DBA" to "onuDba.htm").
-using HelpIndex = std::map<std::string, std::string>;
-
-// Reads `path` into the index. Lines are "anything=topic<TAB>… key": the topic ends at the first
-// tab after the "=", the key is what follows the first blank after the "=". Lines are cut at 1023
-// bytes, a carriage return at their end is dropped, lines without all three marks are skipped. A
-// key that is already there keeps its topic and is told to `onDuplicate`. A file that cannot be
-// read changes nothing.
-void loadHelpIndex(HelpIndex& index, const std::filesystem::path& path,
-                   const std::function<void(const std::string& key)>& onDuplicate);
-
-// The index of this process, filled by loadHelpIndexOnce().
-[[nodiscard]] const HelpIndex& currentHelpIndex();
-// Loads client root + "\Help\" + name + ".txt" unless the index holds something already; duplicate
-// keys are shown to the operator.
-void loadHelpIndexOnce(const std::string& name);
-// Empties the index, as a fresh load of the library finds it.
-void clearHelpIndex();
-
-// Opens client root + "\Help\" + name + ".chm" at the topic of the key. An unknown key opens
-// nothing.
-void openPageHelp(const std::string& key, const HelpIndex& index, const std::string& name);
 
 } // namespace onudesk

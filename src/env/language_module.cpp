@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "env/language_module.h"
 
+#include "base/numbers.h"
 #include "env/xml_file.h"
 #include "platform/desktop.h"
 #include "platform/files.h"

@@ -5,7 +5,7 @@
 //     <language><text id="11068">Enter a value from %s to %s.</text></language>
 #pragma once
 
-#include "bridge/result.h"
+#include "base/result.h"
 
 #include <cstdint>
 #include <filesystem>

@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "env/xml_file.h"
 
+#include "base/file.h"
 #include "platform/files.h"
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
-#include <charconv>
-#include <fstream>
-#include <system_error>
 #include <utility>
 
 #include <iconv.h>
@@ -16,8 +13,6 @@
 namespace onudesk {
 
 namespace {
-
-constexpr std::string_view kBlanks = " \t\r\n\v\f";
 
 bool startsName(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
@@ -30,12 +25,13 @@ class MarkupCheck {
 public:
     explicit MarkupCheck(std::string_view text) : text_(text) {}
 
-    // What is wrong with the text, empty when it may be parsed.
-    [[nodiscard]] std::string problem() {
+    // What is wrong with the text.
+    [[nodiscard]] Result<void> run() {
         while (problem_.empty() && (at_ = text_.find('<', at_)) != std::string_view::npos) {
             markup();
         }
-        return problem_.empty() ? std::string() : problem_ + " in line " + std::to_string(line());
+        return problem_.empty() ? Result<void>()
+                                : Error{problem_ + " in line " + std::to_string(line())};
     }
 
 private:
@@ -139,29 +135,6 @@ XmlDocument parseText(const std::string& text, int tabSize) {
 
 } // namespace
 
-Result<std::string> readFile(const std::filesystem::path& path, std::size_t limit) {
-    std::error_code error;
-    if (std::filesystem::is_directory(path, error)) {
-        return Error{path.string() + ": is a directory"};
-    }
-    std::ifstream file(path, std::ios::binary);
-    if (!file) {
-        return Error{path.string() + ": " + std::generic_category().message(errno)};
-    }
-    std::string bytes;
-    std::array<char, 65536> block{};
-    while (file.read(block.data(), block.size()) || file.gcount() > 0) {
-        bytes.append(block.data(), static_cast<std::size_t>(file.gcount()));
-        if (bytes.size() > limit) {
-            return Error{path.string() + ": larger than " + std::to_string(limit) + " bytes"};
-        }
-    }
-    if (file.bad()) {
-        return Error{path.string() + ": cannot be read"};
-    }
-    return bytes;
-}
-
 Result<std::string> toUtf8(std::string_view bytes, const std::string& encoding) {
     const iconv_t converter = ::iconv_open("UTF-8", encoding.c_str());
     // NOLINTNEXTLINE: iconv's own failure value
@@ -203,8 +176,8 @@ Result<XmlDocument> parseXml(std::string_view bytes, const std::string& name) {
     if (!text) {
         return Error{name + ": " + text.error()};
     }
-    if (const std::string problem = MarkupCheck(*text).problem(); !problem.empty()) {
-        return Error{name + ": " + problem};
+    if (const Result<void> markup = MarkupCheck(*text).run(); !markup) {
+        return Error{name + ": " + markup.error()};
     }
     XmlDocument document = parseText(*text, 0);
     if (document->Error()) {
@@ -229,24 +202,6 @@ Result<XmlDocument> loadXml(const std::filesystem::path& path) {
 std::string attribute(const TiXmlElement& element, const char* name) {
     const char* value = element.Attribute(name);
     return value == nullptr ? std::string() : std::string(value);
-}
-
-int leadingInteger(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
-    const bool negative = text.starts_with('-');
-    if (negative || text.starts_with('+')) {
-        text.remove_prefix(1);
-    }
-    constexpr int limit = 2147483647;
-    int value = 0;
-    for (const char c : text) {
-        if (c < '0' || c > '9') {
-            break;
-        }
-        const int digit = c - '0';
-        value = value > (limit - digit) / 10 ? limit : value * 10 + digit;
-    }
-    return negative ? -value : value;
 }
 
 } // namespace onudesk

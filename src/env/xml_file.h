@@ -3,7 +3,7 @@
 // Loading XML files nobody has to trust: catalogue, menus, language modules.
 #pragma once
 
-#include "bridge/result.h"
+#include "base/result.h"
 
 #include <cstddef>
 #include <filesystem>
@@ -16,12 +16,7 @@
 
 namespace onudesk {
 
-inline constexpr std::size_t kMaxTextFileBytes = std::size_t{8} * 1024 * 1024;
 inline constexpr int kMaxXmlDepth = 64;
-
-// The whole file; fails when it cannot be read or is larger than `limit` bytes.
-[[nodiscard]] Result<std::string> readFile(const std::filesystem::path& path,
-                                           std::size_t limit = kMaxTextFileBytes);
 
 // UTF-8 of `bytes` written in `encoding`; fails on bytes the encoding does not have.
 [[nodiscard]] Result<std::string> toUtf8(std::string_view bytes, const std::string& encoding);
@@ -36,9 +31,5 @@ using XmlDocument = std::unique_ptr<TiXmlDocument>;
 
 // The attribute's text, empty when it is missing.
 [[nodiscard]] std::string attribute(const TiXmlElement& element, const char* name);
-
-// Leading white space is skipped, an optional sign taken, then digits up to the first other
-// character; without digits 0. Values out of range saturate.
-[[nodiscard]] int leadingInteger(std::string_view text);
 
 } // namespace onudesk

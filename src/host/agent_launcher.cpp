@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "host/agent_launcher.h"
 
+#include "base/endpoint.h"
+
 #include <array>
 #include <cerrno>
-#include <charconv>
 #include <csignal>
 #include <cstring>
 #include <optional>
@@ -69,11 +70,9 @@ std::optional<std::uint16_t> announcedPort(std::string_view output) {
     if (end == std::string_view::npos) {
         return std::nullopt;
     }
-    const std::string_view line = output.substr(begin, end - begin);
-    const std::string_view digits = line.substr(line.rfind(':') + 1);
-    std::uint16_t port = 0;
-    const auto parsed = std::from_chars(digits.data(), digits.data() + digits.size(), port);
-    return parsed.ec == std::errc() && port != 0 ? std::optional(port) : std::nullopt;
+    const auto place = begin + kReadyLine.size();
+    const auto endpoint = parseEndpoint(output.substr(place, end - place));
+    return endpoint && endpoint->port != 0 ? std::optional(endpoint->port) : std::nullopt;
 }
 
 std::vector<std::string> commandLine(const LaunchOptions& options) {

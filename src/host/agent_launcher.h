@@ -3,7 +3,7 @@
 // A private simulated agent, as a child process on a free loopback port.
 #pragma once
 
-#include "bridge/result.h"
+#include "base/result.h"
 
 #include <chrono>
 #include <cstdint>

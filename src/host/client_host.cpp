@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "host/client_host.h"
 
-#include "bridge/read_number.h"
+#include "base/endpoint.h"
+#include "base/numbers.h"
 #include "env/client_paths.h"
 #include "onudesk/exports.h"
 #include "platform/files.h"
 #include "platform/window_messages.h"
 #include "snmp/object_schema.h"
-#include "snmp/request.h"
 
 #include <algorithm>
 #include <span>
@@ -24,6 +24,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr std::uint16_t kSnmpPort = 161;
+
 // The bytes that fit, with a terminator after them.
 void copyText(const std::string& text, std::span<char> field) {
     const std::size_t length = std::min(text.size(), field.size() - 1);
@@ -32,8 +34,7 @@ void copyText(const std::string& text, std::span<char> field) {
 }
 
 Result<std::string> resolveHost(const std::string& host) {
-    in_addr address{};
-    if (::inet_pton(AF_INET, host.c_str(), &address) == 1) {
+    if (isIpv4Address(host)) {
         return host;
     }
     addrinfo hints{};
@@ -74,7 +75,8 @@ bool parseOnuIndex(const std::string& text, OnuTarget& target) {
     std::string_view rest = text;
     for (std::int32_t& number : numbers) {
         const auto dot = rest.find('.');
-        if (!readNumber(rest.substr(0, dot), number) || number < 0) {
+        number = parseNumber<std::int32_t>(rest.substr(0, dot)).value_or(-1);
+        if (number < 0) {
             return false;
         }
         if (dot == std::string_view::npos) {
@@ -92,20 +94,18 @@ bool parseOnuIndex(const std::string& text, OnuTarget& target) {
     return true;
 }
 
-Result<bool> parseAgent(const std::string& text, OnuTarget& target) {
-    const auto colon = text.find(':');
-    std::uint16_t port = 161;
-    if (colon != std::string::npos &&
-        (!readNumber(std::string_view(text).substr(colon + 1), port) || port == 0)) {
+Result<void> parseAgent(const std::string& text, OnuTarget& target) {
+    const std::optional<Endpoint> agent = parseEndpoint(text, kSnmpPort);
+    if (!agent || agent->port == 0) {
         return Error{"agent " + text + ": the port must be a number from 1 to 65535"};
     }
-    Result<std::string> address = resolveHost(text.substr(0, colon));
+    Result<std::string> address = resolveHost(agent->host);
     if (!address) {
         return Error{address.error()};
     }
     target.agentAddress = *address;
-    target.port = port;
-    return true;
+    target.port = agent->port;
+    return {};
 }
 
 LaunchOptions demoAgent(const fs::path& clientDirectory) {

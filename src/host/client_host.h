@@ -7,7 +7,7 @@
 //     (*host)->show(*application, target);
 #pragma once
 
-#include "bridge/result.h"
+#include "base/result.h"
 #include "host/access.h"
 #include "host/agent_launcher.h"
 #include "host/snmp_engine.h"
@@ -50,7 +50,7 @@ inline constexpr std::size_t kMaxParamText = 100;
 // Reads "OLT.PON.ONU" or a shorter form of it ("1.2", "1") into the target.
 [[nodiscard]] bool parseOnuIndex(const std::string& text, OnuTarget& target);
 // Reads "HOST" or "HOST:PORT"; the host is a dotted IPv4 address or a name that resolves to one.
-[[nodiscard]] Result<bool> parseAgent(const std::string& text, OnuTarget& target);
+[[nodiscard]] Result<void> parseAgent(const std::string& text, OnuTarget& target);
 
 // The simulator and demonstration files of a client tree.
 [[nodiscard]] LaunchOptions demoAgent(const std::filesystem::path& clientDirectory);

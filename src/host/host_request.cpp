@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "host/host_request.h"
 
+#include "base/endpoint.h"
+#include "base/hexadecimal.h"
 #include "bridge/code_para_access.h"
-#include "host/snmp_value.h"
 #include "onudesk/messages.h"
-#include "snmp/request.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -76,40 +76,46 @@ bool known(SnmpVersion version) {
     return version == SnmpVersion::v1 || version == SnmpVersion::v2c || version == SnmpVersion::v3;
 }
 
-// The reason why the settings cannot be used, empty when they can.
-std::string v3Problem(const V3Access& v3) {
+// Fails with the reason why the settings cannot be used.
+Result<void> checkV3(const V3Access& v3) {
     const bool authenticates = v3.level >= SecurityLevel::authNoPriv;
     const bool encrypts = v3.level == SecurityLevel::authPriv;
     if (v3.user.empty()) {
-        return "SNMPv3 needs a user name";
+        return Error{"SNMPv3 needs a user name"};
     }
     if (v3.level == SecurityLevel::notSet) {
-        return "SNMPv3 needs a security level";
+        return Error{"SNMPv3 needs a security level"};
     }
     if (!v3.engineId.empty() &&
         (v3.engineId.size() < kMinEngineId || v3.engineId.size() > kMaxEngineId)) {
-        return "the engine id must have 5 to 32 bytes";
+        return Error{"the engine id must have 5 to 32 bytes"};
     }
     if (authenticates && v3.authProtocol == AuthProtocol::none) {
-        return "the security level needs an authentication protocol";
+        return Error{"the security level needs an authentication protocol"};
     }
     if (authenticates && v3.authPassphrase.size() < kMinPassphrase) {
-        return "the authentication pass phrase is shorter than 8 characters";
+        return Error{"the authentication pass phrase is shorter than 8 characters"};
     }
     if (encrypts && v3.privProtocol == PrivProtocol::none) {
-        return "the security level needs a privacy protocol";
+        return Error{"the security level needs a privacy protocol"};
     }
     if (encrypts && v3.privPassphrase.size() < kMinPassphrase) {
-        return "the privacy pass phrase is shorter than 8 characters";
+        return Error{"the privacy pass phrase is shorter than 8 characters"};
     }
     return {};
+}
+
+// Digits, optionally after "0x".
+std::optional<std::string> parseEngineId(std::string_view digits) {
+    const bool prefixed = digits.starts_with("0x") || digits.starts_with("0X");
+    return bytesFromHex(digits.substr(prefixed ? 2 : 0));
 }
 
 Result<V3Access> v3Entries(const CodeParaReader& reader) {
     const std::int32_t level = signedEntry(reader, CP_V3_SEC_LEVEL);
     const std::int32_t auth = signedEntry(reader, CP_V3_AUTH_PROTO);
     const std::int32_t priv = signedEntry(reader, CP_V3_PRIV_PROTO);
-    const auto engineId = bytesFromHex(textEntry(reader, CP_V3_ENGINE_ID));
+    const auto engineId = parseEngineId(textEntry(reader, CP_V3_ENGINE_ID));
     if (!between(level, 1, 3)) {
         return Error{"unknown security level " + std::to_string(level)};
     }
@@ -166,8 +172,8 @@ Result<V3Access> decodeV3(const CodeParaReader& reader, const V3Access& defaults
     if (!v3) {
         return v3;
     }
-    if (std::string problem = v3Problem(*v3); !problem.empty()) {
-        return Error{std::move(problem)};
+    if (const Result<void> usable = checkV3(*v3); !usable) {
+        return Error{usable.error()};
     }
     return reduced(std::move(v3).value());
 }
@@ -240,7 +246,7 @@ Result<std::vector<Binding>> decodeBindings(const DllClientCodePara& para) {
 } // namespace
 
 std::string agentName(const AgentAccess& access) {
-    return addressText(access.address) + ":" + std::to_string(access.port);
+    return Endpoint{addressText(access.address), access.port}.text();
 }
 
 RequestKind requestKind(const DllClientCodePara& para) {

@@ -3,7 +3,7 @@
 // Requests as the host works with them, taken out of the records that the window posts.
 #pragma once
 
-#include "bridge/result.h"
+#include "base/result.h"
 #include "host/access.h"
 #include "onudesk/code_para.h"
 #include "snmp/oid.h"

@@ -3,7 +3,7 @@
 // What one read request of the window asks an agent for.
 #pragma once
 
-#include "bridge/result.h"
+#include "base/result.h"
 #include "snmp/object_schema.h"
 #include "snmp/oid.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/secret_mask.h"
 
-#include "host/snmp_value.h"
+#include "base/hexadecimal.h"
 
 #include <algorithm>
 

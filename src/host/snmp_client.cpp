@@ -105,11 +105,11 @@ void SnmpClient::sendMessage(Exchanges::iterator at, Protection protection) {
     const std::uint64_t message = at->first * kAttemptsPerExchange + exchange.attempts.size();
     exchange.attempts.push_back(protection);
     exchange.due = Clock::now() + exchange.timeout;
-    const std::string problem =
+    const Result<void> sent =
         exchange.session->send(protection == Protection::authOnly ? emptyGet() : exchange.pdu,
                                protection, message, exchange.timeout * (exchange.attemptsLeft + 1));
-    if (!problem.empty()) {
-        finish(at, {.status = error_status::sendFailed, .text = problem});
+    if (!sent) {
+        finish(at, {.status = error_status::sendFailed, .text = sent.error()});
     }
 }
 

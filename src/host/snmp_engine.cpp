@@ -8,7 +8,7 @@
 #include "host/write_job.h"
 #include "onudesk/messages.h"
 #include "platform/window_messages.h"
-#include "snmp/request.h"
+#include "window/request.h"
 
 #include <algorithm>
 #include <optional>

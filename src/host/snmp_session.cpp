@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/snmp_session.h"
 
+#include "base/endpoint.h"
 #include "host/wire_pdu.h"
-#include "snmp/request.h"
 
 #include <array>
 #include <cerrno>
@@ -84,7 +84,7 @@ void SnmpSession::Close::operator()(void* handle) const noexcept {
 Result<std::unique_ptr<SnmpSession>> SnmpSession::open(const SessionSettings& settings,
                                                        AnswerSink& sink) {
     std::unique_ptr<SnmpSession> session(new SnmpSession(settings, sink));
-    std::string peer = "udp:" + addressText(settings.address) + ":" + std::to_string(settings.port);
+    std::string peer = "udp:" + Endpoint{addressText(settings.address), settings.port}.text();
     std::string community = settings.community;
     netsnmp_session wanted;
     snmp_sess_init(&wanted);
@@ -142,11 +142,11 @@ void SnmpSession::activateUser() {
     user_->makeCurrent();
 }
 
-std::string SnmpSession::send(const Pdu& pdu, Protection protection, std::uint64_t message,
-                              std::chrono::milliseconds lifetime) {
+Result<void> SnmpSession::send(const Pdu& pdu, Protection protection, std::uint64_t message,
+                               std::chrono::milliseconds lifetime) {
     PduPtr wire = makeLibraryPdu(pdu, settings_.version, protection);
     if (!wire) {
-        return "a value cannot be encoded";
+        return Error{"a value cannot be encoded"};
     }
     wire->flags |= UCD_MSG_FLAG_PDU_TIMEOUT;
     wire->time = static_cast<u_long>(std::chrono::ceil<std::chrono::seconds>(lifetime).count());
@@ -157,7 +157,7 @@ std::string SnmpSession::send(const Pdu& pdu, Protection protection, std::uint64
     noteSocketError();
     void* const magic = reinterpret_cast<void*>(message); // NOLINT(performance-no-int-to-ptr)
     if (snmp_sess_async_send(handle_.get(), wire.get(), onLibraryAnswer, magic) == 0) {
-        return libraryError(*snmp_sess_session(handle_.get()));
+        return Error{libraryError(*snmp_sess_session(handle_.get()))};
     }
     static_cast<void>(wire.release());
     return {};

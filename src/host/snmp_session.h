@@ -3,7 +3,7 @@
 // One Net-SNMP session: one agent, one way to ask it. Worker thread only.
 #pragma once
 
-#include "bridge/result.h"
+#include "base/result.h"
 #include "host/access.h"
 #include "host/snmp_value.h"
 #include "host/usm_user.h"
@@ -76,10 +76,10 @@ public:
     // Asks for the engine and its clock anew, unless the settings name the engine.
     void forgetEngine();
 
-    // Sends one message and listens for answers to it for `lifetime`. The text is the reason of a
-    // failure, empty on success.
-    [[nodiscard]] std::string send(const Pdu& pdu, Protection protection, std::uint64_t message,
-                                   std::chrono::milliseconds lifetime);
+    // Sends one message and listens for answers to it for `lifetime`. Fails with the library's
+    // reason.
+    [[nodiscard]] Result<void> send(const Pdu& pdu, Protection protection, std::uint64_t message,
+                                    std::chrono::milliseconds lifetime);
     // Takes what the socket holds.
     void receive();
     // Drops messages whose lifetime is over.

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "host/snmp_value.h"
 
+#include "base/hexadecimal.h"
+#include "base/numbers.h"
+#include "base/text.h"
+
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <limits>
 
 namespace onudesk::host {
@@ -15,16 +17,6 @@ constexpr std::size_t kIpAddressBytes = 4;
 bool isNumber(std::uint8_t valueTag) {
     return valueTag == tag::integer || valueTag == tag::counter || valueTag == tag::gauge ||
            valueTag == tag::timeTicks || valueTag == tag::counter64;
-}
-
-template <typename Number>
-std::optional<Number> strictNumber(std::string_view text) {
-    Number number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || end != text.data() + text.size()) {
-        return std::nullopt;
-    }
-    return number;
 }
 
 std::optional<std::string> parseQuad(std::string_view text) {
@@ -48,13 +40,13 @@ std::string quadText(std::string_view octets) {
 
 std::optional<SnmpValue> parseNumber(std::uint8_t valueTag, std::string_view text) {
     if (valueTag == tag::integer) {
-        const auto number = strictNumber<std::int32_t>(text);
+        const auto number = onudesk::parseNumber<std::int32_t>(text);
         return number ? std::optional(
                             SnmpValue{.tag = valueTag,
                                       .number = static_cast<std::uint64_t>(std::int64_t{*number})})
                       : std::nullopt;
     }
-    const auto number = strictNumber<std::uint64_t>(text);
+    const auto number = onudesk::parseNumber<std::uint64_t>(text);
     const std::uint64_t limit = valueTag == tag::counter64
                                     ? std::numeric_limits<std::uint64_t>::max()
                                     : std::numeric_limits<std::uint32_t>::max();
@@ -115,39 +107,6 @@ std::size_t oidLength(const Oid& oid) {
     return length;
 }
 
-// Length of the UTF-8 sequence at the front, 0 when it is none.
-std::size_t sequenceLength(std::string_view bytes) {
-    const auto byteAt = [&](std::size_t at) { return static_cast<std::uint8_t>(bytes[at]); };
-    const std::uint8_t lead = byteAt(0);
-    const std::size_t length = lead < 0x80    ? 1
-                               : lead < 0xC2  ? 0
-                               : lead < 0xE0  ? 2
-                               : lead < 0xF0  ? 3
-                               : lead <= 0xF4 ? 4
-                                              : 0;
-    if (length == 0 || length > bytes.size()) {
-        return 0;
-    }
-    for (std::size_t at = 1; at < length; ++at) {
-        if ((byteAt(at) & 0xC0) != 0x80) {
-            return 0;
-        }
-    }
-    // Overlong forms, surrogates and numbers above U+10FFFF show in the second byte.
-    const bool bad =
-        length > 1 && ((lead == 0xE0 && byteAt(1) < 0xA0) || (lead == 0xED && byteAt(1) >= 0xA0) ||
-                       (lead == 0xF0 && byteAt(1) < 0x90) || (lead == 0xF4 && byteAt(1) >= 0x90));
-    return bad ? 0 : length;
-}
-
-constexpr std::string_view kBreaks = "\n\r\t";
-
-bool isControl(std::string_view sequence) {
-    const auto lead = static_cast<std::uint8_t>(sequence[0]);
-    return (sequence.size() == 1 && (lead < 0x20 || lead == 0x7F)) ||
-           (sequence.size() == 2 && lead == 0xC2 && static_cast<std::uint8_t>(sequence[1]) < 0xA0);
-}
-
 } // namespace
 
 bool isMissing(const SnmpValue& value) {
@@ -199,50 +158,6 @@ Result<SnmpValue> parseValue(std::uint32_t wanted, const std::string& bytes) {
     }
     return Error{"\"" + (isLine(bytes) ? bytes : hexDigits(bytes)) + "\" is not " +
                  std::string(wantedText(valueTag))};
-}
-
-bool isLine(std::string_view bytes) {
-    return isText(bytes) && bytes.find_first_of(kBreaks) == std::string_view::npos;
-}
-
-bool isText(std::string_view bytes) {
-    while (!bytes.empty()) {
-        const std::size_t length = sequenceLength(bytes);
-        const bool breaks = length == 1 && kBreaks.find(bytes.front()) != std::string_view::npos;
-        if (length == 0 || (!breaks && isControl(bytes.substr(0, length)))) {
-            return false;
-        }
-        bytes.remove_prefix(length);
-    }
-    return true;
-}
-
-std::string hexDigits(std::string_view bytes) {
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
-    std::string text;
-    text.reserve(bytes.size() * 2);
-    for (const char byte : bytes) {
-        const auto value = static_cast<std::uint8_t>(byte);
-        text += kDigits[value >> 4];
-        text += kDigits[value & 0x0F];
-    }
-    return text;
-}
-
-std::optional<std::string> bytesFromHex(std::string_view digits) {
-    if (digits.starts_with("0x") || digits.starts_with("0X")) {
-        digits.remove_prefix(2);
-    }
-    std::string bytes;
-    for (; digits.size() >= 2; digits.remove_prefix(2)) {
-        std::uint8_t value = 0;
-        const auto [end, error] = std::from_chars(digits.data(), digits.data() + 2, value, 16);
-        if (error != std::errc() || end != digits.data() + 2) {
-            return std::nullopt;
-        }
-        bytes += static_cast<char>(value);
-    }
-    return digits.empty() ? std::optional(bytes) : std::nullopt;
 }
 
 } // namespace onudesk::host

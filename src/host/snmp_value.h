@@ -3,7 +3,7 @@
 // SNMP values and the texts in which they cross the boundary.
 #pragma once
 
-#include "bridge/result.h"
+#include "base/result.h"
 #include "snmp/oid.h"
 
 #include <cstddef>
@@ -59,14 +59,5 @@ using VarBinds = std::vector<VarBind>;
 // The value to write: octet strings as they are, everything else strictly from its text. Fails on
 // tags that cannot be written.
 [[nodiscard]] Result<SnmpValue> parseValue(std::uint32_t tag, const std::string& bytes);
-
-// Valid UTF-8 (RFC 3629) without control characters.
-[[nodiscard]] bool isLine(std::string_view bytes);
-// The same, but for line breaks and tabs.
-[[nodiscard]] bool isText(std::string_view bytes);
-// Two upper-case digits per byte.
-[[nodiscard]] std::string hexDigits(std::string_view bytes);
-// The bytes behind an even number of digits of either case, optionally after "0x".
-[[nodiscard]] std::optional<std::string> bytesFromHex(std::string_view digits);
 
 } // namespace onudesk::host

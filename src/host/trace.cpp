@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/trace.h"
 
-#include "host/snmp_value.h"
+#include "base/hexadecimal.h"
+#include "base/text.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "mainform/config_main_form.h"
 
-#include "env/client_paths.h"
+#include "env/help_index.h"
 #include "env/language_module.h"
 #include "env/message_ids.h"
 #include "mainform/page_table.h"
 #include "pages/framework/controls.h"
 #include "pages/framework/item_dialog.h"
 #include "platform/desktop.h"
-#include "snmp/request.h"
+#include "window/request.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>

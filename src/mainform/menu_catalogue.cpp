@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "mainform/menu_catalogue.h"
 
+#include "base/numbers.h"
 #include "env/client_paths.h"
 #include "env/xml_file.h"
 #include "platform/desktop.h"

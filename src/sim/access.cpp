@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "sim/access.h"
 
-#include "env/xml_file.h"
+#include "base/file.h"
+#include "base/text.h"
 
 #include <algorithm>
 #include <optional>
@@ -12,7 +13,7 @@ namespace onudesk::sim {
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r";
+constexpr std::string_view kBetweenWords = " \t\r";
 constexpr std::size_t kMaxUserName = 32;
 constexpr std::size_t kMinPhrase = 8;
 constexpr const char* kUserForm = "expected user NAME noAuthNoPriv|authNoPriv|authPriv "
@@ -23,12 +24,12 @@ using Words = std::vector<std::string>;
 std::optional<Words> splitWords(std::string_view line) {
     Words words;
     while (true) {
-        line.remove_prefix(std::min(line.find_first_not_of(kBlanks), line.size()));
+        line.remove_prefix(std::min(line.find_first_not_of(kBetweenWords), line.size()));
         if (line.empty()) {
             return words;
         }
         const bool quoted = line.front() == '"';
-        const auto end = quoted ? line.find('"', 1) : line.find_first_of(kBlanks);
+        const auto end = quoted ? line.find('"', 1) : line.find_first_of(kBetweenWords);
         if (quoted && end == std::string_view::npos) {
             return std::nullopt;
         }
@@ -47,7 +48,7 @@ bool takeWrite(Words& words, std::size_t shortest) {
     return write;
 }
 
-std::optional<Error> addCommunity(Access& access, const Words& words) {
+Result<void> addCommunity(Access& access, const Words& words) {
     if (words.size() != 3 || (words[1] != "read" && words[1] != "write")) {
         return Error{"expected community read|write NAME"};
     }
@@ -57,10 +58,10 @@ std::optional<Error> addCommunity(Access& access, const Words& words) {
     if (!access.communities.emplace(words[2], words[1] == "write").second) {
         return Error{"community \"" + words[2] + "\" is given twice"};
     }
-    return std::nullopt;
+    return {};
 }
 
-std::optional<Error> readProtection(User& user, const Words& words) {
+Result<void> readProtection(User& user, const Words& words) {
     if (words[3] != "MD5" && words[3] != "SHA") {
         return Error{"unknown digest \"" + words[3] + "\", expected MD5 or SHA"};
     }
@@ -76,7 +77,7 @@ std::optional<Error> readProtection(User& user, const Words& words) {
         (words.size() > 5 && user.privPhrase.size() < kMinPhrase)) {
         return Error{"a pass phrase has at least 8 characters"};
     }
-    return std::nullopt;
+    return {};
 }
 
 struct LevelForm {
@@ -89,7 +90,7 @@ constexpr LevelForm kLevels[] = {{"noAuthNoPriv", SecurityLevel::noAuthNoPriv, 3
                                  {"authNoPriv", SecurityLevel::authNoPriv, 5},
                                  {"authPriv", SecurityLevel::authPriv, 7}};
 
-std::optional<Error> addUser(Access& access, Words words) {
+Result<void> addUser(Access& access, Words words) {
     if (words.size() < 3) {
         return Error{kUserForm};
     }
@@ -107,23 +108,23 @@ std::optional<Error> addUser(Access& access, Words words) {
         return Error{"a user name has 1 to 32 bytes"};
     }
     if (form->level != SecurityLevel::noAuthNoPriv) {
-        if (auto error = readProtection(user, words)) {
-            return error;
+        if (Result<void> read = readProtection(user, words); !read) {
+            return read;
         }
     }
     if (!access.users.emplace(words[1], std::move(user)).second) {
         return Error{"user \"" + words[1] + "\" is given twice"};
     }
-    return std::nullopt;
+    return {};
 }
 
-std::optional<Error> addLine(Access& access, std::string_view line) {
+Result<void> addLine(Access& access, std::string_view line) {
     std::optional<Words> words = splitWords(line);
     if (!words) {
         return Error{"a quoted word does not end"};
     }
     if (words->empty() || words->front().starts_with('#')) {
-        return std::nullopt;
+        return {};
     }
     if (words->front() == "community") {
         return addCommunity(access, *words);
@@ -153,12 +154,10 @@ Access defaultAccess() {
 
 Result<Access> parseAccess(std::string_view bytes, const std::string& name) {
     Access access;
-    for (std::size_t number = 1; !bytes.empty(); ++number) {
-        const auto end = std::min(bytes.find('\n'), bytes.size());
-        if (const auto error = addLine(access, bytes.substr(0, end))) {
-            return Error{name + ":" + std::to_string(number) + ": " + error->text};
+    for (const Line& line : lines(bytes)) {
+        if (const Result<void> added = addLine(access, line.text); !added) {
+            return Error{name + ":" + std::to_string(line.number) + ": " + added.error()};
         }
-        bytes.remove_prefix(std::min(end + 1, bytes.size()));
     }
     return access;
 }

@@ -12,7 +12,7 @@
 // said.
 #pragma once
 
-#include "bridge/result.h"
+#include "base/result.h"
 
 #include <filesystem>
 #include <map>

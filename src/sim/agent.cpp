@@ -82,7 +82,7 @@ public:
     NetSnmpAgent(const NetSnmpAgent&) = delete;
     NetSnmpAgent& operator=(const NetSnmpAgent&) = delete;
 
-    [[nodiscard]] std::optional<Error> listen(const Endpoint& endpoint);
+    [[nodiscard]] Result<void> listen(const Endpoint& endpoint);
     [[nodiscard]] const Endpoint& endpoint() const override { return endpoint_; }
     void serve(int stopDescriptor) override;
 
@@ -103,7 +103,7 @@ private:
     Changes undo_;
 };
 
-std::optional<Error> NetSnmpAgent::listen(const Endpoint& endpoint) {
+Result<void> NetSnmpAgent::listen(const Endpoint& endpoint) {
     errno = 0;
     netsnmp_transport* transport =
         netsnmp_transport_open_server(kName, ("udp:" + endpoint.text()).c_str());
@@ -112,7 +112,7 @@ std::optional<Error> NetSnmpAgent::listen(const Endpoint& endpoint) {
         return Error{"cannot listen on " + endpoint.text() + ": " +
                      std::generic_category().message(reason)};
     }
-    endpoint_ = {endpoint.address, portOf(*transport)};
+    endpoint_ = {endpoint.host, portOf(*transport)};
     if (addSession(transport) == nullptr || !registerObjects()) {
         return Error{"cannot serve on " + endpoint_.text()};
     }
@@ -228,8 +228,8 @@ void NetSnmpAgent::prepareSet(netsnmp_agent_request_info* info, netsnmp_request_
 
 Result<std::unique_ptr<Agent>> Agent::open(Store& store, Access access, const Endpoint& endpoint) {
     auto agent = std::make_unique<NetSnmpAgent>(store, std::move(access));
-    if (auto error = agent->listen(endpoint)) {
-        return std::move(*error);
+    if (const Result<void> listening = agent->listen(endpoint); !listening) {
+        return Error{listening.error()};
     }
     return std::unique_ptr<Agent>(std::move(agent));
 }

@@ -3,7 +3,8 @@
 // A store served over SNMPv1, v2c and v3 by the Net-SNMP agent library.
 #pragma once
 
-#include "bridge/result.h"
+#include "base/endpoint.h"
+#include "base/result.h"
 #include "sim/access.h"
 #include "sim/store.h"
 
@@ -12,13 +13,6 @@
 #include <string>
 
 namespace onudesk::sim {
-
-struct Endpoint {
-    std::string address{}; // IPv4, dotted
-    std::uint16_t port = 0;
-
-    [[nodiscard]] std::string text() const { return address + ":" + std::to_string(port); }
-};
 
 // The library serves one agent in a process, once. It reads no configuration, loads no MIBs, writes
 // no files and prints nothing.

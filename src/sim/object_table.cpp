@@ -102,8 +102,8 @@ Result<ObjectTable> ObjectTable::build(const CatalogueSchema& catalogue) {
     for (const auto& [itemType, module] : catalogue) {
         for (const GroupSchema& group : module) {
             const std::string name = "module " + std::to_string(itemType) + ", group " + group.name;
-            if (auto error = table.addGroup(module, group, name)) {
-                return std::move(*error);
+            if (const auto added = table.addGroup(module, group, name); !added) {
+                return Error{added.error()};
             }
             auto& columns = table.columns_[{itemType, group.name}];
             for (const ObjectSchema& schema : group.objects) {
@@ -116,8 +116,8 @@ Result<ObjectTable> ObjectTable::build(const CatalogueSchema& catalogue) {
     return table;
 }
 
-std::optional<Error> ObjectTable::addGroup(const ModuleSchema& module, const GroupSchema& group,
-                                           const std::string& name) {
+Result<void> ObjectTable::addGroup(const ModuleSchema& module, const GroupSchema& group,
+                                   const std::string& name) {
     onePerOnu_.push_back(group.read == ReadMode::scalar);
     if (!group.model.empty() && findModel(group.model) == nullptr) {
         return Error{name + ": no model " + group.model};
@@ -153,14 +153,14 @@ std::optional<Error> ObjectTable::addGroup(const ModuleSchema& module, const Gro
         if (!schema.member.empty() && !rule.member) {
             return Error{rule.name + ": no object " + schema.member};
         }
-        if (auto error = add(std::move(rule))) {
-            return error;
+        if (Result<void> added = add(std::move(rule)); !added) {
+            return added;
         }
     }
-    return std::nullopt;
+    return {};
 }
 
-std::optional<Error> ObjectTable::add(ObjectRule rule) {
+Result<void> ObjectTable::add(ObjectRule rule) {
     const auto known = objects_.find(rule.column);
     if (known == objects_.end()) {
         Oid column = rule.column;
@@ -169,7 +169,7 @@ std::optional<Error> ObjectTable::add(ObjectRule rule) {
         return Error{rule.name + ": OID " + rule.column.text() + " is that of " +
                      known->second.name + ", but other attributes are not the same"};
     }
-    return std::nullopt;
+    return {};
 }
 
 std::map<std::string, Oid, std::less<>> ObjectTable::columns(std::int32_t module,

@@ -3,7 +3,7 @@
 // The catalogue as an agent needs it: what an instance may hold and how its row works.
 #pragma once
 
-#include "bridge/result.h"
+#include "base/result.h"
 #include "sim/value.h"
 #include "snmp/object_schema.h"
 
@@ -63,9 +63,9 @@ public:
     [[nodiscard]] bool isOnePerOnu(std::size_t group) const { return onePerOnu_[group]; }
 
 private:
-    [[nodiscard]] std::optional<Error> add(ObjectRule rule);
-    [[nodiscard]] std::optional<Error> addGroup(const ModuleSchema& module,
-                                                const GroupSchema& group, const std::string& name);
+    [[nodiscard]] Result<void> add(ObjectRule rule);
+    [[nodiscard]] Result<void> addGroup(const ModuleSchema& module, const GroupSchema& group,
+                                        const std::string& name);
 
     std::map<Oid, ObjectRule> objects_; // by column
     std::map<std::pair<std::int32_t, std::string>, std::map<std::string, Oid, std::less<>>>

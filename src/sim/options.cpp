@@ -1,32 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "sim/options.h"
 
-#include <charconv>
 #include <map>
 #include <string_view>
 #include <utility>
 
-#include <arpa/inet.h>
-
 namespace onudesk::sim {
 
 namespace {
-
-std::optional<Endpoint> parseEndpoint(std::string_view text) {
-    const auto colon = text.rfind(':');
-    if (colon == std::string_view::npos) {
-        return std::nullopt;
-    }
-    Endpoint endpoint{std::string(text.substr(0, colon)), 0};
-    const char* const end = text.data() + text.size();
-    const auto [next, error] = std::from_chars(text.data() + colon + 1, end, endpoint.port);
-    in_addr address{};
-    if (error != std::errc() || next != end ||
-        ::inet_pton(AF_INET, endpoint.address.c_str(), &address) != 1) {
-        return std::nullopt;
-    }
-    return endpoint;
-}
 
 // Takes the value of an option from behind "=" or from the next argument.
 std::optional<std::string> optionValue(std::string_view argument, std::size_t equals,
@@ -37,20 +18,20 @@ std::optional<std::string> optionValue(std::string_view argument, std::size_t eq
     return next == end ? std::nullopt : std::optional<std::string>(*next++);
 }
 
-std::optional<Error> setOption(Options& options, std::string_view name, std::string value) {
+Result<void> setOption(Options& options, std::string_view name, std::string value) {
     const std::map<std::string_view, std::string*> files = {{"--catalogue", &options.catalogue},
                                                             {"--access", &options.access},
                                                             {"--save", &options.save}};
     if (const auto file = files.find(name); file != files.end()) {
         *file->second = std::move(value);
-        return std::nullopt;
+        return {};
     }
     const auto endpoint = parseEndpoint(value);
-    if (!endpoint) {
+    if (!endpoint || !isIpv4Address(endpoint->host)) {
         return Error{"--listen: expected ADDRESS:PORT, an IPv4 address and a port from 0 to 65535"};
     }
     options.listen = *endpoint;
-    return std::nullopt;
+    return {};
 }
 
 bool takesValue(std::string_view name) {
@@ -78,8 +59,8 @@ Result<Options> parseOptions(int count, const char* const* arguments) {
             if (!value || value->empty()) {
                 return Error{std::string(name) + ": value missing"};
             }
-            if (auto error = setOption(options, name, std::move(*value))) {
-                return std::move(*error);
+            if (const auto taken = setOption(options, name, std::move(*value)); !taken) {
+                return Error{taken.error()};
             }
         } else if (argument.starts_with('-')) {
             return Error{"unknown option " + std::string(argument)};

@@ -85,9 +85,9 @@ Result<Input> loadInput(const Options& options) {
     return Input{std::move(*objects), std::move(*recording), std::move(*access)};
 }
 
-// Serves until a signal. What could not be done, or nothing.
-std::optional<Error> serve(Store& store, Access access, const Endpoint& endpoint,
-                           const StopSignals& signals) {
+// Serves until a signal.
+Result<void> serve(Store& store, Access access, const Endpoint& endpoint,
+                   const StopSignals& signals) {
     const auto agent = Agent::open(store, std::move(access), endpoint);
     if (!agent) {
         return Error{agent.error()};
@@ -95,7 +95,7 @@ std::optional<Error> serve(Store& store, Access access, const Endpoint& endpoint
     std::printf("listening on %s\n", (*agent)->endpoint().text().c_str());
     std::fflush(stdout);
     (*agent)->serve(signals.descriptor());
-    return std::nullopt;
+    return {};
 }
 
 } // namespace
@@ -122,13 +122,14 @@ ExitStatus runSimulator(int count, const char* const* arguments) {
         return complain(input.error(), ExitStatus::usage);
     }
     Store store(std::move(input->objects), std::move(input->recording.values));
-    if (const auto error = serve(store, std::move(input->access), options->listen, signals)) {
-        return complain("onusim: " + error->text, ExitStatus::failed);
+    const auto served = serve(store, std::move(input->access), options->listen, signals);
+    if (!served) {
+        return complain("onusim: " + served.error(), ExitStatus::failed);
     }
     if (!options->save.empty()) {
         const auto text = formatRecording(store.values(), input->recording.layout);
-        if (const auto error = saveFile(options->save, text)) {
-            return complain(error->text, ExitStatus::failed);
+        if (const auto saved = saveFile(options->save, text); !saved) {
+            return complain(saved.error(), ExitStatus::failed);
         }
     }
     return ExitStatus::ended;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "sim/recording.h"
 
-#include "env/xml_file.h"
+#include "base/file.h"
+#include "base/text.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <system_error>
 #include <utility>
@@ -46,10 +46,6 @@ Result<Entry> parseEntry(std::string_view line) {
     return Entry{std::move(*oid), std::move(value).value()};
 }
 
-std::string_view withoutReturn(std::string_view line) {
-    return line.ends_with('\r') ? line.substr(0, line.size() - 1) : line;
-}
-
 bool isComment(std::string_view line) {
     return line.starts_with('#') || line.find_first_not_of(" \t\r") == std::string_view::npos;
 }
@@ -84,10 +80,7 @@ private:
 Result<Recording> parseRecording(std::string_view bytes, const std::string& name) {
     Recording recording;
     std::string comments;
-    for (std::size_t number = 1; !bytes.empty(); ++number) {
-        const auto end = std::min(bytes.find('\n'), bytes.size());
-        const std::string_view line = bytes.substr(0, end);
-        bytes.remove_prefix(std::min(end + 1, bytes.size()));
+    for (const auto& [number, line] : lines(bytes)) {
         if (isComment(line)) {
             comments += std::string(line) + "\n";
             continue;
@@ -136,13 +129,13 @@ std::string formatRecording(const Values& values, const RecordingLayout& layout)
     return text + layout.after;
 }
 
-std::optional<Error> saveFile(const std::filesystem::path& path, std::string_view bytes) {
+Result<void> saveFile(const std::filesystem::path& path, std::string_view bytes) {
     const std::string temporary = path.string() + ".new";
     FileDescriptor file(::open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644));
     const bool opened = file.valid();
     if (opened && file.write(bytes) && file.sync() && file.close() &&
         ::rename(temporary.c_str(), path.c_str()) == 0) {
-        return std::nullopt;
+        return {};
     }
     const Error error{path.string() + ": " + std::generic_category().message(errno)};
     if (opened) {

@@ -3,13 +3,12 @@
 // Recordings of an agent's objects: text files with one "OID|tag|value" a line.
 #pragma once
 
-#include "bridge/result.h"
+#include "base/result.h"
 #include "sim/value.h"
 
 #include <cstddef>
 #include <filesystem>
 #include <map>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -46,8 +45,7 @@ struct Recording {
 // values that are gone are dropped.
 [[nodiscard]] std::string formatRecording(const Values& values, const RecordingLayout& layout);
 
-// Writes the file as a whole or, returning an error that names it, not at all.
-[[nodiscard]] std::optional<Error> saveFile(const std::filesystem::path& path,
-                                            std::string_view bytes);
+// Writes the file as a whole or, with an error that names it, not at all.
+[[nodiscard]] Result<void> saveFile(const std::filesystem::path& path, std::string_view bytes);
 
 } // namespace onudesk::sim

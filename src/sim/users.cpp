@@ -124,14 +124,14 @@ void installEngine(const std::string& identity) {
                    static_cast<u_int>(snmpv3_local_snmpEngineTime()), TRUE);
 }
 
-std::optional<Error> installUsers(const std::map<std::string, User>& users) {
+Result<void> installUsers(const std::map<std::string, User>& users) {
     KeyRing keys;
     for (const auto& [name, user] : users) {
         if (!installUser(name, user, keys)) {
             return Error{"cannot create user " + name};
         }
     }
-    return std::nullopt;
+    return {};
 }
 
 } // namespace onudesk::sim

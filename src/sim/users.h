@@ -3,13 +3,12 @@
 // The SNMPv3 engine and users of the agent library's process (RFC 3414).
 #pragma once
 
-#include "bridge/result.h"
+#include "base/result.h"
 #include "sim/access.h"
 
 #include <chrono>
 #include <cstdint>
 #include <map>
-#include <optional>
 #include <string>
 
 namespace onudesk::sim {
@@ -23,6 +22,6 @@ void installEngine(const std::string& identity);
 
 // Adds the users to the local engine; after installEngine(). Deriving a key takes milliseconds, so
 // equal pass phrases are derived once.
-[[nodiscard]] std::optional<Error> installUsers(const std::map<std::string, User>& users);
+[[nodiscard]] Result<void> installUsers(const std::map<std::string, User>& users);
 
 } // namespace onudesk::sim

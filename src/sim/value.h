@@ -3,7 +3,7 @@
 // One SNMP value and its spelling in recordings.
 #pragma once
 
-#include "bridge/result.h"
+#include "base/result.h"
 #include "sim/oid.h"
 
 #include <cstdint>

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "snmp/object_schema.h"
 
-#include <algorithm>
-#include <charconv>
+#include "base/numbers.h"
+
+#include <set>
 #include <string_view>
 #include <utility>
 
@@ -10,19 +11,11 @@ namespace onudesk {
 
 namespace {
 
-std::optional<std::int64_t> wholeNumber(std::string_view text) {
-    std::int64_t value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size()) {
-        return std::nullopt;
-    }
-    return value;
-}
-
 std::optional<NumberRange> parseRange(std::string_view text) {
     const auto dots = text.find("..");
-    const auto low = wholeNumber(text.substr(0, dots));
-    const auto high = dots == std::string_view::npos ? low : wholeNumber(text.substr(dots + 2));
+    const auto low = parseNumber<std::int64_t>(text.substr(0, dots));
+    const auto high =
+        dots == std::string_view::npos ? low : parseNumber<std::int64_t>(text.substr(dots + 2));
     if (!low || !high || *low > *high) {
         return std::nullopt;
     }
@@ -45,7 +38,7 @@ bool readRange(const TiXmlElement& element, const char* name, std::optional<Numb
 // The same for the number of a port.
 bool readPort(const TiXmlElement& element, std::optional<std::uint32_t>& port) {
     const std::string text = attribute(element, "port");
-    const auto number = wholeNumber(text);
+    const auto number = parseNumber<std::int64_t>(text);
     if (number && NumberRange{1, UINT32_MAX}.contains(*number)) {
         port = static_cast<std::uint32_t>(*number);
     }
@@ -54,8 +47,7 @@ bool readPort(const TiXmlElement& element, std::optional<std::uint32_t>& port) {
 
 Result<ObjectSchema> readObject(const TiXmlElement& element) {
     ObjectSchema schema;
-    schema.object = {attribute(element, "name"), attribute(element, "oidstr"),
-                     leadingInteger(attribute(element, "type"))};
+    schema.object = namedObject(element);
     const auto access = choose<ObjectAccess>(attribute(element, "access"),
                                              {{"", ObjectAccess::readOnly},
                                               {"read-only", ObjectAccess::readOnly},
@@ -123,46 +115,54 @@ Result<GroupSchema> readGroup(const TiXmlElement& element) {
     group.read = *read;
     group.per = *per;
     group.slots = *slots;
-    for (const TiXmlElement* child = element.FirstChildElement(); child != nullptr;
-         child = child->NextSiblingElement()) {
+    for (const TiXmlElement* child : namedElements(element)) {
         Result<ObjectSchema> object = readObject(*child);
         if (!object) {
             return Error{object.error()};
         }
-        if (std::ranges::none_of(group.objects, [&](const ObjectSchema& known) {
-                return known.object.name == object->object.name;
-            })) {
-            group.objects.push_back(std::move(object).value());
-        }
+        group.objects.push_back(std::move(object).value());
     }
     return group;
 }
 
 } // namespace
 
+std::vector<const TiXmlElement*> namedElements(const TiXmlElement& parent, const char* element) {
+    std::vector<const TiXmlElement*> elements;
+    std::set<std::string> names;
+    for (const TiXmlElement* child = parent.FirstChildElement(); child != nullptr;
+         child = child->NextSiblingElement()) {
+        const bool wanted = element == nullptr || child->ValueStr() == element;
+        if (wanted && names.insert(attribute(*child, "name")).second) {
+            elements.push_back(child);
+        }
+    }
+    return elements;
+}
+
+CONFIG_OID_T namedObject(const TiXmlElement& element) {
+    return {attribute(element, "name"), attribute(element, "oidstr"),
+            leadingInteger(attribute(element, "type"))};
+}
+
 Result<CatalogueSchema> readSchema(const TiXmlElement& root) {
     CatalogueSchema schema;
-    for (const TiXmlElement* module = root.FirstChildElement("module"); module != nullptr;
-         module = module->NextSiblingElement("module")) {
+    for (const TiXmlElement* module : namedElements(root, "module")) {
         const std::string name = attribute(*module, "name");
-        const auto itemType = wholeNumber(name);
-        if (!itemType || schema.contains(static_cast<std::int32_t>(*itemType))) {
+        const auto itemType = parseNumber<std::int32_t>(name);
+        if (!itemType) {
             continue;
         }
         ModuleSchema groups;
-        for (const TiXmlElement* child = module->FirstChildElement("group"); child != nullptr;
-             child = child->NextSiblingElement("group")) {
+        for (const TiXmlElement* child : namedElements(*module, "group")) {
             Result<GroupSchema> group = readGroup(*child);
             if (!group) {
                 return Error{"module " + name + ", group " + attribute(*child, "name") + ": " +
                              group.error()};
             }
-            if (std::ranges::none_of(
-                    groups, [&](const GroupSchema& known) { return known.name == group->name; })) {
-                groups.push_back(std::move(group).value());
-            }
+            groups.push_back(std::move(group).value());
         }
-        schema.emplace(static_cast<std::int32_t>(*itemType), std::move(groups));
+        schema.emplace(*itemType, std::move(groups));
     }
     return schema;
 }

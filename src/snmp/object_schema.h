@@ -36,8 +36,9 @@
 //           spread  "yes": 1 fills the slot of that number in all rows of the ONU
 #pragma once
 
-#include "bridge/result.h"
-#include "snmp/object_catalogue.h"
+#include "base/result.h"
+#include "env/xml_file.h"
+#include "snmp/config_oid.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -94,6 +95,15 @@ using CatalogueSchema = std::map<std::int32_t, ModuleSchema>;
 // Fails, naming module, group and object, on attributes with values not listed above.
 [[nodiscard]] Result<CatalogueSchema> loadSchema(const std::filesystem::path& path);
 [[nodiscard]] Result<CatalogueSchema> readSchema(const TiXmlElement& root);
+
+// The elements of that name below an element, or all for null, in their order; of those whose
+// `name` attributes are the same the first. So modules, groups and objects of the catalogue are
+// told apart.
+[[nodiscard]] std::vector<const TiXmlElement*> namedElements(const TiXmlElement& parent,
+                                                             const char* element = nullptr);
+// The part of an object's element that every reader of the catalogue takes; a type that is no
+// number counts as not stated.
+[[nodiscard]] CONFIG_OID_T namedObject(const TiXmlElement& element);
 
 // The OIDs, without instance, of the objects whose values are secrets.
 [[nodiscard]] std::vector<std::string> secretObjects(const CatalogueSchema& catalogue);

@@ -2,6 +2,7 @@
 //
 // The client tree as shipped: language modules, menus and catalogue fit each other, the page table
 // and the sources. (Of help topics and documents the build sees to that.)
+#include "base/file.h"
 #include "env/language_module.h"
 #include "env/xml_file.h"
 #include "mainform/menu_catalogue.h"

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "env/language_module.h"
-#include "snmp/object_catalogue.h"
 #include "snmp/object_schema.h"
 #include "support/client_tree.h"
 #include "support/test_desk.h"
+#include "window/object_catalogue.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "env/client_paths.h"
+#include "env/help_index.h"
 
 #include "support/client_tree.h"
 #include "support/test_desk.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "snmp/reply.h"
+#include "window/reply.h"
 
 #include "env/language_module.h"
 #include "env/xml_file.h"

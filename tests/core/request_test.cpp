@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "snmp/request.h"
+#include "window/request.h"
 
 #include "support/test_host.h"
 

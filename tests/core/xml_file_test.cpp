@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "env/xml_file.h"
 
+#include "base/file.h"
+#include "base/numbers.h"
+
 #include "env/language_module.h"
 #include "support/client_tree.h"
 

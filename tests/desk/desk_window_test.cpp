@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/desk/desk_window.h"
 
+#include "base/file.h"
 #include "desk_test.h"
-#include "env/xml_file.h"
 #include "sample_entries.h"
 #include "support/client_tree.h"
 

@@ -21,7 +21,7 @@ template <typename Entry>
 auto takeInto(std::optional<Entry>& taken) {
     return [&taken](const Entry& entry) {
         taken = entry;
-        return std::optional<Problem>();
+        return Checked();
     };
 }
 

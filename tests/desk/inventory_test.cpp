@@ -65,11 +65,11 @@ const OnuCase kOnuCases[] = {
     {"UnknownProfile", [](OnuEntry& e) { e.profile = "lab"; }, "profile", "\"lab\""},
 };
 
-void expectProblem(const std::optional<Problem>& problem, const char* field, const char* text) {
-    ASSERT_EQ(problem.has_value(), field != nullptr) << (problem ? problem->text : "accepted");
-    if (problem) {
-        EXPECT_EQ(problem->field, field);
-        EXPECT_NE(problem->text.find(text), std::string::npos) << problem->text;
+void expectProblem(const Checked& checked, const char* field, const char* text) {
+    ASSERT_EQ(checked.ok(), field == nullptr) << (checked ? "accepted" : checked.error());
+    if (!checked) {
+        EXPECT_EQ(checked.failure().field, field);
+        EXPECT_NE(checked.error().find(text), std::string::npos) << checked.error();
     }
 }
 
@@ -166,43 +166,43 @@ TEST(Inventory, ReplacesAnEntryUnderItsOldOrANewName) {
     Inventory inventory = sampleInventory();
     OnuEntry onu = sampleOnu();
     onu.onu = "1.2.6";
-    ASSERT_FALSE(inventory.putOnu(onu, "Town hall"));
+    ASSERT_TRUE(inventory.putOnu(onu, "Town hall"));
     EXPECT_EQ(inventory.onus().at("Town hall").onu, "1.2.6");
 
     onu.name = "City hall";
-    ASSERT_FALSE(inventory.putOnu(onu, "Town hall"));
+    ASSERT_TRUE(inventory.putOnu(onu, "Town hall"));
     EXPECT_EQ(inventory.onus().size(), 1U);
     EXPECT_EQ(inventory.onus().begin()->first, "City hall");
 }
 
 TEST(Inventory, RefusesARenameOntoAnotherEntry) {
     Inventory inventory = sampleInventory();
-    ASSERT_FALSE(inventory.putOnu(sampleOnu("School")));
+    ASSERT_TRUE(inventory.putOnu(sampleOnu("School")));
     const Inventory before = inventory;
 
-    const auto problem = inventory.putOnu(sampleOnu("School"), "Town hall");
+    const auto taken = inventory.putOnu(sampleOnu("School"), "Town hall");
 
-    ASSERT_TRUE(problem);
-    EXPECT_EQ(problem->field, "name");
+    ASSERT_FALSE(taken);
+    EXPECT_EQ(taken.failure().field, "name");
     EXPECT_EQ(inventory, before);
 }
 
 TEST(Inventory, OnusFollowARenamedProfile) {
     Inventory inventory = sampleInventory();
-    ASSERT_FALSE(inventory.putProfile(communityProfile("outdoor"), "field"));
+    ASSERT_TRUE(inventory.putProfile(communityProfile("outdoor"), "field"));
     EXPECT_EQ(inventory.onus().at("Town hall").profile, "outdoor");
     EXPECT_FALSE(inventory.profiles().contains("field"));
 }
 
 TEST(Inventory, KeepsAProfileWhileAnOnuUsesIt) {
     Inventory inventory = sampleInventory();
-    const auto problem = inventory.removeProfile("field");
-    ASSERT_TRUE(problem);
-    EXPECT_EQ(problem->text, "Access profile \"field\" is in use by ONU \"Town hall\"");
+    const auto removed = inventory.removeProfile("field");
+    ASSERT_FALSE(removed);
+    EXPECT_EQ(removed.error(), "Access profile \"field\" is in use by ONU \"Town hall\"");
     EXPECT_TRUE(inventory.profiles().contains("field"));
 
     inventory.removeOnu("Town hall");
-    EXPECT_FALSE(inventory.removeProfile("field"));
+    EXPECT_TRUE(inventory.removeProfile("field"));
     EXPECT_FALSE(inventory.profiles().contains("field"));
 }
 

@@ -43,8 +43,8 @@ host::ReplyRecord replyWith(std::vector<std::string> values) {
 }
 
 TEST(SecretMask, HidesSecretsInRepliesAsTextAndAsDigits) {
-    const std::string line = masked(
-        replyWith({"eight888", "private8", host::hexDigits("eight888"), "other", "eight888 "}));
+    const std::string line =
+        masked(replyWith({"eight888", "private8", hexDigits("eight888"), "other", "eight888 "}));
     EXPECT_TRUE(contains(line, R"(["•••","•••","•••","other","eight888 "])")) << line;
 }
 
@@ -54,7 +54,7 @@ TEST(SecretMask, HidesBothFormsOfABindingsValue) {
     request.bindings = {{.name = "onuName", .oid = "1.3", .type = 4, .value = "private8"},
                         {.name = "onuMode", .oid = "1.4", .type = 4, .value = "open"}};
     const std::string line = masked(request);
-    EXPECT_FALSE(contains(line, "private8") || contains(line, host::hexDigits("private8"))) << line;
+    EXPECT_FALSE(contains(line, "private8") || contains(line, hexDigits("private8"))) << line;
     EXPECT_TRUE(contains(line, R"("onuName")") && contains(line, R"("open")")) << line;
 }
 
@@ -69,7 +69,7 @@ TEST(SecretMask, HidesTheValuesOfSecretObjectsWhateverTheyAre) {
     request.bindings = {{.name = "a", .oid = "1.3.6.7.1.2.5", .type = 4, .value = "hidden"}};
     const QString line = mask.apply(host::traceLine(request));
     EXPECT_FALSE(line.contains(QStringLiteral("hidden"))) << line.toStdString();
-    EXPECT_FALSE(line.contains(QString::fromStdString(host::hexDigits("hidden"))));
+    EXPECT_FALSE(line.contains(QString::fromStdString(hexDigits("hidden"))));
 }
 
 TEST(SecretMask, TouchesNothingButValues) {

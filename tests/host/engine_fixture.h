@@ -8,7 +8,7 @@
 #include "host/snmp_engine.h"
 #include "platform/window_messages.h"
 #include "scripted_agent.h"
-#include "snmp/request.h"
+#include "window/request.h"
 
 #include <chrono>
 #include <condition_variable>

@@ -4,7 +4,7 @@
 #include "bridge/code_para_access.h"
 #include "bridge/session.h"
 #include "onudesk/messages.h"
-#include "snmp/request.h"
+#include "window/request.h"
 
 #include <functional>
 #include <utility>

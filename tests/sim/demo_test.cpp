@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "sim_fixture.h"
 
-#include "env/xml_file.h"
+#include "base/file.h"
 #include "sim/access.h"
 
 #include <gtest/gtest.h>

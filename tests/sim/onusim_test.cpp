@@ -2,7 +2,7 @@
 #include "simulator_process.h"
 #include "snmp_client.h"
 
-#include "env/xml_file.h"
+#include "base/file.h"
 #include "support/client_tree.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "env/client_paths.h"
+#include "env/help_index.h"
 #include "env/language_module.h"
 #include "pages/basic/onu_basic.h"
 #include "ui_test.h"

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "env/client_paths.h"
+#include "base/file.h"
+#include "env/help_index.h"
 #include "env/language_module.h"
-#include "env/xml_file.h"
 #include "mainform/page_table.h"
 #include "pages/framework/controls.h"
 #include "platform/files.h"
-#include "snmp/object_catalogue.h"
 #include "ui_test.h"
+#include "window/object_catalogue.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -3,8 +3,8 @@
 #include "mainform/config_main_form.h"
 #include "mainform/snmp_panel.h"
 #include "pages/framework/controls.h"
-#include "snmp/request.h"
 #include "ui_test.h"
+#include "window/request.h"
 
 #include <map>
 #include <set>

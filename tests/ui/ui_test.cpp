@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ui_test.h"
 
-#include "env/client_paths.h"
+#include "env/help_index.h"
 #include "env/language_module.h"
 #include "pages/framework/controls.h"
 #include "platform/window_messages.h"
-#include "snmp/object_catalogue.h"
+#include "window/object_catalogue.h"
 
 #include <algorithm>
 #include <set>

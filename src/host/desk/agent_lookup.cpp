@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/desk/agent_lookup.h"
 
+#include "base/endpoint.h"
+
 #include <mutex>
 #include <optional>
 #include <thread>
@@ -8,24 +10,17 @@
 #include <QMetaObject>
 #include <QObject>
 
-#include <arpa/inet.h>
-
 namespace onudesk::desk {
 
 namespace {
 
 Result<host::OnuTarget> find(const std::string& agent) {
     host::OnuTarget target;
-    const Result<bool> found = host::parseAgent(agent, target);
+    const Result<void> found = host::parseAgent(agent, target);
     if (!found) {
         return Error{found.error()};
     }
     return target;
-}
-
-bool isAddress(const std::string& host) {
-    in_addr address{};
-    return ::inet_pton(AF_INET, host.c_str(), &address) == 1;
 }
 
 } // namespace
@@ -44,7 +39,7 @@ AgentLookup::~AgentLookup() {
 }
 
 void AgentLookup::start(const std::string& agent, const Done& done) {
-    if (isAddress(agent.substr(0, agent.find(':')))) {
+    if (isIpv4Address(agent.substr(0, agent.find(':')))) {
         done(find(agent));
         return;
     }

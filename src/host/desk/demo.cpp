@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "host/desk/demo.h"
 
-#include "env/xml_file.h"
+#include "base/file.h"
+#include "base/hexadecimal.h"
+#include "base/text.h"
 #include "host/client_host.h"
-#include "host/snmp_value.h"
 
-#include <algorithm>
 #include <string_view>
 #include <utility>
 
@@ -21,27 +21,26 @@ constexpr std::size_t kMaxRecordingBytes = std::size_t{64} * 1024 * 1024;
 constexpr const char* kProfile = "demo";
 
 // A line "OID|tag|value" of a recording; the simulator checks what stands in it.
-struct Line {
+struct Recorded {
     std::string_view oid;
     std::string_view tag;
     std::string_view value;
 };
 
-std::optional<Line> splitLine(std::string_view line) {
+std::optional<Recorded> splitLine(std::string_view line) {
     const auto first = line.find('|');
     const auto second = first == std::string_view::npos ? first : line.find('|', first + 1);
     if (second == std::string_view::npos || line.starts_with('#')) {
         return std::nullopt;
     }
-    return Line{line.substr(0, first), line.substr(first + 1, second - first - 1),
-                line.substr(second + 1)};
+    return Recorded{line.substr(0, first), line.substr(first + 1, second - first - 1),
+                    line.substr(second + 1)};
 }
 
-std::string nameIn(const Line& line) {
-    const std::string name = line.tag == "4x"
-                                 ? host::bytesFromHex(line.value).value_or(std::string())
-                                 : std::string(line.value);
-    return host::isLine(name) ? name : std::string();
+std::string nameIn(const Recorded& line) {
+    const std::string name = line.tag == "4x" ? bytesFromHex(line.value).value_or(std::string())
+                                              : std::string(line.value);
+    return isLine(name) ? name : std::string();
 }
 
 // The "OLT.PON.ONU" behind the object's OID, if there is one.
@@ -57,7 +56,7 @@ std::optional<std::string> onuOf(std::string_view oid, const ObjectSchema& objec
                : std::nullopt;
 }
 
-void note(const Line& line, const ModuleSchema& module, RecordedOnus& onus) {
+void note(const Recorded& line, const ModuleSchema& module, RecordedOnus& onus) {
     for (const GroupSchema& group : module) {
         for (const ObjectSchema& object : group.objects) {
             const std::optional<std::string> onu = onuOf(line.oid, object);
@@ -78,16 +77,13 @@ Result<RecordedOnus> recordedOnus(const CatalogueSchema& catalogue, const fs::pa
         return Error{text.error()};
     }
     RecordedOnus onus;
-    for (std::string_view rest = *text; !rest.empty() && module != catalogue.end();) {
-        const auto end = std::min(rest.find('\n'), rest.size());
-        std::string_view bytes = rest.substr(0, end);
-        if (bytes.ends_with('\r')) {
-            bytes.remove_suffix(1);
-        }
-        if (const std::optional<Line> line = splitLine(bytes)) {
+    if (module == catalogue.end()) {
+        return onus;
+    }
+    for (const Line& each : lines(*text)) {
+        if (const std::optional<Recorded> line = splitLine(withoutReturn(each.text))) {
             note(*line, module->second, onus);
         }
-        rest.remove_prefix(std::min(end + 1, rest.size()));
     }
     return onus;
 }
@@ -103,7 +99,7 @@ Inventory demoInventory(const RecordedOnus& onus, std::uint16_t port) {
                      .menuFile = kGeneralMenu,
                      .profile = kProfile};
         // A name that is missing, taken or too long gives way to one that is none of these.
-        if (inventory.putOnu(onu)) {
+        if (!inventory.putOnu(onu)) {
             onu.name = "ONU " + index;
             static_cast<void>(inventory.putOnu(onu));
         }

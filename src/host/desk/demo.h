@@ -3,7 +3,7 @@
 // A private simulated agent with the ONUs of a recording, for trying the program out.
 #pragma once
 
-#include "bridge/result.h"
+#include "base/result.h"
 #include "host/agent_launcher.h"
 #include "host/desk/inventory.h"
 #include "snmp/object_schema.h"

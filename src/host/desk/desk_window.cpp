@@ -276,7 +276,7 @@ void DeskWindow::quit() {
     close();
 }
 
-Result<bool> DeskWindow::loadClient() {
+Result<void> DeskWindow::loadClient() {
     if (!host_) {
         Result<std::unique_ptr<host::ClientHost>> host =
             host::ClientHost::open(options_.clientDirectory, options_.engine);
@@ -285,7 +285,7 @@ Result<bool> DeskWindow::loadClient() {
         }
         host_ = std::move(host).value();
     }
-    return true;
+    return {};
 }
 
 void DeskWindow::configure() {
@@ -307,7 +307,7 @@ void DeskWindow::showForm(const OnuEntry& onu, const Result<host::OnuTarget>& ad
         tell(tr("Agent not found"), address.error());
         return;
     }
-    if (const Result<bool> loaded = loadClient(); !loaded) {
+    if (const Result<void> loaded = loadClient(); !loaded) {
         tell(tr("Configuration window not loaded"), loaded.error());
         return;
     }

@@ -85,7 +85,7 @@ private:
     bool save();
     [[nodiscard]] bool mayClose();
     void showForm(const OnuEntry& onu, const Result<host::OnuTarget>& address);
-    [[nodiscard]] Result<bool> loadClient();
+    [[nodiscard]] Result<void> loadClient();
     void setBusy(bool busy);
     void showTrace();
     // A warning box; the text also goes to the status bar.

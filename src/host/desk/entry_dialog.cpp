@@ -33,14 +33,14 @@ EntryDialog::EntryDialog(const QString& title, QWidget* parent)
 }
 
 void EntryDialog::accept() {
-    const std::optional<Problem> problem = take();
-    if (!problem) {
+    const Checked taken = take();
+    if (taken) {
         QDialog::accept();
         return;
     }
-    problemLbl->setText(QString::fromStdString(problem->text));
+    problemLbl->setText(QString::fromStdString(taken.error()));
     problemLbl->show();
-    if (const auto control = controls_.find(problem->field); control != controls_.end()) {
+    if (const auto control = controls_.find(taken.failure().field); control != controls_.end()) {
         control->second->setFocus();
     }
 }

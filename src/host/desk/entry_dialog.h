@@ -29,7 +29,7 @@ public:
 
 protected:
     // Tells why the entry is refused, or nothing when it was taken.
-    [[nodiscard]] virtual std::optional<Problem> take() = 0;
+    [[nodiscard]] virtual Checked take() = 0;
 
     // The row's label is the control's buddy; `field` is the field in Problem.
     void addRow(const char* field, const QString& label, QWidget* control);

@@ -1,21 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "host/desk/inventory.h"
 
-#include "bridge/read_number.h"
+#include "base/endpoint.h"
+#include "base/text.h"
 #include "host/client_host.h"
-#include "host/snmp_value.h"
 #include "platform/files.h"
 
 #include <algorithm>
 #include <string_view>
 
-#include <arpa/inet.h>
-
 namespace onudesk::desk {
 
 namespace {
-
-using MaybeProblem = std::optional<Problem>;
 
 struct TextCheck {
     const char* field;
@@ -25,7 +21,7 @@ struct TextCheck {
     std::size_t most;
 };
 
-MaybeProblem checkText(const TextCheck& check) {
+Checked checkText(const TextCheck& check) {
     const std::string label = check.label;
     if (check.text.empty() && check.least > 0) {
         return Problem{check.field, label + " is missing"};
@@ -38,53 +34,47 @@ MaybeProblem checkText(const TextCheck& check) {
         return Problem{check.field,
                        label + " is longer than " + std::to_string(check.most) + " bytes"};
     }
-    if (!host::isLine(check.text)) {
+    if (!isLine(check.text)) {
         return Problem{check.field, label + " contains a control character"};
     }
-    return std::nullopt;
+    return {};
 }
 
 template <std::size_t count>
-MaybeProblem checkTexts(const TextCheck (&checks)[count]) {
+Checked checkTexts(const TextCheck (&checks)[count]) {
     for (const TextCheck& check : checks) {
-        if (MaybeProblem problem = checkText(check)) {
-            return problem;
+        if (Checked checked = checkText(check); !checked) {
+            return checked;
         }
     }
-    return std::nullopt;
+    return {};
 }
 
 bool isHostName(const std::string& host) {
     constexpr std::string_view digits = "0123456789";
     constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
     if (host.find_first_not_of(std::string(digits) + '.') == std::string::npos) {
-        in_addr address{};
-        return ::inet_pton(AF_INET, host.c_str(), &address) == 1;
+        return isIpv4Address(host);
     }
     return host.front() != '-' && host.front() != '.' &&
            host.find_first_not_of(std::string(digits) + std::string(letters) + ".-_") ==
                std::string::npos;
 }
 
-bool isPort(std::string_view text) {
-    std::uint16_t port = 0;
-    return readNumber(text, port) && port != 0;
-}
-
-MaybeProblem checkAgent(const std::string& agent) {
-    const auto colon = agent.find(':');
-    if (!isHostName(agent.substr(0, colon))) {
+Checked checkAgent(const std::string& agent) {
+    if (!isHostName(agent.substr(0, agent.find(':')))) {
         return Problem{"agent", "Agent \"" + agent +
                                     "\" does not begin with an IPv4 address or a host name"};
     }
-    if (colon != std::string::npos && !isPort(std::string_view(agent).substr(colon + 1))) {
+    const auto endpoint = parseEndpoint(agent, 1);
+    if (!endpoint || endpoint->port == 0) {
         return Problem{"agent",
                        "Agent \"" + agent + "\": the port must be a number from 1 to 65535"};
     }
-    return std::nullopt;
+    return {};
 }
 
-MaybeProblem checkPlace(const OnuEntry& onu) {
+Checked checkPlace(const OnuEntry& onu) {
     host::OnuTarget target;
     if (!host::parseOnuIndex(onu.onu, target) || target.onuNumber < 0) {
         return Problem{"onu",
@@ -100,14 +90,14 @@ MaybeProblem checkPlace(const OnuEntry& onu) {
     return checkAgent(onu.agent);
 }
 
-MaybeProblem checkCommunities(const AccessProfile& profile) {
+Checked checkCommunities(const AccessProfile& profile) {
     const TextCheck checks[] = {
         {"readCommunity", "Read community", profile.readCommunity, 1, kMaxTextBytes},
         {"writeCommunity", "Write community", profile.writeCommunity, 0, kMaxTextBytes}};
     return checkTexts(checks);
 }
 
-MaybeProblem checkAuthentication(const host::V3Access& v3) {
+Checked checkAuthentication(const host::V3Access& v3) {
     if (v3.authProtocol == host::AuthProtocol::none) {
         return Problem{"authProtocol", "Authentication protocol is missing"};
     }
@@ -115,7 +105,7 @@ MaybeProblem checkAuthentication(const host::V3Access& v3) {
                       kMinPassphraseBytes, kMaxLongTextBytes});
 }
 
-MaybeProblem checkPrivacy(const host::V3Access& v3) {
+Checked checkPrivacy(const host::V3Access& v3) {
     if (v3.privProtocol == host::PrivProtocol::none) {
         return Problem{"privProtocol", "Privacy protocol is missing"};
     }
@@ -123,77 +113,77 @@ MaybeProblem checkPrivacy(const host::V3Access& v3) {
                       kMinPassphraseBytes, kMaxLongTextBytes});
 }
 
-MaybeProblem checkV3(const host::V3Access& v3) {
+Checked checkV3(const host::V3Access& v3) {
     const TextCheck checks[] = {{"user", "User", v3.user, 1, kMaxUserBytes},
                                 {"context", "Context", v3.contextName, 0, kMaxLongTextBytes}};
-    MaybeProblem problem = checkTexts(checks);
-    if (!problem && v3.level == host::SecurityLevel::notSet) {
-        problem = Problem{"level", "Security level is missing"};
+    Checked checked = checkTexts(checks);
+    if (checked && v3.level == host::SecurityLevel::notSet) {
+        checked = Problem{"level", "Security level is missing"};
     }
-    if (!problem && v3.level >= host::SecurityLevel::authNoPriv) {
-        problem = checkAuthentication(v3);
+    if (checked && v3.level >= host::SecurityLevel::authNoPriv) {
+        checked = checkAuthentication(v3);
     }
-    if (!problem && v3.level == host::SecurityLevel::authPriv) {
-        problem = checkPrivacy(v3);
+    if (checked && v3.level == host::SecurityLevel::authPriv) {
+        checked = checkPrivacy(v3);
     }
-    return problem;
+    return checked;
 }
 
-MaybeProblem checkProfile(const AccessProfile& profile) {
-    if (MaybeProblem problem = checkText({"name", "Name", profile.name, 1, kMaxTextBytes})) {
-        return problem;
+Checked checkProfile(const AccessProfile& profile) {
+    if (Checked checked = checkText({"name", "Name", profile.name, 1, kMaxTextBytes}); !checked) {
+        return checked;
     }
     return profile.version == host::SnmpVersion::v3 ? checkV3(profile.v3)
                                                     : checkCommunities(profile);
 }
 
-MaybeProblem checkOnu(const OnuEntry& onu) {
+Checked checkOnu(const OnuEntry& onu) {
     const TextCheck checks[] = {{"name", "Name", onu.name, 1, kMaxTextBytes},
                                 {"agent", "Agent", onu.agent, 1, kMaxLongTextBytes},
                                 {"onu", "ONU", onu.onu, 1, kMaxTextBytes},
                                 {"menu", "Menu file", onu.menuFile, 1, kMaxTextBytes},
                                 {"profile", "Access profile", onu.profile, 1, kMaxTextBytes}};
-    MaybeProblem problem = checkTexts(checks);
-    return problem ? problem : checkPlace(onu);
+    Checked checked = checkTexts(checks);
+    return checked ? checkPlace(onu) : checked;
 }
 
 template <typename Entry>
-MaybeProblem checkName(const std::map<std::string, Entry>& entries, const std::string& name,
-                       const std::string& replaced, const char* what) {
+Checked checkName(const std::map<std::string, Entry>& entries, const std::string& name,
+                  const std::string& replaced, const char* what) {
     if (name != replaced && entries.contains(name)) {
         return Problem{"name", std::string("There is already ") + what + " \"" + name + "\""};
     }
-    return std::nullopt;
+    return {};
 }
 
 } // namespace
 
-MaybeProblem Inventory::putOnu(const OnuEntry& onu, const std::string& replaced) {
-    MaybeProblem problem = checkOnu(onu);
-    if (!problem) {
-        problem = checkName(onus_, onu.name, replaced, "an ONU");
+Checked Inventory::putOnu(const OnuEntry& onu, const std::string& replaced) {
+    Checked checked = checkOnu(onu);
+    if (checked) {
+        checked = checkName(onus_, onu.name, replaced, "an ONU");
     }
-    if (!problem && !profiles_.contains(onu.profile)) {
-        problem = Problem{"profile", "There is no access profile \"" + onu.profile + "\""};
+    if (checked && !profiles_.contains(onu.profile)) {
+        checked = Problem{"profile", "There is no access profile \"" + onu.profile + "\""};
     }
-    if (!problem) {
+    if (checked) {
         onus_.erase(replaced);
         onus_.insert_or_assign(onu.name, onu);
     }
-    return problem;
+    return checked;
 }
 
 void Inventory::removeOnu(const std::string& name) {
     onus_.erase(name);
 }
 
-MaybeProblem Inventory::putProfile(const AccessProfile& profile, const std::string& replaced) {
-    MaybeProblem problem = checkProfile(profile);
-    if (!problem) {
-        problem = checkName(profiles_, profile.name, replaced, "an access profile");
+Checked Inventory::putProfile(const AccessProfile& profile, const std::string& replaced) {
+    Checked checked = checkProfile(profile);
+    if (checked) {
+        checked = checkName(profiles_, profile.name, replaced, "an access profile");
     }
-    if (problem) {
-        return problem;
+    if (!checked) {
+        return checked;
     }
     profiles_.erase(replaced);
     profiles_.insert_or_assign(profile.name, profile);
@@ -202,10 +192,10 @@ MaybeProblem Inventory::putProfile(const AccessProfile& profile, const std::stri
             onu.profile = profile.name;
         }
     }
-    return std::nullopt;
+    return {};
 }
 
-MaybeProblem Inventory::removeProfile(const std::string& name) {
+Checked Inventory::removeProfile(const std::string& name) {
     const auto user = std::ranges::find_if(
         onus_, [&name](const auto& entry) { return entry.second.profile == name; });
     if (user != onus_.end()) {
@@ -213,7 +203,7 @@ MaybeProblem Inventory::removeProfile(const std::string& name) {
                        "Access profile \"" + name + "\" is in use by ONU \"" + user->first + "\""};
     }
     profiles_.erase(name);
-    return std::nullopt;
+    return {};
 }
 
 } // namespace onudesk::desk

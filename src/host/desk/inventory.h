@@ -3,12 +3,12 @@
 // The operator's ONUs and the access profiles that say how their agents are reached.
 #pragma once
 
+#include "base/result.h"
 #include "host/access.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <map>
-#include <optional>
 #include <string>
 
 namespace onudesk::desk {
@@ -66,8 +66,9 @@ struct Problem {
     std::string field;
     std::string text;
 };
+using Checked = Result<void, Problem>;
 
-// Names are unique and compared exactly. An operation that returns a problem changed nothing.
+// Names are unique and compared exactly. A refused operation changed nothing.
 class Inventory {
 public:
     using Onus = std::map<std::string, OnuEntry>;
@@ -77,15 +78,14 @@ public:
     [[nodiscard]] const Profiles& profiles() const { return profiles_; }
 
     // Adds the entry, or puts it in the place of the one named `replaced`.
-    [[nodiscard]] std::optional<Problem> putOnu(const OnuEntry& onu,
-                                                const std::string& replaced = {});
+    [[nodiscard]] Checked putOnu(const OnuEntry& onu, const std::string& replaced = {});
     void removeOnu(const std::string& name);
 
     // The same for profiles; ONUs follow a profile to its new name.
-    [[nodiscard]] std::optional<Problem> putProfile(const AccessProfile& profile,
-                                                    const std::string& replaced = {});
+    [[nodiscard]] Checked putProfile(const AccessProfile& profile,
+                                     const std::string& replaced = {});
     // Refused while an ONU uses the profile.
-    [[nodiscard]] std::optional<Problem> removeProfile(const std::string& name);
+    [[nodiscard]] Checked removeProfile(const std::string& name);
 
     bool operator==(const Inventory&) const = default;
 

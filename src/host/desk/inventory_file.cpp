@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/desk/inventory_file.h"
 
-#include "env/xml_file.h"
+#include "base/file.h"
 
 #include <array>
 #include <cerrno>
@@ -99,12 +99,11 @@ public:
         }
     }
 
-    // Empty when everything was right.
-    [[nodiscard]] std::string finish() {
+    [[nodiscard]] Result<void> finish() {
         if (!object_.isEmpty()) {
             fail("\"" + object_.keys().front().toStdString() + "\" is not known");
         }
-        return problem_;
+        return problem_.empty() ? Result<void>() : Error{problem_};
     }
 
 private:
@@ -112,7 +111,7 @@ private:
     std::string problem_;
 };
 
-std::string readOnu(KeyReader& reader, Inventory& inventory) {
+Result<void> readOnu(KeyReader& reader, Inventory& inventory) {
     OnuEntry onu;
     reader.takeTexts<OnuEntry>(kOnuTexts, onu);
     const QJsonValue locale = reader.take(kLocaleKey, QJsonValue::Double, "a number");
@@ -122,14 +121,14 @@ std::string readOnu(KeyReader& reader, Inventory& inventory) {
     } else {
         onu.localeId = static_cast<std::uint32_t>(number);
     }
-    if (std::string problem = reader.finish(); !problem.empty()) {
-        return problem;
+    if (Result<void> read = reader.finish(); !read) {
+        return read;
     }
-    const std::optional<Problem> problem = inventory.putOnu(onu);
-    return problem ? problem->text : std::string();
+    const Checked put = inventory.putOnu(onu);
+    return put ? Result<void>() : Error{put.error()};
 }
 
-std::string readProfile(KeyReader& reader, Inventory& inventory) {
+Result<void> readProfile(KeyReader& reader, Inventory& inventory) {
     AccessProfile profile;
     reader.takeTexts<AccessProfile>(kProfileTexts, profile);
     reader.takeTexts<host::V3Access>(kV3Texts, profile.v3);
@@ -137,39 +136,39 @@ std::string readProfile(KeyReader& reader, Inventory& inventory) {
     reader.takeNamed("level", kLevels, profile.v3.level);
     reader.takeNamed("authProtocol", kAuthProtocols, profile.v3.authProtocol);
     reader.takeNamed("privProtocol", kPrivProtocols, profile.v3.privProtocol);
-    if (std::string problem = reader.finish(); !problem.empty()) {
-        return problem;
+    if (Result<void> read = reader.finish(); !read) {
+        return read;
     }
-    const std::optional<Problem> problem = inventory.putProfile(profile);
-    return problem ? problem->text : std::string();
+    const Checked put = inventory.putProfile(profile);
+    return put ? Result<void>() : Error{put.error()};
 }
 
-// Returns the first problem, with its place, or nothing.
-std::string readList(KeyReader& document, const char* name, Inventory& inventory,
-                     std::string (*readEntry)(KeyReader&, Inventory&)) {
+// Fails with the first problem and its place.
+Result<void> readList(KeyReader& document, const char* name, Inventory& inventory,
+                      Result<void> (*readEntry)(KeyReader&, Inventory&)) {
     const QJsonArray list = document.take(name, QJsonValue::Array, "a list").toArray();
     for (qsizetype i = 0; i < list.size(); ++i) {
         KeyReader reader(list.at(i).toObject());
-        const std::string problem =
-            list.at(i).isObject() ? readEntry(reader, inventory) : "must be an object";
-        if (!problem.empty()) {
-            return std::string(name) + "[" + std::to_string(i) + "]: " + problem;
+        const Result<void> read =
+            list.at(i).isObject() ? readEntry(reader, inventory) : Error{"must be an object"};
+        if (!read) {
+            return Error{std::string(name) + "[" + std::to_string(i) + "]: " + read.error()};
         }
     }
     return {};
 }
 
-std::string readDocument(KeyReader document, Inventory& inventory) {
+Result<void> readDocument(KeyReader document, Inventory& inventory) {
     const QJsonValue format = document.take("format", QJsonValue::Double, "a number");
     if (format.toDouble(0) != kFormat) {
-        return "is no inventory of format " + std::to_string(kFormat);
+        return Error{"is no inventory of format " + std::to_string(kFormat)};
     }
     // Profiles first: ONUs refer to them.
-    std::string problem = readList(document, "profiles", inventory, readProfile);
-    if (problem.empty()) {
-        problem = readList(document, "onus", inventory, readOnu);
+    Result<void> read = readList(document, "profiles", inventory, readProfile);
+    if (read) {
+        read = readList(document, "onus", inventory, readOnu);
     }
-    return problem.empty() ? document.finish() : problem;
+    return read ? document.finish() : read;
 }
 
 // Empty texts and values without a name are left out.
@@ -217,20 +216,20 @@ Error systemError(const fs::path& path, int number) {
 }
 
 // Directories that are there keep their mode.
-std::optional<Error> makeDirectories(const fs::path& directory) {
+Result<void> makeDirectories(const fs::path& directory) {
     std::error_code ignored;
     if (directory.empty() || fs::is_directory(directory, ignored)) {
-        return std::nullopt;
+        return {};
     }
     if (directory.has_relative_path()) {
-        if (auto error = makeDirectories(directory.parent_path())) {
-            return error;
+        if (Result<void> made = makeDirectories(directory.parent_path()); !made) {
+            return made;
         }
     }
     if (::mkdir(directory.c_str(), kDirectoryMode) != 0 && errno != EEXIST) {
         return systemError(directory, errno);
     }
-    return std::nullopt;
+    return {};
 }
 
 // Renames the file to the first free one of FILE.kept, FILE.kept.2, …
@@ -279,9 +278,9 @@ Result<Inventory> parseInventory(std::string_view bytes, const std::string& name
                      std::to_string(error.offset)};
     }
     Inventory inventory;
-    const std::string problem = readDocument(KeyReader(document.object()), inventory);
-    if (!problem.empty()) {
-        return Error{name + ": " + problem};
+    const Result<void> read = readDocument(KeyReader(document.object()), inventory);
+    if (!read) {
+        return Error{name + ": " + read.error()};
     }
     return inventory;
 }
@@ -338,8 +337,8 @@ bool InventoryFile::holdsKnownBytes() const {
 }
 
 Result<InventoryFile::Saved> InventoryFile::save(const Inventory& inventory) {
-    if (auto error = makeDirectories(path_.parent_path())) {
-        return std::move(*error);
+    if (const Result<void> made = makeDirectories(path_.parent_path()); !made) {
+        return Error{made.error()};
     }
     const std::string bytes = formatInventory(inventory);
     QSaveFile file(QString::fromStdString(path_.string()));

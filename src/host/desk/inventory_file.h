@@ -9,7 +9,7 @@
 //                   "authProtocol","authPassphrase","privProtocol","privPassphrase"}]}
 #pragma once
 
-#include "bridge/result.h"
+#include "base/result.h"
 #include "host/desk/inventory.h"
 
 #include <filesystem>

@@ -84,7 +84,7 @@ void OnuDialog::addProfile() {
     }
 }
 
-std::optional<Problem> OnuDialog::take() {
+Checked OnuDialog::take() {
     return take_({.name = typedName(*nameEdt),
                   .agent = typedName(*agentEdt),
                   .onu = typedName(*onuEdt),

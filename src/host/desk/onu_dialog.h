@@ -18,7 +18,7 @@ public:
         std::filesystem::path menuDirectory; // its menu files are offered
         std::function<void()> onNewProfile;
     };
-    using Take = std::function<std::optional<Problem>(const OnuEntry& onu)>;
+    using Take = std::function<Checked(const OnuEntry& onu)>;
 
     OnuDialog(const QString& title, const OnuEntry& onu, Context context, Take take,
               QWidget* parent);
@@ -32,7 +32,7 @@ public:
     QPushButton* newProfileBtn;
 
 protected:
-    [[nodiscard]] std::optional<Problem> take() override;
+    [[nodiscard]] Checked take() override;
 
 private:
     void fillMenus(const std::string& menuFile);

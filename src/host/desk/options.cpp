@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/desk/options.h"
 
-#include "bridge/read_number.h"
+#include "base/numbers.h"
 #include "platform/files.h"
 
 #include <string_view>
@@ -47,21 +47,21 @@ bool takesValue(const std::string& name) {
     return name == "--client" || name == "--inventory" || name == "--locale";
 }
 
-Result<bool> takeValue(const std::string& name, const std::string& value, Options& options) {
+Result<void> takeValue(const std::string& name, const std::string& value, Options& options) {
     if (name == "--client") {
         options.client = fs::absolute(value);
-        return true;
+        return {};
     }
     if (name == "--inventory") {
         options.inventory = fs::absolute(value);
-        return true;
+        return {};
     }
-    std::uint32_t locale = 0;
-    if (!readNumber(value, locale) || platform::localeAbbreviation(locale).empty()) {
+    const auto locale = parseNumber<std::uint32_t>(value);
+    if (!locale || platform::localeAbbreviation(*locale).empty()) {
         return Error{"--locale " + value + ": must be the number of a language, such as 1033"};
     }
-    options.localeId = locale;
-    return true;
+    options.localeId = *locale;
+    return {};
 }
 
 } // namespace
@@ -85,7 +85,7 @@ Result<Options> parseOptions(const std::vector<std::string>& arguments) {
         if (!argument.value || argument.value->empty()) {
             return Error{argument.name + ": value missing"};
         }
-        if (const Result<bool> taken = takeValue(argument.name, *argument.value, options); !taken) {
+        if (const Result<void> taken = takeValue(argument.name, *argument.value, options); !taken) {
             return Error{taken.error()};
         }
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "bridge/result.h"
+#include "base/result.h"
 
 #include <cstdint>
 #include <filesystem>

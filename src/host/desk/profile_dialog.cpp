@@ -80,7 +80,7 @@ AccessProfile ProfileDialog::entered() const {
                    .privPassphrase = typed(*privPassphraseEdt)}};
 }
 
-std::optional<Problem> ProfileDialog::take() {
+Checked ProfileDialog::take() {
     return take_(entered());
 }
 

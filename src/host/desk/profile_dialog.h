@@ -10,7 +10,7 @@ namespace onudesk::desk {
 // Edits one access profile. What the version and level do not use is disabled and kept.
 class ProfileDialog : public EntryDialog {
 public:
-    using Take = std::function<std::optional<Problem>(const AccessProfile& profile)>;
+    using Take = std::function<Checked(const AccessProfile& profile)>;
 
     ProfileDialog(const QString& title, const AccessProfile& profile, Take take, QWidget* parent);
 
@@ -27,7 +27,7 @@ public:
     QLineEdit* contextEdt;
 
 protected:
-    [[nodiscard]] std::optional<Problem> take() override;
+    [[nodiscard]] Checked take() override;
 
 private:
     void enableUsed();

@@ -103,11 +103,11 @@ void ProfilesDialog::editProfile() {
     ProfileDialog dialog(
         tr("Edit access profile"), before->second,
         [&](const AccessProfile& profile) {
-            std::optional<Problem> problem = inventory_.putProfile(profile, name);
-            if (!problem) {
+            Checked put = inventory_.putProfile(profile, name);
+            if (put) {
                 name = profile.name;
             }
-            return problem;
+            return put;
         },
         this);
     if (dialog.exec() == QDialog::Accepted) {
@@ -117,8 +117,8 @@ void ProfilesDialog::editProfile() {
 }
 
 void ProfilesDialog::removeProfile() {
-    if (const std::optional<Problem> problem = inventory_.removeProfile(selectedName())) {
-        problemLbl->setText(QString::fromStdString(problem->text));
+    if (const Checked removed = inventory_.removeProfile(selectedName()); !removed) {
+        problemLbl->setText(QString::fromStdString(removed.error()));
         return;
     }
     reload({});

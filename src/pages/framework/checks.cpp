@@ -1,40 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "pages/framework/checks.h"
 
-#include "bridge/read_number.h"
+#include "base/hexadecimal.h"
+#include "base/numbers.h"
+#include "base/text.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <charconv>
 #include <cstdio>
+#include <iterator>
+#include <utility>
 
 namespace onudesk {
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n\v\f";
-constexpr std::string_view kHexDigits = "0123456789abcdef";
 constexpr std::size_t kShortestQuad = 7;
 constexpr std::size_t kLongestQuad = 15;
 constexpr int kLongestQuadGroup = 3;
-
-// Takes blanks and a plus sign off the front of the text.
-void skipToNumber(std::string_view& text) {
-    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
-    if (text.starts_with('+') && !text.substr(1).starts_with('-')) {
-        text.remove_prefix(1);
-    }
-}
-
-// Takes blanks, an optional sign and digits off the front of the text.
-template <typename Number>
-bool takeNumber(std::string_view& text, Number& value, int base) {
-    skipToNumber(text);
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, base);
-    text.remove_prefix(static_cast<std::size_t>(end - text.data()));
-    return error == std::errc();
-}
 
 char lowerCase(char c) {
     return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
@@ -42,21 +26,18 @@ char lowerCase(char c) {
 
 } // namespace
 
-std::optional<std::int64_t> leadingNumber(std::string_view text, int base) {
-    std::int64_t value = 0;
-    return takeNumber(text, value, base) ? std::optional(value) : std::nullopt;
-}
-
 std::optional<std::int32_t> wholeNumber(std::string_view text) {
-    std::int32_t value = 0;
-    return takeNumber(text, value, 10) && text.empty() ? std::optional(value) : std::nullopt;
+    const auto value = takeNumber(text);
+    const bool fits = value && text.empty() && std::in_range<std::int32_t>(*value);
+    return fits ? std::optional(static_cast<std::int32_t>(*value)) : std::nullopt;
 }
 
 std::optional<double> decimalNumber(std::string_view text) {
-    skipToNumber(text);
-    double number = 0;
-    const bool isNumber = readNumber(text.substr(0, text.find_last_not_of(kBlanks) + 1), number);
-    return isNumber ? std::optional(number) : std::nullopt;
+    text = trimmed(text);
+    if (text.starts_with('+') && !text.substr(1).starts_with('-')) {
+        text.remove_prefix(1);
+    }
+    return parseNumber<double>(text);
 }
 
 std::optional<CheckFailure> checkRange(std::string_view text, std::int64_t minimum,
@@ -83,7 +64,7 @@ MacCheck checkMac(std::string_view text, int badCharacterId, platform::PromptIco
     for (std::size_t at = 0; at < text.size(); ++at) {
         const bool separator = at % 3 == 2;
         const char c = lowerCase(text[at]);
-        if (!separator && c != ' ' && kHexDigits.find(c) == std::string_view::npos) {
+        if (!separator && c != ' ' && !isHexDigit(c)) {
             check.failure = CheckFailure{badCharacterId, {}, message::errorCaption, icon};
             return check;
         }
@@ -96,21 +77,9 @@ MacCheck checkMac(std::string_view text, int badCharacterId, platform::PromptIco
 }
 
 std::string bytesOfHex(std::string_view digits) {
-    std::string bytes;
-    std::optional<std::size_t> high;
-    for (const char c : digits) {
-        const std::size_t digit = kHexDigits.find(lowerCase(c));
-        if (digit == std::string_view::npos) {
-            continue;
-        }
-        if (high) {
-            bytes += static_cast<char>(*high * 16 + digit);
-            high.reset();
-        } else {
-            high = digit;
-        }
-    }
-    return bytes;
+    std::string kept;
+    std::ranges::copy_if(digits, std::back_inserter(kept), isHexDigit);
+    return bytesFromHex(std::string_view(kept).substr(0, kept.size() / 2 * 2)).value_or("");
 }
 
 std::string colonSeparated(const std::string& digits) {
@@ -129,13 +98,7 @@ std::string macText(const std::string& value) {
     if (bytes.size() != kMacBytes) {
         return colonSeparated(value);
     }
-    std::string digits;
-    for (const char c : bytes) {
-        const auto byte = static_cast<unsigned char>(c);
-        digits += kHexDigits[byte / 16];
-        digits += kHexDigits[byte % 16];
-    }
-    return colonSeparated(digits);
+    return colonSeparated(hexDigits(bytes, LetterCase::lower));
 }
 
 std::string instanceBelow(std::string_view prefix, std::string_view oid) {

@@ -4,6 +4,7 @@
 // layer tells it and moves the focus.
 #pragma once
 
+#include "base/numbers.h"
 #include "env/message_ids.h"
 #include "platform/prompter.h"
 
@@ -24,10 +25,6 @@ struct CheckFailure {
     platform::PromptIcon icon = platform::PromptIcon::warning;
     std::string after{}; // what follows the text
 };
-
-// Leading blanks, an optional sign, then digits up to the first other character. Nothing when there
-// are no digits or the number needs more than 64 bits.
-[[nodiscard]] std::optional<std::int64_t> leadingNumber(std::string_view text, int base = 10);
 
 // A decimal number of 32 bits and nothing else but blanks before it.
 [[nodiscard]] std::optional<std::int32_t> wholeNumber(std::string_view text);

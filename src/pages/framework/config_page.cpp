@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "pages/framework/config_page.h"
 
-#include "env/client_paths.h"
+#include "env/help_index.h"
 #include "env/language_module.h"
 #include "onudesk/messages.h"
-#include "snmp/request.h"
+#include "window/request.h"
 
 #include <algorithm>
 #include <utility>

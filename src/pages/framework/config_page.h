@@ -15,8 +15,8 @@
 #include "pages/framework/page_frame.h"
 #include "pages/framework/write_request.h"
 #include "platform/window_messages.h"
-#include "snmp/object_catalogue.h"
-#include "snmp/reply.h"
+#include "window/object_catalogue.h"
+#include "window/reply.h"
 
 #include <cstddef>
 #include <cstdint>

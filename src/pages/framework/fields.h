@@ -13,7 +13,7 @@
 
 #include "pages/framework/checks.h"
 #include "pages/framework/value_map.h"
-#include "snmp/reply.h"
+#include "window/reply.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -2,7 +2,7 @@
 #include "pages/framework/port_list_page.h"
 
 #include "env/language_module.h"
-#include "snmp/request.h"
+#include "window/request.h"
 
 #include <algorithm>
 #include <utility>

@@ -8,7 +8,7 @@
 #pragma once
 
 #include "pages/framework/value_map.h"
-#include "snmp/reply.h"
+#include "window/reply.h"
 
 #include <cstddef>
 #include <functional>

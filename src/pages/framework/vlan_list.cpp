@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pages/framework/vlan_list.h"
 
-#include "bridge/read_number.h"
+#include "base/numbers.h"
+#include "base/text.h"
 
 #include <algorithm>
 
@@ -10,14 +11,11 @@ namespace onudesk {
 namespace {
 
 constexpr std::int64_t kLastVlan = 4094;
-constexpr std::string_view kBlanks = " \t\r\n";
 
 // Digits that name a VLAN, with blanks around them.
 std::optional<int> vlanOf(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
-    int vlan = 0;
-    const bool isNumber = readNumber(text.substr(0, text.find_last_not_of(kBlanks) + 1), vlan);
-    return isNumber && 1 <= vlan && vlan <= kLastVlan ? std::optional(vlan) : std::nullopt;
+    const auto vlan = parseNumber<int>(trimmed(text, " \t\r\n"));
+    return vlan && 1 <= *vlan && *vlan <= kLastVlan ? vlan : std::nullopt;
 }
 
 bool addPiece(std::string_view piece, std::set<int>& vlans) {

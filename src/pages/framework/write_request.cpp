@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/framework/write_request.h"
 
-#include "snmp/request.h"
+#include "window/request.h"
 
 #include <utility>
 

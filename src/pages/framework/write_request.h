@@ -3,7 +3,7 @@
 
 #include "bridge/session.h"
 #include "pages/framework/fields.h"
-#include "snmp/object_catalogue.h"
+#include "window/object_catalogue.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -3,7 +3,7 @@
 
 #include "onudesk/messages.h"
 #include "platform/desktop.h"
-#include "snmp/request.h"
+#include "window/request.h"
 
 #include <utility>
 

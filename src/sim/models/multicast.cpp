@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "sim/models/multicast.h"
 
+#include "base/numbers.h"
+
 #include <algorithm>
 #include <iterator>
 #include <regex>
@@ -30,8 +32,8 @@ std::optional<Vlans> vlansOf(const std::string& list) {
         if (!std::regex_match(piece, match, kPiece)) {
             return std::nullopt;
         }
-        const int first = std::stoi(match[1]);
-        const int last = match[3].matched ? std::stoi(match[3]) : first;
+        const int first = leadingInteger(match[1].str());
+        const int last = match[3].matched ? leadingInteger(match[3].str()) : first;
         if (std::min(first, last) < 1 || std::max(first, last) > kLastVlan) {
             return std::nullopt;
         }

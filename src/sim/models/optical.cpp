@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "sim/models/optical.h"
 
-#include <algorithm>
+#include "base/numbers.h"
+#include "base/text.h"
+
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -31,28 +33,15 @@ constexpr Quantity kQuantities[] = {
     {"RXPower", -40, 8.1647, true, {"0.1585", "0.0016", "0.1259", "0.0020"}},
 };
 
-std::string_view trimmed(std::string_view text) {
-    const std::size_t start = std::min(text.find_first_not_of(' '), text.size());
-    return text.substr(start, text.find_last_not_of(' ') + 1 - start);
-}
-
-// A decimal number and nothing else.
-std::optional<double> decimal(std::string_view text) {
-    double number = 0;
-    const char* end = text.data() + text.size();
-    const auto parsed = std::from_chars(text.data(), end, number, std::chars_format::fixed);
-    return parsed.ec == std::errc() && parsed.ptr == end ? std::optional(number) : std::nullopt;
-}
-
 // What the ONU keeps of a threshold; nothing for one that is out of range.
 std::optional<std::string> kept(const Quantity& quantity, std::string_view written) {
     constexpr int kPowerDecimals = 4;
-    const auto number = decimal(trimmed(written));
+    const auto number = parseNumber<double>(trimmed(written, " "), std::chars_format::fixed);
     if (!number || !(*number >= quantity.minimum && *number <= quantity.maximum)) {
         return std::nullopt;
     }
     if (!quantity.isPower) {
-        return std::string(trimmed(written));
+        return std::string(trimmed(written, " "));
     }
     std::array<char, 16> text{};
     const auto printed =

@@ -9,7 +9,7 @@
 #pragma once
 
 #include "bridge/session.h"
-#include "snmp/object_catalogue.h"
+#include "window/object_catalogue.h"
 
 #include <cstdint>
 #include <string>
@@ -44,6 +44,5 @@ void setPortSegment(Session& session, const std::string& text);
 // The address as a number in host byte order ("192.168.1.2" is 0xC0A80102), read as inet_addr(3)
 // does; 0xFFFFFFFF when it cannot be read.
 [[nodiscard]] std::uint32_t addressNumber(const std::string& dottedText);
-[[nodiscard]] std::string addressText(std::uint32_t number);
 
 } // namespace onudesk

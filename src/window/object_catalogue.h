@@ -9,22 +9,15 @@
 //                   access="read-write" size="0..32"/>
 #pragma once
 
-#include "bridge/result.h"
-#include "env/xml_file.h"
+#include "snmp/config_oid.h"
 
 #include <cstdint>
 #include <map>
 #include <string>
-#include <string_view>
+
+class TiXmlElement;
 
 namespace onudesk {
-
-// One named SNMP object.
-struct CONFIG_OID_T {
-    std::string name;
-    std::string oidstr;    // dotted decimal, without instance suffix
-    std::int32_t type = 0; // ASN.1 tag as the host numbers it; 0 when not stated
-};
 
 // Group name to object name to object. A page owns its module's catalogue.
 using ObjectCatalogue = std::map<std::string, std::map<std::string, CONFIG_OID_T>>;
@@ -40,8 +33,5 @@ using ObjectCatalogue = std::map<std::string, std::map<std::string, CONFIG_OID_T
 // The object, or null. Names are compared exactly. Valid while the catalogue lives.
 [[nodiscard]] const CONFIG_OID_T* lookup(const ObjectCatalogue& catalogue, const std::string& group,
                                          const std::string& object);
-
-// The first module element of the item type, or null.
-[[nodiscard]] const TiXmlElement* findModule(const TiXmlElement& root, std::int32_t itemType);
 
 } // namespace onudesk

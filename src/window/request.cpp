@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "snmp/request.h"
+#include "window/request.h"
 
 #include "onudesk/messages.h"
 
@@ -111,12 +111,6 @@ void setPortSegment(Session& session, const std::string& text) {
 std::uint32_t addressNumber(const std::string& dottedText) {
     // inet_addr on purpose: it takes what the agents' address field always took ("10.1", octal).
     return ntohl(::inet_addr(dottedText.c_str()));
-}
-
-std::string addressText(std::uint32_t number) {
-    in_addr address{};
-    address.s_addr = htonl(number);
-    return ::inet_ntoa(address);
 }
 
 } // namespace onudesk

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "snmp/object_catalogue.h"
+#include "window/object_catalogue.h"
 
 #include "env/client_paths.h"
 #include "env/language_module.h"
@@ -7,6 +7,7 @@
 #include "platform/desktop.h"
 #include "platform/files.h"
 #include "platform/prompter.h"
+#include "snmp/object_schema.h"
 
 #include <utility>
 
@@ -29,33 +30,19 @@ ObjectCatalogue readCatalogue(std::int32_t itemType) {
 
 } // namespace
 
-const TiXmlElement* findModule(const TiXmlElement& root, std::int32_t itemType) {
-    const std::string wanted = std::to_string(itemType);
-    for (const TiXmlElement* module = root.FirstChildElement("module"); module != nullptr;
-         module = module->NextSiblingElement("module")) {
-        if (attribute(*module, "name") == wanted) {
-            return module;
-        }
-    }
-    return nullptr;
-}
-
 ObjectCatalogue catalogueModule(const TiXmlElement& root, std::int32_t itemType) {
     ObjectCatalogue catalogue;
-    const TiXmlElement* module = findModule(root, itemType);
-    if (module == nullptr) {
-        return catalogue;
-    }
-    for (const TiXmlElement* group = module->FirstChildElement("group"); group != nullptr;
-         group = group->NextSiblingElement("group")) {
-        std::map<std::string, CONFIG_OID_T> objects;
-        for (const TiXmlElement* object = group->FirstChildElement(); object != nullptr;
-             object = object->NextSiblingElement()) {
-            const std::string name = attribute(*object, "name");
-            objects.try_emplace(name, CONFIG_OID_T{name, attribute(*object, "oidstr"),
-                                                   leadingInteger(attribute(*object, "type"))});
+    for (const TiXmlElement* module : namedElements(root, "module")) {
+        if (attribute(*module, "name") != std::to_string(itemType)) {
+            continue;
         }
-        catalogue.try_emplace(attribute(*group, "name"), std::move(objects));
+        for (const TiXmlElement* group : namedElements(*module, "group")) {
+            auto& objects = catalogue[attribute(*group, "name")];
+            for (const TiXmlElement* element : namedElements(*group)) {
+                CONFIG_OID_T object = namedObject(*element);
+                objects.emplace(object.name, std::move(object));
+            }
+        }
     }
     return catalogue;
 }
