@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "window/request.h"
 
+#include "base/endpoint.h"
+
 #include "support/test_host.h"
 
 #include <gtest/gtest.h>

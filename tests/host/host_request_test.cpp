@@ -39,7 +39,7 @@ Session goodSession() {
     session.context.onuNumber = 5;
     session.context.v3UserName = "operator";
     session.context.v3ContextName = "olt";
-    session.context.v3EngineId = "8000000001";
+    session.context.v3EngineId = "0x8000000001";
     session.context.securityLevel = 3;
     session.context.authProtocol = 3;
     session.context.authPassword = "authphrase";
