@@ -5,11 +5,11 @@
 // document_writer pictures STEPS CLIENT OUTPUT
 //
 // Writes what documents and help topics say that the code and its data know. Part of the build.
+#include "base/file.h"
 #include "doc/help_book.h"
 #include "doc/objects_document.h"
 #include "doc/page_facts.h"
 #include "doc/picture_script.h"
-#include "base/file.h"
 #include "env/xml_file.h"
 
 #include <filesystem>
@@ -29,13 +29,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-Result<bool> writeFile(const fs::path& path, const std::string& contents) {
+Result<void> writeFile(const fs::path& path, const std::string& contents) {
     std::ofstream file(path, std::ios::binary);
     file << contents << std::flush;
-    return file ? Result<bool>(true) : Error{"cannot write " + path.string()};
+    return file ? Result<void>() : Error{"cannot write " + path.string()};
 }
 
-Result<bool> writeObjects(const fs::path& source, const fs::path& catalogue,
+Result<void> writeObjects(const fs::path& source, const fs::path& catalogue,
                           const fs::path& output) {
     const Result<std::string> text = readFile(source);
     if (!text) {
@@ -81,7 +81,7 @@ Result<std::vector<MenuItem>> enterClient(const fs::path& client, LanguageModule
 }
 
 // CLIENT has the menu and the texts; OUTPUT gets the folder and the index of the book.
-Result<bool> writeHelp(const fs::path& folder, const fs::path& client, const fs::path& output) {
+Result<void> writeHelp(const fs::path& folder, const fs::path& client, const fs::path& output) {
     std::vector<HelpSources> languages;
     for (const auto& [name, tag, suffix, texts] :
          {std::tuple{"en", "en", ".htm", "libonuconfig.ENU"},
@@ -110,10 +110,10 @@ Result<bool> writeHelp(const fs::path& folder, const fs::path& client, const fs:
             return written;
         }
     }
-    return true;
+    return {};
 }
 
-Result<bool> writePictures(const fs::path& steps, const fs::path& client, const fs::path& output) {
+Result<void> writePictures(const fs::path& steps, const fs::path& client, const fs::path& output) {
     const Result<std::string> text = readFile(steps);
     if (!text) {
         return Error{text.error()};
@@ -137,7 +137,7 @@ int run(int argc, char** argv) {
                      "       document_writer pictures STEPS CLIENT OUTPUT\n";
         return 2;
     }
-    const Result<bool> written = writer->second(
+    const Result<void> written = writer->second(
         fs::absolute(arguments[2]), fs::absolute(arguments[3]), fs::absolute(arguments[4]));
     if (!written) {
         std::cerr << "document_writer: " << written.error() << "\n";

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "doc/objects_document.h"
 
+#include "base/numbers.h"
+#include "base/text.h"
+
 #include <algorithm>
 #include <cctype>
 #include <map>
@@ -87,9 +90,8 @@ public:
     explicit ObjectsDocument(const CatalogueSchema& catalogue) : catalogue_(catalogue) {}
 
     Result<std::string> write(const std::string& source) {
-        std::istringstream lines(source);
-        for (std::string line; std::getline(lines, line);) {
-            take(line);
+        for (const Line& line : lines(source)) {
+            take(std::string(line.text));
         }
         endGroup();
         endSection();
@@ -135,7 +137,7 @@ private:
             if (std::isdigit(static_cast<unsigned char>(word.front())) == 0) {
                 continue;
             }
-            const std::int32_t item = std::stoi(word);
+            const std::int32_t item = leadingInteger(word);
             if (!catalogue_.contains(item)) {
                 problem("there is no module " + word);
             } else if (described_.insert(item).second) {
