@@ -1,9 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "script_session.h"
 
+#include "env/language_module.h"
 #include "host/client_host.h"
 
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+
 #include <QProcess>
+#include <QTemporaryFile>
 
 #include <gtest/gtest.h>
 
@@ -26,6 +33,34 @@ Finished execute(const QString& program, const QStringList& arguments,
 
 QString text(const std::string& bytes) {
     return QString::fromStdString(bytes);
+}
+
+// Puts the other text in place of all that are the first one.
+void replaceAll(std::string& text, const std::string& from, const std::string& to) {
+    for (std::size_t at = text.find(from); at != std::string::npos;
+         at = text.find(from, at + to.size())) {
+        text.replace(at, from.size(), to);
+    }
+}
+
+// A step of a script of this folder as onuctl takes it.
+std::string stepOf(const std::string& words, const LanguageModule& language) {
+    std::string step = words;
+    if (words.starts_with("page ")) {
+        step = "open " + words.substr(5) + "\nwait";
+    } else if (words.starts_with("done ")) {
+        step = "click " + words.substr(5) +
+               "\nwait\nexpect box information {11001} \"{11045}{11002}\"";
+    }
+    for (std::size_t at = step.find('{'); at != std::string::npos; at = step.find('{', at)) {
+        const std::size_t end = step.find('}', at);
+        std::string text = language.text(std::stoi(step.substr(at + 1, end - at - 1)));
+        replaceAll(text, "\n", "\\n");
+        const bool quoted =
+            std::count(step.begin(), step.begin() + std::ptrdiff_t(at), '"') % 2 != 0;
+        step.replace(at, end + 1 - at, quoted ? text : '"' + text + '"');
+    }
+    return step;
 }
 
 // The access that the demonstration agent takes, for onuctl.
@@ -70,7 +105,23 @@ Finished ScriptSession::run(const std::string& script, const std::string& onu,
     for (const std::string& option : options) {
         arguments << text(option);
     }
-    arguments << QStringLiteral("run") << text(E2E_SCRIPT_DIR "/" + script);
+    const bool chinese = std::ranges::count(options, "2052") != 0;
+    const LanguageModule language =
+        LanguageModule::load(std::string(ONUDESK_SOURCE_DIR "/client/lang/libonuconfig.") +
+                             (chinese ? "CHS" : "ENU"))
+            .value();
+    std::ifstream in(E2E_SCRIPT_DIR "/" + script);
+    EXPECT_TRUE(in) << script;
+    QTemporaryFile steps;
+    EXPECT_TRUE(steps.open());
+    std::string lines((std::istreambuf_iterator<char>(in)), {});
+    replaceAll(lines, " ; ", "\n");
+    std::istringstream all(lines);
+    for (std::string line; std::getline(all, line);) {
+        steps.write((stepOf(line, language) + '\n').c_str());
+    }
+    steps.close();
+    arguments << QStringLiteral("run") << steps.fileName();
     return execute(QStringLiteral(ONUCTL_FILE), arguments, demoEnvironment());
 }
 

@@ -2,7 +2,6 @@
 #include "env/client_paths.h"
 #include "env/language_module.h"
 #include "mainform/config_main_form.h"
-#include "pages/basic/onu_basic.h"
 #include "pages/framework/controls.h"
 #include "platform/window_messages.h"
 #include "ui_test.h"
@@ -254,11 +253,10 @@ TEST_F(MainFormTest, ClosingUnderAnOpenBoxIsSafe) {
     TConfigMainForm& form = open();
     choose(node(606));
     host.take();
-    auto* page = dynamic_cast<TOnuBasic*>(form.currentPage());
-    ASSERT_NE(page, nullptr);
-    page->configBtn->setEnabled(true);
+    QWidget& config = in(form, "configBtn");
+    config.setEnabled(true);
     desk.whileOpen = [&] { form.close(); }; // as a log-out does
-    test::click(*page->configBtn);          // the empty MAC is refused
+    test::click(config);                    // the empty MAC is refused
     EXPECT_EQ(desk.takeBox().caption, messageText(113));
     EXPECT_FALSE(form.isVisible());
 }
@@ -321,9 +319,7 @@ TEST_F(MainFormTest, ReplyFillsThePageThroughItsRoute) {
     values[0] = "001A2B3C4D5E";
     values[1] = "26";
     ASSERT_TRUE(host.replyRead(606, {.values = values, .status = 1}));
-    const auto* page = dynamic_cast<TOnuBasic*>(form.currentPage());
-    ASSERT_NE(page, nullptr);
-    EXPECT_EQ(page->llidEdt->text(), QStringLiteral("1A"));
+    EXPECT_EQ(textIn(form, "llidEdt"), "1A");
 }
 
 } // namespace

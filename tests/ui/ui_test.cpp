@@ -155,6 +155,9 @@ std::vector<std::string> UiTest::takeWrite() {
         lines.push_back(binding.name + "@" + instanceOf(binding, catalogue) + "=" +
                         readable(binding.value));
     }
+    if (CodeParaReader(*posted->record).has(CP_FLAG_130)) {
+        lines.emplace_back("first-of-two");
+    }
     return lines;
 }
 
