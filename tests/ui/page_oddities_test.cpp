@@ -13,6 +13,7 @@
 
 #include <QCoreApplication>
 #include <QHelpEvent>
+#include <QLabel>
 #include <QMouseEvent>
 #include <QToolTip>
 
@@ -64,6 +65,25 @@ TEST_F(PageOddities, MembershipIsCentred) {
     };
     EXPECT_EQ(alignment(1), int{Qt::AlignCenter});
     EXPECT_NE(alignment(3), int{Qt::AlignCenter});
+}
+
+TEST_F(PageOddities, TheFirstReadOfAListByPortsIsForNone) {
+    for (const std::int32_t item : {613, 621, 647, 648}) {
+        open({.itemType = item});
+        run("reply 1 1 1 1 1 1 1 1 1 1 1 1 1 1 1 1 1 1 row=1");
+        EXPECT_FALSE(session.PortPending) << item;
+    }
+}
+
+TEST_F(PageOddities, ThresholdsStandUnderTheirTitles) {
+    open({.itemType = 667});
+    const auto left = [this](QWidget& widget) { return widget.mapTo(&page(), QPoint()).x(); };
+    for (const auto& [title, edit] : {std::pair(66711, "rpHWEdit"), {66712, "rpLWEdit"}}) {
+        for (QLabel* label : page().findChildren<QLabel*>()) {
+            EXPECT_EQ(label->text().toStdString() == messageText(title),
+                      left(*label) == left(control(edit)));
+        }
+    }
 }
 
 TEST_F(PageOddities, TabsFollowTheEyeFromIdentityToTheButtons) {

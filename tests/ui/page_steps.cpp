@@ -479,6 +479,8 @@ void PageSteps::addExpectations() {
     const std::pair<const char*, std::string (*)(const QWidget&)> looks[] = {
         {"caption", [](const QWidget& of) { return bytesOf(of.property("text").toString()); }},
         {"see", [](const QWidget& of) { return stateOf(of).text; }},
+        {"unchosen",
+         [](const QWidget& of) { return bytesOf(of.property("placeholderText").toString()); }},
         {"shown", [](const QWidget& of) { return std::string(of.isHidden() ? "no" : "yes"); }},
     };
     for (const auto& [name, lookAt] : looks) {
@@ -521,6 +523,14 @@ void PageSteps::addExpectations() {
     // CONTROL has the focus.
     verbs_["focus"] = [this](const Words& words) {
         EXPECT_EQ(window().focusWidget(), &control(words[0]));
+    };
+    // MILLISECONDS…: the pauses so far.
+    verbs_["paused"] = [this](const Words& words) {
+        Words pauses;
+        for (const auto pause : desk.pauses) {
+            pauses.push_back(std::to_string(pause.count()));
+        }
+        EXPECT_EQ(pauses, words);
     };
     // BUTTON CONTROL BOX…: pressing it only shows the box, as above, and the focus goes to the
     // control, if it is not "-".

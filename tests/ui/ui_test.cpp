@@ -155,7 +155,7 @@ std::vector<std::string> UiTest::takeWrite() {
         lines.push_back(binding.name + "@" + instanceOf(binding, catalogue) + "=" +
                         readable(binding.value));
     }
-    if (CodeParaReader(*posted->record).has(CP_FLAG_130)) {
+    if (CodeParaReader(*posted->record).integer(CP_FLAG_130) == 0U) {
         lines.emplace_back("first-of-two");
     }
     return lines;
