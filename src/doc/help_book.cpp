@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "doc/help_book.h"
 
+#include "base/numbers.h"
+#include "base/text.h"
+#include "doc/help_topic.h"
 #include "env/message_ids.h"
 
 #include <algorithm>
@@ -21,29 +24,6 @@ constexpr const char* kIndex = "index";
 constexpr const char* kStandard = "standard";
 constexpr std::string_view kContents = "{topics}";
 
-// What stands under one or more "? " lines.
-struct Entry {
-    std::vector<std::string> heads;
-    std::vector<std::string> paragraphs;
-    bool more = false; // they stand below the standard explanation
-};
-
-enum class Kind { paragraph, heading, row, item, numbered, ask, more };
-
-// Lines of a source that belong together, without their mark.
-struct Line {
-    Kind kind;
-    std::string text;
-};
-
-struct Topic {
-    int key = 0;
-    std::string contents;
-    std::string title;
-    std::vector<Line> lines;
-    std::vector<Entry> entries;
-};
-
 std::vector<std::string> split(const std::string& text, char separator) {
     std::vector<std::string> parts;
     std::istringstream stream(text);
@@ -51,75 +31,6 @@ std::vector<std::string> split(const std::string& text, char separator) {
         parts.push_back(part);
     }
     return parts;
-}
-
-// Joins two lines; words of languages without blanks stay without one.
-void join(std::string& text, const std::string& next) {
-    const auto wide = [](char letter) { return static_cast<unsigned char>(letter) >= 0x80; };
-    text += (wide(text.back()) && wide(next.front()) ? "" : "\n") + next;
-}
-
-std::optional<Line> marked(const std::string& line) {
-    const std::size_t digits = line.find_first_not_of("0123456789");
-    if (digits != 0 && digits != std::string::npos && line.compare(digits, 2, ". ") == 0) {
-        return Line{Kind::numbered, line.substr(digits + 2)};
-    }
-    static const std::pair<const char*, Kind> marks[] = {
-        {"## ", Kind::heading}, {"- ", Kind::item}, {"? ", Kind::ask}, {"+ ", Kind::more}};
-    for (const auto& [mark, kind] : marks) {
-        if (line.starts_with(mark)) {
-            return Line{kind, line.substr(std::string_view(mark).size())};
-        }
-    }
-    if (line.find(" :: ") != std::string::npos) {
-        return Line{Kind::row, line};
-    }
-    return std::nullopt;
-}
-
-Topic readTopic(const std::string& source) {
-    Topic topic;
-    bool open = false; // the last line can go on
-    std::vector<Line> lines;
-    for (const std::string& line : split(source, '\n')) {
-        if (line.starts_with("key ")) {
-            topic.key = std::atoi(line.c_str() + 4);
-        } else if (line.starts_with("contents ")) {
-            topic.contents = line.substr(9);
-        } else if (line.starts_with("# ")) {
-            topic.title = line.substr(2);
-        } else if (line.empty()) {
-            open = false;
-        } else if (open && line.starts_with("  ")) {
-            join(lines.back().text, line.substr(line.find_first_not_of(' ')));
-        } else if (auto next = marked(line)) {
-            lines.push_back(std::move(*next));
-            open = lines.back().kind != Kind::heading && lines.back().kind != Kind::ask;
-        } else if (open) {
-            join(lines.back().text, line);
-        } else {
-            lines.push_back({Kind::paragraph, line});
-            open = true;
-        }
-    }
-    bool asked = false;
-    for (Line& line : lines) {
-        if (line.kind == Kind::ask) {
-            if (!asked) {
-                topic.entries.emplace_back();
-            }
-            topic.entries.back().heads.push_back(std::move(line.text));
-            asked = true;
-        } else if (topic.entries.empty()) {
-            topic.lines.push_back(std::move(line));
-        } else {
-            Entry& entry = topic.entries.back();
-            entry.more |= entry.paragraphs.empty() && line.kind == Kind::more;
-            entry.paragraphs.push_back(std::move(line.text));
-            asked = false;
-        }
-    }
-    return topic;
 }
 
 // A message's number and what fills its places, as "{11068:1,4094}" has them.
@@ -130,9 +41,9 @@ struct Place {
 
 Place placeOf(const std::string& inner) {
     const std::size_t colon = inner.find(':');
-    return {std::atoi(inner.c_str()), colon == std::string::npos
-                                          ? std::vector<std::string>()
-                                          : split(inner.substr(colon + 1), ',')};
+    return {leadingInteger(inner), colon == std::string::npos
+                                       ? std::vector<std::string>()
+                                       : split(inner.substr(colon + 1), ',')};
 }
 
 // As HTML; texts that are joined in a message end in a blank.
@@ -156,11 +67,12 @@ public:
     BookWriter(const HelpSources& sources, const std::vector<HelpSources>& languages, Report report)
         : sources_(sources), languages_(languages), report_(std::move(report)) {
         const auto standard = sources.topics.find(kStandard);
-        for (const std::string& line :
-             split(standard == sources.topics.end() ? std::string() : standard->second, '\n')) {
-            const std::size_t colon = line.find(": ");
-            if (colon != std::string::npos) {
-                standard_[line.substr(0, colon)] = line.substr(colon + 2);
+        if (standard != sources.topics.end()) {
+            for (const Line& line : lines(standard->second)) {
+                const std::size_t colon = line.text.find(": ");
+                if (colon != std::string_view::npos) {
+                    standard_.emplace(line.text.substr(0, colon), line.text.substr(colon + 2));
+                }
             }
         }
         for (const auto& [name, source] : sources.topics) {
@@ -170,17 +82,17 @@ public:
         }
     }
 
-    [[nodiscard]] const std::map<std::string, Topic>& topics() const { return topics_; }
+    [[nodiscard]] const std::map<std::string, HelpTopic>& topics() const { return topics_; }
 
     // Of a topic with its facts, null for one that explains no page. `key` is that of the topic.
     std::string write(const std::string& name, const TopicFacts* facts,
                       const std::string& contents) {
         name_ = name;
         named_.clear();
-        const Topic& topic = topics_.at(name);
+        const HelpTopic& topic = topics_.at(name);
         std::string body = writeLines(topic.lines, contents);
         static const TopicFacts none;
-        body += writeExplanations(topic.entries, facts == nullptr ? none : *facts);
+        body += writeExplanations(topic, facts == nullptr ? none : *facts);
         for (const int caption : facts == nullptr ? std::set<int>() : facts->captions) {
             if (!named_.contains(sources_.texts.text(caption))) {
                 problem("does not explain {" + std::to_string(caption) + "}, \"" +
@@ -196,10 +108,12 @@ public:
         name_ = kIndex;
         std::string out;
         std::set<std::string> listed{kIndex};
+        std::set<std::string> ofItems;
+        for (const auto& [item, name] : names) {
+            ofItems.insert(name);
+        }
         for (const auto& [name, topic] : topics_) {
-            const bool ofItem =
-                std::ranges::any_of(names, [&](const auto& item) { return item.second == name; });
-            if (!ofItem && listed.insert(name).second) {
+            if (!ofItems.contains(name) && listed.insert(name).second) {
                 out += contentsLine(name);
             }
         }
@@ -260,7 +174,7 @@ private:
         if (format.empty()) {
             problem("there is no text " + std::to_string(place.id));
         }
-        const std::string text = fillPlaces(format, place.arguments);
+        std::string text = fillPlaces(format, place.arguments);
         named_.insert(text);
         return text;
     }
@@ -310,29 +224,29 @@ private:
         return out;
     }
 
-    std::string writeLines(const std::vector<Line>& lines, const std::string& contents) {
+    std::string writeLines(const std::vector<HelpLine>& lines, const std::string& contents) {
         std::string out;
         std::string end; // of the list or table that is open
-        std::optional<Kind> last;
-        for (const Line& line : lines) {
+        std::optional<LineKind> last;
+        for (const HelpLine& line : lines) {
             if (line.kind != last) {
                 out += std::exchange(end, {});
-                out += line.kind == Kind::row        ? kTable
-                       : line.kind == Kind::item     ? "<ul>\n"
-                       : line.kind == Kind::numbered ? "<ol>\n"
-                                                     : "";
-                end = line.kind == Kind::row        ? "</table>\n"
-                      : line.kind == Kind::item     ? "</ul>\n"
-                      : line.kind == Kind::numbered ? "</ol>\n"
-                                                    : "";
+                out += line.kind == LineKind::row        ? kTable
+                       : line.kind == LineKind::item     ? "<ul>\n"
+                       : line.kind == LineKind::numbered ? "<ol>\n"
+                                                         : "";
+                end = line.kind == LineKind::row        ? "</table>\n"
+                      : line.kind == LineKind::item     ? "</ul>\n"
+                      : line.kind == LineKind::numbered ? "</ol>\n"
+                                                        : "";
                 last = line.kind;
             }
-            if (line.kind == Kind::heading) {
+            if (line.kind == LineKind::heading) {
                 out += "\n<h2>" + inlined(line.text) + "</h2>\n";
-            } else if (line.kind == Kind::row) {
+            } else if (line.kind == LineKind::row) {
                 const std::size_t colons = line.text.find(" :: ");
                 out += row(inlined(line.text.substr(0, colons)), line.text.substr(colons + 4));
-            } else if (line.kind == Kind::paragraph) {
+            } else if (line.kind == LineKind::paragraph) {
                 out += line.text == kContents ? contents : "<p>" + inlined(line.text) + "</p>\n";
             } else {
                 out += "<li>" + inlined(line.text) + "</li>\n";
@@ -346,11 +260,11 @@ private:
     }
 
     // The paragraphs of an explanation, the standard one where it is wanted.
-    std::vector<std::string> paragraphs(const Entry* entry, const std::string& standardName,
+    std::vector<std::string> paragraphs(const HelpEntry* entry, const std::string& standardName,
                                         const std::string& head) {
         std::vector<std::string> found;
         if (entry == nullptr || entry->more) {
-            if (standardName.empty()) {
+            if (!standard_.contains(standardName)) {
                 problem("does not explain " + head + ", \"" + headText(head) + "\"");
                 return found;
             }
@@ -371,8 +285,9 @@ private:
                (head.ends_with('}') && message.starts_with(head.substr(0, head.size() - 1) + ":"));
     }
 
-    static const Entry* entryOf(const std::vector<Entry>& entries, const std::string& message) {
-        const auto found = std::ranges::find_if(entries, [&](const Entry& entry) {
+    static const HelpEntry* entryOf(const std::vector<HelpEntry>& entries,
+                                    const std::string& message) {
+        const auto found = std::ranges::find_if(entries, [&](const HelpEntry& entry) {
             return std::ranges::any_of(
                 entry.heads, [&](const std::string& head) { return covers(head, message); });
         });
@@ -380,12 +295,12 @@ private:
     }
 
     // The messages of a topic: by hand in their order, those of the page that are left, results.
-    std::vector<Explained> inOrder(const std::vector<Entry>& entries, const TopicFacts& facts) {
+    std::vector<Explained> inOrder(const HelpTopic& topic, const TopicFacts& facts) {
         std::vector<Explained> found;
         const auto has = [](const std::vector<Explained>& list, const std::string& head) {
             return std::ranges::find(list, head, &Explained::head) != list.end();
         };
-        for (const Entry& entry : entries) {
+        for (const HelpEntry& entry : topic.entries) {
             for (const std::string& head : entry.heads) {
                 if (has(facts.buttons, head) || has(facts.results, head)) {
                     continue;
@@ -404,20 +319,24 @@ private:
                 found.push_back({head, {}});
             }
         }
-        for (const Explained& message : facts.messages) {
-            if (!has(found, message.head)) {
-                found.push_back(message);
+        std::ranges::copy_if(facts.messages, std::back_inserter(found),
+                             [&](const Explained& message) { return !has(found, message.head); });
+        found.insert(found.end(), facts.results.begin(), facts.results.end());
+        for (const std::string& head : topic.absent) {
+            if (std::erase_if(
+                    found, [&](const Explained& message) { return message.head == head; }) == 0) {
+                problem("would not show " + head + " anyhow");
             }
         }
-        found.insert(found.end(), facts.results.begin(), facts.results.end());
         return found;
     }
 
-    std::string writeExplanations(const std::vector<Entry>& entries, const TopicFacts& facts) {
+    std::string writeExplanations(const HelpTopic& topic, const TopicFacts& facts) {
         std::string buttons;
         for (const auto& [head, standardName] : facts.buttons) {
             std::string text;
-            for (const std::string& each : paragraphs(entryOf(entries, head), standardName, head)) {
+            for (const std::string& each :
+                 paragraphs(entryOf(topic.entries, head), standardName, head)) {
                 text += (text.empty() ? "" : " ") + each;
             }
             buttons += row("<b>" + escaped(headText(head)) + "</b>", text);
@@ -429,8 +348,9 @@ private:
                 messages += "<dd>" + inlined(each) + "</dd>\n";
             }
         };
-        for (const auto& [head, standardName] : inOrder(entries, facts)) {
-            std::vector<std::string> text = paragraphs(entryOf(entries, head), standardName, head);
+        for (const auto& [head, standardName] : inOrder(topic, facts)) {
+            std::vector<std::string> text =
+                paragraphs(entryOf(topic.entries, head), standardName, head);
             if (text != last) {
                 end();
                 last = std::move(text);
@@ -475,7 +395,7 @@ private:
     const std::vector<HelpSources>& languages_;
     const Report report_;
     std::map<std::string, std::string> standard_;
-    std::map<std::string, Topic> topics_;
+    std::map<std::string, HelpTopic> topics_;
     std::string name_;            // of the topic in hand
     std::set<std::string> named_; // texts that it names
 };
@@ -490,28 +410,30 @@ Result<HelpBook> writeHelpBook(const std::vector<HelpSources>& languages,
         problems += (problems.empty() ? "" : "\n") + problem;
     };
     HelpBook book;
-    std::map<std::string, int> keys;
+    std::map<std::string, int> keys;           // of topics
     std::map<std::int32_t, std::string> names; // of the topics of items
     for (const HelpSources& language : languages) {
         BookWriter writer(language, languages, report);
-        if (&language == &languages.front()) {
+        if (keys.empty()) {
+            std::set<int> missing;
+            for (const auto& [key, topic] : facts) {
+                missing.insert(key);
+            }
             for (const auto& [name, topic] : writer.topics()) {
                 const auto found = facts.find(topic.key);
+                keys[name] = topic.key;
+                missing.erase(topic.key);
                 if (found != facts.end()) {
                     for (const std::int32_t item : found->second.items) {
                         names[item] = name;
                     }
-                    keys[name] = topic.key;
                 } else if (topic.key != 0) {
                     report(name + ": no page has the key " + std::to_string(topic.key));
                 }
             }
-            for (const auto& [key, topic] : facts) {
-                if (std::ranges::none_of(keys,
-                                         [&](const auto& each) { return each.second == key; })) {
-                    report("no topic has the key " + std::to_string(key) + ", \"" +
-                           language.texts.text(key) + "\"");
-                }
+            for (const int key : missing) {
+                report("no topic has the key " + std::to_string(key) + ", \"" +
+                       language.texts.text(key) + "\"");
             }
         }
         const std::string contents = writer.contents(menu, names);
@@ -522,12 +444,13 @@ Result<HelpBook> writeHelpBook(const std::vector<HelpSources>& languages,
                 }
             }
             const auto key = keys.find(name);
+            const auto found = key == keys.end() ? facts.end() : facts.find(key->second);
             book[name + language.suffix] =
-                writer.write(name, key == keys.end() ? nullptr : &facts.at(key->second), contents);
-            if (key != keys.end()) {
-                book["confighelp.txt"] += std::to_string(key->second) + "=" + name +
+                writer.write(name, found == facts.end() ? nullptr : &found->second, contents);
+            if (found != facts.end()) {
+                book["confighelp.txt"] += std::to_string(found->first) + "=" + name +
                                           language.suffix + "\tx " +
-                                          language.texts.text(key->second) + "\n";
+                                          language.texts.text(found->first) + "\n";
             }
         }
     }

@@ -22,6 +22,7 @@
 //     What stands under one or more of these lines.
 //     ? {11046}
 //     + This stands below the standard explanation.
+//     ! {11204}                                the page never shows this one after all
 //
 // {3110} is the text of that message in bold, {11068:1,4094} the same with its places filled. Lines
 // that are indented, or that follow a line of a paragraph, continue it. "{topics}" alone in a

@@ -104,7 +104,7 @@ Result<void> writeHelp(const fs::path& folder, const fs::path& client, const fs:
     fs::remove_all(output / "confighelp"); // topics that are no more
     fs::create_directories(output / "confighelp");
     for (const auto& [name, contents] : *book) {
-        const auto written =
+        auto written =
             writeFile((name.ends_with(".txt") ? output : output / "confighelp") / name, contents);
         if (!written) {
             return written;

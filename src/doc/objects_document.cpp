@@ -213,7 +213,7 @@ private:
         meant_.clear();
         std::istringstream names(line.substr(0, colon));
         for (std::string name; names >> name;) {
-            name.erase(std::ranges::remove(name, ',').begin(), name.end());
+            std::erase(name, ',');
             if (!meanings_.emplace(name, line.substr(colon + 2)).second) {
                 problem(name + " is explained twice");
             }

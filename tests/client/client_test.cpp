@@ -39,18 +39,12 @@ LanguageModule language(const char* file) {
     return LanguageModule::load(kRoot / "client" / "lang" / file).value();
 }
 
-// The elements of a file of the client tree below `parent`, the root's children without one.
-std::vector<const TiXmlElement*> children(const TiXmlElement& parent) {
-    std::vector<const TiXmlElement*> found;
-    for (const auto* child = parent.FirstChildElement(); child != nullptr;
-         child = child->NextSiblingElement()) {
-        found.push_back(child);
-    }
-    return found;
+std::string contents(const std::filesystem::path& path) {
+    return readFile(kRoot / path).value();
 }
 
-XmlDocument document(const std::string& file) {
-    return loadXml(kRoot / "client" / file).value();
+std::vector<std::smatch> matches(const std::string& text, const std::regex& expression) {
+    return {std::sregex_iterator(text.begin(), text.end(), expression), {}};
 }
 
 // The arguments that fillPlaces() puts into a text, in their order.
@@ -69,12 +63,9 @@ TEST(LanguageModules, HaveTheSameTextsOnceWithTheSamePlaces) {
     for (const char* file : kLanguages) {
         const LanguageModule module = language(file);
         EXPECT_EQ(module.texts().size(), english.texts().size()) << file;
-        const XmlDocument listed = document(std::string("lang/") + file);
-        std::set<std::string> ids; // a repeated one is lost in a loaded module
-        for (const TiXmlElement* text : children(*listed->RootElement())) {
-            EXPECT_STREQ(text->Value(), "text") << file << " line " << text->Row();
-            EXPECT_TRUE(ids.insert(attribute(*text, "id")).second) << file << text->Row();
-        }
+        const std::string listed = contents(std::filesystem::path("client/lang") / file);
+        EXPECT_EQ(matches(listed, std::regex(R"(<\w+ id=")")).size(), module.texts().size())
+            << file;
         for (const auto& [id, text] : module.texts()) {
             EXPECT_GT(id, 0) << file;
             EXPECT_NE(text, "") << file << " " << id;
@@ -112,15 +103,15 @@ TEST(LanguageModules, HaveEveryTextThatTheWindowNames) {
     for (const char* part : {"pages", "mainform", "entry", "env", "snmp"}) {
         for (const auto& entry :
              std::filesystem::recursive_directory_iterator(kRoot / "src" / part)) {
-            const Result<std::string> text = readFile(entry.path());
-            if (!entry.is_regular_file() || !text) {
+            if (!entry.is_regular_file()) {
                 continue;
             }
-            for (std::sregex_iterator at(text->begin(), text->end(), literal), end; at != end;
-                 ++at) {
-                if (numbersAText(std::stoi(at->str()))) {
+            const std::string text = contents(entry.path());
+            for (const std::smatch& match : matches(text, literal)) {
+                const int number = std::stoi(match.str());
+                if (numbersAText(number)) {
                     ++found;
-                    EXPECT_NE(module.text(std::stoi(at->str())), "") << entry.path() << at->str();
+                    EXPECT_NE(module.text(number), "") << entry.path() << number;
                 }
             }
         }
@@ -153,7 +144,7 @@ void collect(const std::vector<MenuItem>& items, bool first, std::multiset<int>&
 TEST(Menus, ListEveryItemTypeOnceUnderHeadingsWithCaptions) {
     for (const char* file : kMenus) {
         SCOPED_TRACE(file);
-        const XmlDocument menu = document(std::string("CONF/snmp/") + file);
+        const XmlDocument menu = loadXml(kRoot / "client/CONF/snmp" / file).value();
         EXPECT_NE(attribute(*menu->RootElement(), "type"), "");
         std::multiset<int> leaves;
         collect(readMenu(*menu->RootElement(), {}).items, true, leaves);
@@ -175,41 +166,41 @@ TEST(Catalogue, NamesEveryObjectOfAnItemOnceAndNumbersItByItsPlace) {
     const std::map<std::string, std::string> fixedGroups{
         {"619 maintable", "1.3.6.1.4.1.27315.1.9.5.2.1"},
         {"621 maintable", "1.3.6.1.4.1.27315.1.9.6.3.1"}};
-    const auto expectKnown = [&](const TiXmlElement& element, const std::string& name) {
-        EXPECT_EQ(element.Value(), name) << element.Row();
-        for (const auto* each = element.FirstAttribute(); each != nullptr; each = each->Next()) {
-            EXPECT_TRUE(known.at(name).contains(each->Name())) << each->Name() << element.Row();
-        }
-    };
-    const XmlDocument catalogue = document("CONF/snmp/snmpconfig.xml");
+    const std::string catalogue = contents("client/CONF/snmp/snmpconfig.xml");
+    const std::string enterprise = "1.3.6.1.4.1.27315.";
     std::map<std::string, std::string> names; // of objects by OID
-    for (const TiXmlElement* module : children(*catalogue->RootElement())) {
-        expectKnown(*module, "module");
-        const std::string item = attribute(*module, "name");
-        EXPECT_TRUE(kItemTypes.contains(std::stoi(item))) << item;
-        std::set<std::string> objects;
-        std::set<std::string> groups;
-        int groupNumber = 0;
-        for (const TiXmlElement* group : children(*module)) {
-            expectKnown(*group, "group");
-            EXPECT_TRUE(groups.insert(attribute(*group, "name")).second) << item;
-            const auto fixed = fixedGroups.find(item + " " + attribute(*group, "name"));
-            std::string base = "1.3.6.1.4.1.27315." + item + ".1." + std::to_string(++groupNumber);
+    std::set<std::string> places;             // of groups and objects, by item and name
+    std::string item;
+    std::string base; // of the columns of a group
+    int groups = 0;
+    int column = 0;
+    for (const std::smatch& element : matches(catalogue, std::regex(R"(<(\w+)([^<>]*)>)"))) {
+        std::map<std::string, std::string> values;
+        const std::string attributes = element.str(2);
+        for (const std::smatch& each : matches(attributes, std::regex(R"re((\w+)="([^"]*)")re"))) {
+            values[each.str(1)] = each.str(2);
+            EXPECT_TRUE(known.at(element.str(1)).contains(each.str(1))) << element.str();
+        }
+        const std::string& name = values["name"];
+        if (element.str(1) == "module") {
+            item = name;
+            groups = 0;
+            EXPECT_TRUE(kItemTypes.contains(std::stoi(item))) << item;
+        } else if (element.str(1) == "group") {
+            const auto fixed = fixedGroups.find(item + " " + name);
+            base = enterprise + item + ".1." + std::to_string(++groups);
             base = fixed == fixedGroups.end() ? base : fixed->second;
-            int column = 0;
-            for (const TiXmlElement* object : children(*group)) {
-                expectKnown(*object, "object");
-                const std::string name = attribute(*object, "name");
-                const std::string oid = attribute(*object, "oidstr");
-                EXPECT_TRUE(objects.insert(name).second) << item << " " << name;
-                EXPECT_EQ(names.try_emplace(oid, name).first->second, name) << item;
-                // An object of another item keeps that item's OID, and its name.
-                if (oid != base + "." + std::to_string(++column)) {
-                    const std::string enterprise = "1.3.6.1.4.1.27315.";
-                    ASSERT_TRUE(oid.starts_with(enterprise)) << oid;
-                    const int owner = std::stoi(oid.substr(enterprise.size()));
-                    EXPECT_TRUE(owner != std::stoi(item) && kItemTypes.contains(owner)) << oid;
-                }
+            column = 0;
+            EXPECT_TRUE(places.insert(item + "/" + name).second) << item << name;
+        } else if (element.str(1) == "object") {
+            const std::string& oid = values["oidstr"];
+            EXPECT_TRUE(places.insert(item + " " + name).second) << item << name;
+            EXPECT_EQ(names.try_emplace(oid, name).first->second, name) << item;
+            // An object of another item keeps that item's OID, and its name.
+            if (oid != base + "." + std::to_string(++column)) {
+                ASSERT_TRUE(oid.starts_with(enterprise)) << oid;
+                const int owner = std::stoi(oid.substr(enterprise.size()));
+                EXPECT_TRUE(owner != std::stoi(item) && kItemTypes.contains(owner)) << oid;
             }
         }
     }
@@ -218,14 +209,14 @@ TEST(Catalogue, NamesEveryObjectOfAnItemOnceAndNumbersItByItsPlace) {
 
 // The recipe for pages prints sources; they must be those that are built.
 TEST(Documents, PrintSourcesAsTheyAre) {
-    const std::string recipe = readFile(kRoot / "docs" / "pages.md").value();
+    const std::string recipe = contents("docs/pages.md");
     const std::string mark = "```cpp ";
     int blocks = 0;
     for (auto at = recipe.find(mark); at != std::string::npos; at = recipe.find(mark, at)) {
         const auto line = recipe.find('\n', at);
         const std::string file = recipe.substr(at + mark.size(), line - at - mark.size());
         const auto end = recipe.find("```", line);
-        const std::string source = readFile(kRoot / file).value();
+        const std::string source = contents(file);
         EXPECT_EQ(recipe.substr(line + 1, end - line - 1), source.substr(source.find('\n') + 1))
             << file;
         at = end;

@@ -61,7 +61,7 @@ std::vector<HelpSources> helpSources() {
                      "config: Writes.\nrange: Out of it.\nsent: Done.\n"},
         {"index", "# Book\n\n{topics}\n"},
         {"fec", "key 6221\ncontents F & G\n# FEC\n\n{61601} :: **bold** [x](index)\n  more\n\n"
-                "? {3110}\nBy hand.\n? {11045}{11002}\n+ Now.\n"}};
+                "? {3110}\nBy hand.\n? {11045}{11002}\n+ Now.\n! {11068:1,6}\n"}};
     const auto texts =
         LanguageModule::load(std::string(ONUDESK_SOURCE_DIR) + "/client/lang/libonuconfig.ENU");
     return {{topics, ".htm", "en", *texts}, {topics, ".fr.htm", "fr", *texts}};
@@ -71,7 +71,7 @@ TEST(HelpBook, JoinsExplanationsWithThePagesAndNamesWhatDoesNotFit) {
     const std::map<int, TopicFacts> facts{{6221,
                                            {{616},
                                             {{"{20001}", "config"}},
-                                            {{"{11068:1,5}", "range"}},
+                                            {{"{11068:1,5}", "range"}, {"{11068:1,6}", "range"}},
                                             {{"{11045}{11002}", "sent"}},
                                             {61601}}}};
     const std::vector<MenuItem> menu{{5008, {{616}}}};
@@ -99,8 +99,10 @@ TEST(HelpBook, JoinsExplanationsWithThePagesAndNamesWhatDoesNotFit) {
           {"fec", "{3110}", "{3109}", "there is no text 3109"},
           {"fec", "{3110}", "{20004}", "explains {20004}, which is none of its buttons"},
           {"fec", "By hand.", "", "en/fec: does not explain {3110}"},
+          {"fec", "! ", "! {3111}\n! ", "would not show {3111} anyhow"},
           {"fec", "(index)", "(other)", "there is no topic other"},
-          {"standard", "config", "other", "there is no standard explanation config"}}) {
+          {"standard", "contents", "other", "there is no standard explanation contents"},
+          {"standard", "config", "other", "does not explain {20001}"}}) {
         std::vector<HelpSources> sources = helpSources();
         std::string& source = sources[0].topics[topic];
         source.replace(source.find(part), std::string(part).size(), instead);
