@@ -8,7 +8,6 @@
 #include <array>
 #include <cctype>
 #include <cstdlib>
-#include <map>
 #include <string_view>
 
 #include <sys/stat.h>
@@ -17,21 +16,15 @@ namespace onudesk::ctl {
 
 namespace {
 
-using host::AuthProtocol;
 using host::OnuTarget;
-using host::PrivProtocol;
-using host::SecurityLevel;
 
 constexpr std::size_t kMaxSecretsBytes = 65536;
 
-template <typename Value>
-bool choose(const std::map<std::string, Value>& choices, const std::string& text, Value& value) {
-    const auto found = choices.find(text);
-    if (found == choices.end()) {
-        return false;
-    }
-    value = found->second;
-    return true;
+template <typename Value, std::size_t count>
+bool choose(const Named<Value> (&names)[count], const std::string& text, Value& value) {
+    const auto known = valueNamed(names, text);
+    value = known.value_or(value);
+    return known.has_value();
 }
 
 // Texts travel in fields of this size; a longer one would be cut to another secret.
@@ -54,23 +47,18 @@ constexpr std::array kSettings = {
     Setting{"v3-user", [](OnuTarget& t, const std::string& v) { return takeText(t.v3.user, v); }},
     Setting{"v3-context",
             [](OnuTarget& t, const std::string& v) { return takeText(t.v3.contextName, v); }},
-    Setting{"v3-level",
-            [](OnuTarget& t, const std::string& v) {
-                return choose<SecurityLevel>({{"noAuthNoPriv", SecurityLevel::noAuthNoPriv},
-                                              {"authNoPriv", SecurityLevel::authNoPriv},
-                                              {"authPriv", SecurityLevel::authPriv}},
-                                             v, t.v3.level);
-            }},
+    Setting{
+        "v3-level",
+        [](OnuTarget& t, const std::string& v) { return choose(kSecurityLevels, v, t.v3.level); }},
     Setting{"v3-auth-protocol",
             [](OnuTarget& t, const std::string& v) {
-                return choose<AuthProtocol>(
-                    {{"MD5", AuthProtocol::md5}, {"SHA", AuthProtocol::sha}}, v, t.v3.authProtocol);
+                return choose(kAuthProtocols, v, t.v3.authProtocol);
             }},
     Setting{"v3-auth-passphrase",
             [](OnuTarget& t, const std::string& v) { return takeText(t.v3.authPassphrase, v); }},
     Setting{"v3-priv-protocol",
             [](OnuTarget& t, const std::string& v) {
-                return choose<PrivProtocol>({{"DES", PrivProtocol::des}}, v, t.v3.privProtocol);
+                return choose(kPrivProtocols, v, t.v3.privProtocol);
             }},
     Setting{"v3-priv-passphrase",
             [](OnuTarget& t, const std::string& v) { return takeText(t.v3.privPassphrase, v); }},

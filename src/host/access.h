@@ -1,21 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "snmp/security.h"
+
 #include <compare>
 #include <cstdint>
 #include <string>
 
 namespace onudesk::host {
 
-enum class SecurityLevel : std::uint8_t {
-    notSet = 0,
-    noAuthNoPriv = 1,
-    authNoPriv = 2,
-    authPriv = 3
-};
-enum class AuthProtocol : std::uint8_t { none = 1, md5 = 2, sha = 3 };
-enum class PrivProtocol : std::uint8_t { none = 1, des = 2 };
-enum class SnmpVersion : std::uint8_t { v1 = 0, v2c = 1, v3 = 3 };
+using onudesk::AuthProtocol;
+using onudesk::PrivProtocol;
+using onudesk::SecurityLevel;
+using onudesk::SnmpVersion;
 
 // Who asks, for SNMPv3 (RFC 3414). Pass phrases have at least 8 bytes where the level uses them.
 struct V3Access {

@@ -20,8 +20,7 @@ constexpr std::int32_t kMinTimeout = 1;
 constexpr std::int32_t kMaxTimeout = 60;
 constexpr std::int32_t kMaxRetries = 9;
 constexpr std::uint32_t kNoAddress = 0xFFFFFFFFU;
-constexpr std::size_t kMinPassphrase = 8; // RFC 3414, 11.2
-constexpr std::size_t kMinEngineId = 5;   // RFC 3411, SnmpEngineID
+constexpr std::size_t kMinEngineId = 5; // RFC 3411, SnmpEngineID
 constexpr std::size_t kMaxEngineId = 32;
 
 struct NamedId {
@@ -65,7 +64,7 @@ std::optional<Oid> parseInstance(std::string_view suffix) {
     if (suffix.ends_with('.') && !suffix.ends_with("..") && suffix.size() > 1) {
         suffix.remove_suffix(1);
     }
-    return parseOid(suffix);
+    return Oid::parse(suffix);
 }
 
 bool between(std::int32_t value, std::int32_t low, std::int32_t high) {
@@ -93,13 +92,13 @@ Result<void> checkV3(const V3Access& v3) {
     if (authenticates && v3.authProtocol == AuthProtocol::none) {
         return Error{"the security level needs an authentication protocol"};
     }
-    if (authenticates && v3.authPassphrase.size() < kMinPassphrase) {
+    if (authenticates && v3.authPassphrase.size() < kMinPassphraseBytes) {
         return Error{"the authentication pass phrase is shorter than 8 characters"};
     }
     if (encrypts && v3.privProtocol == PrivProtocol::none) {
         return Error{"the security level needs a privacy protocol"};
     }
-    if (encrypts && v3.privPassphrase.size() < kMinPassphrase) {
+    if (encrypts && v3.privPassphrase.size() < kMinPassphraseBytes) {
         return Error{"the privacy pass phrase is shorter than 8 characters"};
     }
     return {};

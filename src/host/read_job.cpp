@@ -15,15 +15,14 @@ constexpr std::uint32_t kLastReply = 1;
 // What a byte string of a reply can hold; a longer one would arrive as another value.
 constexpr std::size_t kMaxTextBytes = 65535;
 
-void addValue(ReplyRecord& reply, const PlannedObject& object, const Oid& oid,
-              const SnmpValue& value) {
+void addValue(ReplyRecord& reply, const PlannedObject& object, const Oid& oid, const Value& value) {
     std::string text = valueText(value, object.hex);
     if (text.size() > kMaxTextBytes) {
         text.clear();
     }
-    reply.oids.push_back(formatOid(oid));
+    reply.oids.push_back(oid.text());
     reply.values.push_back(std::move(text));
-    reply.lengths.push_back(static_cast<std::uint32_t>(valueLength(value)));
+    reply.lengths.push_back(static_cast<std::uint32_t>(encodedLength(value)));
 }
 
 // The agent answered, but not usefully: the next group may fare better.
@@ -102,8 +101,8 @@ void ReadJob::onRows(const WalkResult& result) {
     for (const auto& [index, cells] : result.rows) {
         ReplyRecord reply = emptyReply();
         for (std::size_t at = 0; at < columns.size(); ++at) {
-            addValue(reply, columns[at], joined(columns[at].oid, index),
-                     cells[at].value_or(SnmpValue{.tag = tag::noSuchInstance}));
+            addValue(reply, columns[at], columns[at].oid.joined(index),
+                     cells[at].value_or(Value{.tag = Tag::noSuchInstance}));
         }
         hold(std::move(reply));
     }

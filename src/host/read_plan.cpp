@@ -13,7 +13,7 @@ constexpr std::size_t kOnuNumbers = 3; // OLT, PON port and ONU
 // names an ONU only.
 Oid instanceFor(const GroupSchema& group, const Oid& instance) {
     const bool completed = group.port && instance.size() == kOnuNumbers;
-    return completed ? joined(instance, {*group.port}) : instance;
+    return completed ? instance.joined({*group.port}) : instance;
 }
 
 bool isRead(const GroupSchema& group, const Oid& instance) {
@@ -31,12 +31,12 @@ ReadMode modeFor(const GroupSchema& group, const Oid& instance) {
 Result<PlannedGroup> planGroup(const GroupSchema& group, const Oid& instance) {
     PlannedGroup planned{.name = group.name, .mode = modeFor(group, instance), .objects = {}};
     for (const ObjectSchema& schema : group.objects) {
-        const auto oid = parseOid(schema.object.oidstr);
-        if (!oid || oid->size() < 2 || oid->size() + instance.size() > kMaxOidArcs) {
+        const auto oid = Oid::parse(schema.object.oidstr);
+        if (!oid || oid->size() < 2 || oid->size() + instance.size() > Oid::kMaxArcs) {
             return Error{"group " + group.name + ": object " + schema.object.name +
                          " has no usable OID: \"" + schema.object.oidstr + "\""};
         }
-        planned.objects.push_back({schema.object.name, joined(*oid, instance), schema.hex});
+        planned.objects.push_back({schema.object.name, oid->joined(instance), schema.hex});
     }
     return planned;
 }

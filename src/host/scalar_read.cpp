@@ -12,7 +12,7 @@ namespace onudesk::host {
 ScalarRead::ScalarRead(SnmpClient& client, const AgentAccess& access,
                        std::vector<PlannedObject> objects, Handler handler)
     : client_(client), access_(access), objects_(std::move(objects)), handler_(std::move(handler)) {
-    result_.values.assign(objects_.size(), SnmpValue{.tag = tag::noSuchInstance});
+    result_.values.assign(objects_.size(), Value{.tag = Tag::noSuchInstance});
     Slice all(objects_.size());
     std::iota(all.begin(), all.end(), std::size_t{0});
     pending_.push_back(std::move(all));
@@ -60,7 +60,7 @@ void ScalarRead::take(const Slice& slice, const Response& response) {
     for (std::size_t at = 0; at < slice.size(); ++at) {
         if (response.bindings[at].oid != objects_[slice[at]].oid) {
             fail(error_status::badReply, slice[at] + 1,
-                 "the agent answered with " + formatOid(response.bindings[at].oid));
+                 "the agent answered with " + response.bindings[at].oid.text());
             return;
         }
         result_.values[slice[at]] = response.bindings[at].value;

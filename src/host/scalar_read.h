@@ -15,7 +15,7 @@ namespace onudesk::host {
 // `values` has one entry per object, in their order; a missing one is an exception value
 // (isMissing). Empty when there is an error, whose index counts the objects.
 struct ScalarResult {
-    std::vector<SnmpValue> values{};
+    std::vector<Value> values{};
     ReplyError error{};
 };
 

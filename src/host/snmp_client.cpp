@@ -17,12 +17,11 @@ constexpr std::uint64_t kAttemptsPerExchange = 256;
 constexpr std::size_t kMaxSessions = 16;
 
 std::string reportedObject(const AgentAnswer& answer) {
-    if (answer.bindings.empty() || answer.bindings.front().oid.empty()) {
+    if (answer.bindings.empty() || answer.bindings.front().oid.size() == 0) {
         return "nothing";
     }
-    Oid object = answer.bindings.front().oid;
-    object.pop_back();
-    return formatOid(object);
+    const Oid& instance = answer.bindings.front().oid;
+    return instance.head(instance.size() - 1).text();
 }
 
 SessionSettings settingsOf(const AgentAccess& access, Community community) {

@@ -5,8 +5,8 @@
 
 #include "base/result.h"
 #include "host/access.h"
-#include "host/snmp_value.h"
 #include "host/usm_user.h"
+#include "snmp/value.h"
 
 #include <chrono>
 #include <compare>

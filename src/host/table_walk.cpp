@@ -121,15 +121,15 @@ bool TableWalk::accept(std::size_t position, const VarBind& binding) {
     }
     if (binding.oid <= column.cursor) {
         fail(error_status::walkRefused,
-             "after " + formatOid(column.cursor) + " came " + formatOid(binding.oid));
+             "after " + column.cursor.text() + " came " + binding.oid.text());
         return false;
     }
-    if (!startsWith(binding.oid, column.object.oid)) {
+    if (!binding.oid.startsWith(column.object.oid)) {
         column.ended = true;
         return true;
     }
     column.cursor = binding.oid;
-    auto& cells = result_.rows[tail(binding.oid, column.object.oid.size())];
+    auto& cells = result_.rows[binding.oid.tail(column.object.oid.size())];
     cells.resize(columns_.size());
     cells[position] = binding.value;
     if (result_.rows.size() > limits_.rows) {

@@ -24,7 +24,7 @@ struct WalkLimits {
 // order, nothing where the agent has none. With an error there may be rows all the same: those that
 // were read before.
 struct WalkResult {
-    using Cells = std::vector<std::optional<SnmpValue>>;
+    using Cells = std::vector<std::optional<Value>>;
     std::map<Oid, Cells> rows{};
     ReplyError error{};
 };

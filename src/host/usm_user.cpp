@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "host/usm_user.h"
 
+#include "snmp/wire/usm.h"
+
 #include <array>
 #include <cstring>
 #include <string_view>
-
-#include <net-snmp/net-snmp-config.h>
-#include <net-snmp/net-snmp-includes.h>
 
 namespace onudesk::host {
 
@@ -17,53 +16,17 @@ using KeyBuffer = std::array<u_char, USM_LENGTH_KU_HASHBLOCK>;
 // Key and initialisation vector of DES together (RFC 3414, 8.2.1).
 constexpr std::size_t kDesKeyBytes = 16;
 
-constexpr std::size_t kProtocolArcs = 10;
-
-struct Protocol {
-    const oid* name;
-    std::size_t length;
-};
-
-Protocol authProtocol(AuthProtocol protocol) {
-    switch (protocol) {
-    case AuthProtocol::md5:
-        return {usmHMACMD5AuthProtocol, kProtocolArcs};
-    case AuthProtocol::sha:
-        return {usmHMACSHA1AuthProtocol, kProtocolArcs};
-    case AuthProtocol::none:
-        break;
-    }
-    return {usmNoAuthProtocol, kProtocolArcs};
-}
-
-Protocol privProtocol(PrivProtocol protocol) {
-    return protocol == PrivProtocol::des ? Protocol{usmDESPrivProtocol, kProtocolArcs}
-                                         : Protocol{usmNoPrivProtocol, kProtocolArcs};
-}
-
 const u_char* bytesOf(std::string_view text) {
     return reinterpret_cast<const u_char*>(text.data());
 }
 
-std::string masterKey(const Protocol& hash, const std::string& passphrase) {
-    KeyBuffer key{};
-    std::size_t length = key.size();
-    if (generate_Ku(hash.name, static_cast<u_int>(hash.length), bytesOf(passphrase),
-                    passphrase.size(), key.data(), &length) != SNMPERR_SUCCESS) {
-        return {};
-    }
-    std::string bytes(key.begin(), key.begin() + length);
-    explicit_bzero(key.data(), key.size());
-    return bytes;
-}
-
 // The key for one engine, in memory that the library frees; null for an empty master key.
-u_char* localKey(const Protocol& hash, const std::string& engineId, const std::string& master,
+u_char* localKey(const UsmProtocol& hash, const std::string& engineId, const std::string& master,
                  std::size_t& length) {
     KeyBuffer key{};
     length = key.size();
     if (master.empty() ||
-        generate_kul(hash.name, static_cast<u_int>(hash.length), bytesOf(engineId), engineId.size(),
+        generate_kul(hash.arcs, static_cast<u_int>(hash.count), bytesOf(engineId), engineId.size(),
                      bytesOf(master), master.size(), key.data(), &length) != SNMPERR_SUCCESS) {
         length = 0;
         return nullptr;
@@ -73,21 +36,20 @@ u_char* localKey(const Protocol& hash, const std::string& engineId, const std::s
     return copy;
 }
 
-void setProtocol(oid*& field, std::size_t& length, const Protocol& protocol) {
+void setProtocol(oid*& field, std::size_t& length, const UsmProtocol& protocol) {
     SNMP_FREE(field);
-    field = snmp_duplicate_objid(protocol.name, protocol.length);
-    length = protocol.length;
+    field = snmp_duplicate_objid(protocol.arcs, protocol.count);
+    length = protocol.count;
 }
 
 } // namespace
 
 MasterKeys::MasterKeys(const V3Access& access) {
-    const Protocol hash = authProtocol(access.authProtocol);
     if (access.level >= SecurityLevel::authNoPriv) {
-        auth_ = masterKey(hash, access.authPassphrase);
+        auth_ = masterKey(access.authProtocol, access.authPassphrase);
     }
     if (access.level == SecurityLevel::authPriv) {
-        priv_ = masterKey(hash, access.privPassphrase);
+        priv_ = masterKey(access.authProtocol, access.privPassphrase);
     }
 }
 
@@ -105,13 +67,13 @@ void UsmUser::Free::operator()(usmUser* user) const noexcept {
 
 UsmUser::UsmUser(const V3Access& access, const MasterKeys& keys, const std::string& engineId)
     : user_(usm_create_user()) {
-    const Protocol hash = authProtocol(access.authProtocol);
+    const UsmProtocol hash = usmProtocol(access.authProtocol);
     user_->engineID = static_cast<u_char*>(netsnmp_memdup(engineId.data(), engineId.size()));
     user_->engineIDLen = engineId.size();
     user_->name = strdup(access.user.c_str());
     user_->secName = strdup(access.user.c_str());
     setProtocol(user_->authProtocol, user_->authProtocolLen, hash);
-    setProtocol(user_->privProtocol, user_->privProtocolLen, privProtocol(access.privProtocol));
+    setProtocol(user_->privProtocol, user_->privProtocolLen, usmProtocol(access.privProtocol));
     user_->authKey = localKey(hash, engineId, keys.auth(), user_->authKeyLen);
     user_->privKey = localKey(hash, engineId, keys.priv(), user_->privKeyLen);
     user_->privKeyLen = std::min(user_->privKeyLen, kDesKeyBytes);

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "host/wire_pdu.h"
 
+#include "snmp/wire/variable.h"
+
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <limits>
 #include <vector>
 
 namespace onudesk::host {
@@ -27,80 +28,11 @@ int command(PduKind kind) {
     return SNMP_MSG_SET;
 }
 
-std::vector<oid> libraryOid(const Oid& arcs) {
-    return {arcs.begin(), arcs.end()};
-}
-
-Oid fromLibraryOid(const oid* arcs, std::size_t count) {
-    Oid result;
-    result.reserve(count);
-    for (std::size_t at = 0; at < count; ++at) {
-        result.push_back(static_cast<std::uint32_t>(arcs[at]));
-    }
-    return result;
-}
-
 bool addVariable(netsnmp_pdu& pdu, const VarBind& binding, bool withValue) {
-    const std::vector<oid> name = libraryOid(binding.oid);
-    const SnmpValue& value = binding.value;
-    const auto add = [&](const void* data, std::size_t length) {
-        return snmp_pdu_add_variable(&pdu, name.data(), name.size(),
-                                     withValue ? value.tag : u_char{ASN_NULL}, data,
-                                     length) != nullptr;
-    };
-    if (!withValue) {
-        return add(nullptr, 0);
-    }
-    switch (value.tag) {
-    case tag::integer: {
-        const auto number = static_cast<long>(value.number);
-        return add(&number, sizeof number);
-    }
-    case tag::counter:
-    case tag::gauge:
-    case tag::timeTicks: {
-        const u_long number = value.number;
-        return add(&number, sizeof number);
-    }
-    case tag::counter64: {
-        const counter64 number{value.number >> 32,
-                               value.number & std::numeric_limits<std::uint32_t>::max()};
-        return add(&number, sizeof number);
-    }
-    case tag::oid: {
-        const std::vector<oid> arcs = libraryOid(value.oid);
-        return add(arcs.data(), arcs.size() * sizeof(oid));
-    }
-    default:
-        return add(value.octets.data(), value.octets.size());
-    }
-}
-
-SnmpValue fromLibraryValue(const netsnmp_variable_list& variable) {
-    SnmpValue value{.tag = variable.type};
-    switch (variable.type) {
-    case tag::integer:
-        value.number = static_cast<std::uint64_t>(std::int64_t{*variable.val.integer});
-        break;
-    case tag::counter:
-    case tag::gauge:
-    case tag::timeTicks:
-        value.number = static_cast<std::uint32_t>(*variable.val.integer);
-        break;
-    case tag::counter64:
-        value.number = (std::uint64_t{variable.val.counter64->high} << 32) |
-                       (variable.val.counter64->low & std::numeric_limits<std::uint32_t>::max());
-        break;
-    case tag::oid:
-        value.oid = fromLibraryOid(variable.val.objid, variable.val_len / sizeof(oid));
-        break;
-    default:
-        if (variable.val.string != nullptr && !isMissing(value) && value.tag != tag::null) {
-            value.octets.assign(reinterpret_cast<const char*>(variable.val.string),
-                                variable.val_len);
-        }
-    }
-    return value;
+    const std::vector<oid> name = toNetSnmp(binding.oid);
+    netsnmp_variable_list* const variable =
+        snmp_pdu_add_variable(&pdu, name.data(), name.size(), ASN_NULL, nullptr, 0);
+    return variable != nullptr && (!withValue || setValue(*variable, binding.value));
 }
 
 void setText(char*& field, std::size_t& length, const std::string& text) {
@@ -158,8 +90,7 @@ AgentAnswer fromLibraryPdu(const netsnmp_pdu& pdu) {
                        .engineId = {}};
     for (const auto* variable = pdu.variables; variable != nullptr;
          variable = variable->next_variable) {
-        answer.bindings.push_back(
-            {fromLibraryOid(variable->name, variable->name_length), fromLibraryValue(*variable)});
+        answer.bindings.push_back(bindingOf(*variable));
     }
     if (pdu.securityEngineID != nullptr) {
         answer.engineId.assign(reinterpret_cast<const char*>(pdu.securityEngineID),

@@ -14,35 +14,13 @@ namespace {
 
 constexpr std::uint32_t kCompleted = 1;
 
-// Row status (RFC 2579): states, and the actions that lead to them.
-namespace row_status {
-constexpr std::uint64_t active = 1;
-constexpr std::uint64_t notInService = 2;
-constexpr std::uint64_t notReady = 3;
-constexpr std::uint64_t createAndGo = 4;
-constexpr std::uint64_t createAndWait = 5;
-constexpr std::uint64_t destroy = 6;
-} // namespace row_status
-
-bool isDestroy(const ObjectSchema* schema, const SnmpValue& written) {
-    return schema != nullptr && schema->isRowStatus() && written.number == row_status::destroy;
+bool isDestroy(const ObjectSchema* schema, const Value& written) {
+    return schema != nullptr && schema->isRowStatus() && rowStatusOf(written) == RowStatus::destroy;
 }
 
 // Whether `held` is what an agent shows after `written` was carried out.
-bool results(const ObjectSchema* schema, const SnmpValue& written, const SnmpValue& held) {
-    if (schema == nullptr || !schema->isRowStatus()) {
-        return written == held;
-    }
-    switch (written.number) {
-    case row_status::createAndGo:
-        return held.number == row_status::active;
-    case row_status::createAndWait:
-        return held.number == row_status::notInService || held.number == row_status::notReady;
-    case row_status::destroy:
-        return isMissing(held);
-    default:
-        return written == held;
-    }
+bool results(const ObjectSchema* schema, const Value& written, const Value& held) {
+    return schema != nullptr && schema->isRowStatus() ? isOutcome(held, written) : written == held;
 }
 
 std::uint32_t typeOf(const Binding& binding, const ObjectSchema* schema) {
@@ -51,7 +29,7 @@ std::uint32_t typeOf(const Binding& binding, const ObjectSchema* schema) {
     }
     return schema != nullptr && schema->object.type != 0
                ? static_cast<std::uint32_t>(schema->object.type)
-               : std::uint32_t{tag::octets};
+               : static_cast<std::uint32_t>(Tag::octetString);
 }
 
 } // namespace
@@ -69,14 +47,14 @@ void WriteJob::start() {
 bool WriteJob::encode() {
     for (const Binding& binding : request().bindings) {
         const std::size_t number = writes_.size() + 1;
-        const auto oid = parseOid(binding.oid);
+        const auto oid = Oid::parse(binding.oid);
         if (!oid || oid->size() < 2) {
             fail(error_status::badRequest, number, "\"" + binding.oid + "\" is no OID");
             return false;
         }
         const ObjectSchema* schema =
             findObject(tools().catalogue, request().itemType, binding.name);
-        const Result<SnmpValue> value = parseValue(typeOf(binding, schema), binding.value);
+        const Result<Value> value = parseValue(typeOf(binding, schema), binding.value);
         if (!value) {
             fail(error_status::badRequest, number, value.error());
             return false;
@@ -140,7 +118,7 @@ void WriteJob::onReadBack(const ScalarResult& result) {
     }
 }
 
-bool WriteJob::holds(const std::vector<SnmpValue>& values) const {
+bool WriteJob::holds(const std::vector<Value>& values) const {
     const auto writeAt = [&](std::size_t at) -> const Write& { return writes_[readable_[at]]; };
     bool rowIsGone = false;
     for (std::size_t at = 0; at < values.size(); ++at) {

@@ -30,7 +30,7 @@ private:
     void onResponse(const Response& response);
     void readBack();
     void onReadBack(const ScalarResult& result);
-    [[nodiscard]] bool holds(const std::vector<SnmpValue>& values) const;
+    [[nodiscard]] bool holds(const std::vector<Value>& values) const;
     void succeed();
     // `binding` counts from 1; 0 when the error concerns none in particular.
     void fail(std::int32_t status, std::size_t binding, const std::string& text);

@@ -14,8 +14,6 @@ namespace onudesk::sim {
 namespace {
 
 constexpr std::string_view kBetweenWords = " \t\r";
-constexpr std::size_t kMaxUserName = 32;
-constexpr std::size_t kMinPhrase = 8;
 constexpr const char* kUserForm = "expected user NAME noAuthNoPriv|authNoPriv|authPriv "
                                   "[MD5|SHA AUTHPHRASE [DES PRIVPHRASE]] [read|write]";
 
@@ -62,52 +60,48 @@ Result<void> addCommunity(Access& access, const Words& words) {
 }
 
 Result<void> readProtection(User& user, const Words& words) {
-    if (words[3] != "MD5" && words[3] != "SHA") {
+    const auto digest = valueNamed(kAuthProtocols, words[3]);
+    if (!digest) {
         return Error{"unknown digest \"" + words[3] + "\", expected MD5 or SHA"};
     }
-    user.digest = words[3] == "MD5" ? Digest::md5 : Digest::sha;
+    user.digest = *digest;
     user.authPhrase = words[4];
     if (words.size() > 5) {
-        if (words[5] != "DES") {
+        if (!valueNamed(kPrivProtocols, words[5])) {
             return Error{"unknown cipher \"" + words[5] + "\", expected DES"};
         }
         user.privPhrase = words[6];
     }
-    if (user.authPhrase.size() < kMinPhrase ||
-        (words.size() > 5 && user.privPhrase.size() < kMinPhrase)) {
+    if (user.authPhrase.size() < kMinPassphraseBytes ||
+        (words.size() > 5 && user.privPhrase.size() < kMinPassphraseBytes)) {
         return Error{"a pass phrase has at least 8 characters"};
     }
     return {};
 }
 
-struct LevelForm {
-    std::string_view name;
-    SecurityLevel level;
-    std::size_t words; // of the line, without read or write
-};
-
-constexpr LevelForm kLevels[] = {{"noAuthNoPriv", SecurityLevel::noAuthNoPriv, 3},
-                                 {"authNoPriv", SecurityLevel::authNoPriv, 5},
-                                 {"authPriv", SecurityLevel::authPriv, 7}};
+// How many words a user's line has, without read or write.
+std::size_t wordsFor(SecurityLevel level) {
+    return level == SecurityLevel::authPriv ? 7 : level == SecurityLevel::authNoPriv ? 5 : 3;
+}
 
 Result<void> addUser(Access& access, Words words) {
     if (words.size() < 3) {
         return Error{kUserForm};
     }
-    const auto* const form = std::ranges::find(kLevels, words[2], &LevelForm::name);
-    if (form == std::end(kLevels)) {
+    const auto level = valueNamed(kSecurityLevels, words[2]);
+    if (!level) {
         return Error{"unknown security level \"" + words[2] + "\""};
     }
     User user;
-    user.level = form->level;
-    user.mayWrite = takeWrite(words, form->words);
-    if (words.size() != form->words) {
+    user.level = *level;
+    user.mayWrite = takeWrite(words, wordsFor(*level));
+    if (words.size() != wordsFor(*level)) {
         return Error{kUserForm};
     }
-    if (words[1].empty() || words[1].size() > kMaxUserName) {
+    if (words[1].empty() || words[1].size() > kMaxUserBytes) {
         return Error{"a user name has 1 to 32 bytes"};
     }
-    if (form->level != SecurityLevel::noAuthNoPriv) {
+    if (*level != SecurityLevel::noAuthNoPriv) {
         if (Result<void> read = readProtection(user, words); !read) {
             return read;
         }
@@ -142,9 +136,9 @@ bool Access::allowsCommunity(const std::string& name, bool write) const {
     return found != communities.end() && (found->second || !write);
 }
 
-bool Access::allowsUser(const std::string& name, int level, bool write) const {
+bool Access::allowsUser(const std::string& name, SecurityLevel level, bool write) const {
     const auto found = users.find(name);
-    return found != users.end() && level >= static_cast<int>(found->second.level) &&
+    return found != users.end() && level >= found->second.level &&
            (found->second.mayWrite || !write);
 }
 

@@ -13,6 +13,7 @@
 #pragma once
 
 #include "base/result.h"
+#include "snmp/security.h"
 
 #include <filesystem>
 #include <map>
@@ -21,13 +22,9 @@
 
 namespace onudesk::sim {
 
-// In rising order, with the numbers of SNMPv3 (RFC 3411).
-enum class SecurityLevel { noAuthNoPriv = 1, authNoPriv = 2, authPriv = 3 };
-enum class Digest { md5, sha };
-
 struct User {
     SecurityLevel level = SecurityLevel::noAuthNoPriv; // the least a message must have
-    Digest digest = Digest::md5;                       // from authNoPriv on
+    AuthProtocol digest = AuthProtocol::md5;           // from authNoPriv on
     std::string authPhrase{};                          // from authNoPriv on, 8 bytes or more
     std::string privPhrase{};                          // authPriv (DES), 8 bytes or more
     bool mayWrite = false;
@@ -38,7 +35,7 @@ struct Access {
     std::map<std::string, User> users{};       // by name, 1 to 32 bytes (RFC 3414)
 
     [[nodiscard]] bool allowsCommunity(const std::string& name, bool write) const;
-    [[nodiscard]] bool allowsUser(const std::string& name, int level, bool write) const;
+    [[nodiscard]] bool allowsUser(const std::string& name, SecurityLevel level, bool write) const;
 };
 
 // Community "public" reads, "private" reads and writes, no users.

@@ -2,7 +2,7 @@
 #include "sim/agent.h"
 
 #include "sim/users.h"
-#include "sim/variable.h"
+#include "snmp/wire/variable.h"
 
 #include <net-snmp/agent/net-snmp-agent-includes.h>
 
@@ -150,7 +150,7 @@ int NetSnmpAgent::checkAccess(int, int minor, void* parameters, void* access) {
     bool allowed = false;
     if (pdu.version == SNMP_VERSION_3) {
         const std::string name(pdu.securityName, pdu.securityNameLen);
-        allowed = rules.allowsUser(name, pdu.securityLevel, write);
+        allowed = rules.allowsUser(name, static_cast<SecurityLevel>(pdu.securityLevel), write);
     } else {
         const std::string name(pdu.community, pdu.community + pdu.community_len);
         allowed = rules.allowsCommunity(name, write);
@@ -209,19 +209,19 @@ void NetSnmpAgent::getNext(netsnmp_request_info* request) const {
 }
 
 void NetSnmpAgent::prepareSet(netsnmp_agent_request_info* info, netsnmp_request_info* requests) {
-    std::vector<Binding> bindings;
+    VarBinds bindings;
     std::vector<netsnmp_request_info*> sources;
     for (auto* request = requests; request != nullptr; request = request->next) {
-        const netsnmp_variable_list& variable = *request->requestvb;
-        bindings.push_back({fromNetSnmp(variable.name, variable.name_length), valueOf(variable)});
+        bindings.push_back(bindingOf(*request->requestvb));
         sources.push_back(request);
     }
-    auto outcome = store_.prepare(bindings);
-    if (const auto* failure = std::get_if<SetFailure>(&outcome)) {
-        netsnmp_set_request_error(info, sources[failure->index], static_cast<int>(failure->status));
+    auto changes = store_.prepare(bindings);
+    if (!changes) {
+        const SetFailure& failure = changes.failure();
+        netsnmp_set_request_error(info, sources[failure.index], static_cast<int>(failure.status));
         return;
     }
-    pending_ = std::get<Changes>(std::move(outcome));
+    pending_ = std::move(changes).value();
 }
 
 } // namespace

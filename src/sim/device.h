@@ -7,7 +7,9 @@
 //     for (const Oid& row : filter.instances("onuMacBlackHoleMac", onu)) …
 #pragma once
 
-#include "sim/store.h"
+#include "snmp/rules/agent_state.h"
+#include "snmp/rules/group_write.h"
+#include "snmp/rules/set_status.h"
 
 #include <cstdint>
 #include <map>
@@ -24,7 +26,8 @@ namespace onudesk::sim {
 class DeviceGroup {
 public:
     // Both must outlive this object, which adds to the changes.
-    DeviceGroup(const Store& store, Delta& changes, std::int32_t module, std::string_view group);
+    DeviceGroup(const AgentState& state, Delta& changes, std::int32_t module,
+                std::string_view group);
 
     // Null when there is no such instance.
     [[nodiscard]] const Value* find(std::string_view object, const Oid& instance) const;
@@ -43,7 +46,7 @@ public:
 private:
     [[nodiscard]] const Oid& column(std::string_view object) const;
 
-    const Store& store_;
+    const AgentState& state_;
     Delta& changes_;
     std::map<std::string, Oid, std::less<>> columns_; // by object
 };
@@ -51,36 +54,15 @@ private:
 class Device {
 public:
     // Both must outlive the device, which adds to the changes.
-    Device(const Store& store, Delta& changes) : store_(store), changes_(changes) {}
+    Device(const AgentState& state, Delta& changes) : state_(state), changes_(changes) {}
 
     [[nodiscard]] DeviceGroup group(std::int32_t module, std::string_view name) const {
-        return {store_, changes_, module, name};
+        return {state_, changes_, module, name};
     }
 
 private:
-    const Store& store_;
+    const AgentState& state_;
     Delta& changes_;
-};
-
-// What one SET writes to one instance of a group. Types, lengths and ranges were checked.
-class GroupWrite {
-public:
-    explicit GroupWrite(Oid instance) : instance_(std::move(instance)) {}
-
-    // As in 1.2.5.1: what follows the columns of the bindings.
-    [[nodiscard]] const Oid& instance() const { return instance_; }
-    // The ONU: the first three numbers.
-    [[nodiscard]] Oid onu() const { return instance_.head(3); }
-
-    void take(const std::string& object, const Value& value) { values_[object] = value; }
-    // Null when the SET does not write the object.
-    [[nodiscard]] const Value* find(std::string_view object) const;
-    [[nodiscard]] std::optional<std::int64_t> number(std::string_view object) const;
-    [[nodiscard]] std::optional<std::string> bytes(std::string_view object) const;
-
-private:
-    Oid instance_;
-    std::map<std::string, Value, std::less<>> values_; // by object
 };
 
 } // namespace onudesk::sim

@@ -32,4 +32,8 @@ DeviceModel findModel(std::string_view name) {
     return found == models.end() ? nullptr : found->second;
 }
 
+bool isModel(std::string_view name) {
+    return findModel(name) != nullptr;
+}
+
 } // namespace onudesk::sim

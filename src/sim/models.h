@@ -12,8 +12,9 @@
 namespace onudesk::sim {
 
 // Carries one write out, or says why the ONU refuses it; then nothing of the SET is carried out.
-using DeviceModel = std::optional<SetStatus> (*)(const GroupWrite& write, Device& device);
+using DeviceModel = SetResult (*)(const GroupWrite& write, Device& device);
 
+[[nodiscard]] bool isModel(std::string_view name);
 // Null when there is no model of that name.
 [[nodiscard]] DeviceModel findModel(std::string_view name);
 

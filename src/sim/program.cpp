@@ -3,7 +3,9 @@
 
 #include "env/client_paths.h"
 #include "platform/files.h"
+#include "sim/models.h"
 #include "sim/options.h"
+#include "sim/recording.h"
 
 #include <array>
 #include <cstdio>
@@ -65,7 +67,7 @@ Result<ObjectTable> loadObjects(const std::string& file) {
     if (!catalogue) {
         return Error{catalogue.error()};
     }
-    Result<ObjectTable> objects = ObjectTable::build(*catalogue);
+    Result<ObjectTable> objects = ObjectTable::build(*catalogue, isModel);
     return objects ? std::move(objects) : Error{path + ": " + objects.error()};
 }
 

@@ -21,7 +21,7 @@ struct Entry {
 };
 
 std::string formatEntry(const Oid& oid, const Value& value) {
-    return oid.text() + "|" + formatValue(value);
+    return oid.text() + "|" + recordedText(value);
 }
 
 Result<Entry> parseEntry(std::string_view line) {
@@ -31,15 +31,15 @@ Result<Entry> parseEntry(std::string_view line) {
         return Error{"expected OID|tag|value"};
     }
     const std::string_view name = line.substr(0, first);
-    std::optional<Oid> oid = Oid::parse(name);
+    std::optional<Oid> oid = Oid::parseWhole(name);
     if (!oid) {
         return Error{"bad OID \"" + std::string(name) + "\""};
     }
-    if (!oid->startsWith(Oid({1, 3, 6, 1})) || oid->size() == 4) {
+    if (!oid->startsWith(Oid{1, 3, 6, 1}) || oid->size() == 4) {
         return Error{"OID " + oid->text() + " is not below 1.3.6.1"};
     }
     Result<Value> value =
-        parseValue(line.substr(first + 1, second - first - 1), line.substr(second + 1));
+        parseRecorded(line.substr(first + 1, second - first - 1), line.substr(second + 1));
     if (!value) {
         return Error{value.error()};
     }

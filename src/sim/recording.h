@@ -4,7 +4,7 @@
 #pragma once
 
 #include "base/result.h"
-#include "sim/value.h"
+#include "snmp/rules/agent_state.h"
 
 #include <cstddef>
 #include <filesystem>
@@ -14,15 +14,13 @@
 
 namespace onudesk::sim {
 
-using Values = std::map<Oid, Value>;
-
 inline constexpr std::size_t kMaxRecordingBytes = std::size_t{64} * 1024 * 1024;
 
 // What a file looked like, as far as the values do not tell it.
 struct RecordingLayout {
     struct Original {
         std::string before; // comments and blank lines before the value's line, each with its end
-        std::string line;   // the line itself when it is not spelt as formatValue() would
+        std::string line;   // the line itself when it is not spelt as recordedText() would
     };
     std::map<Oid, Original> lines; // only where there is something to keep
     std::string after;             // comments and blank lines behind the last value

@@ -1,86 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "sim/store.h"
 
-#include "sim/set_transaction.h"
-
-#include <utility>
+#include "sim/models.h"
 
 namespace onudesk::sim {
 
-namespace {
-
-Delta applyTo(Values& values, const Delta& delta) {
-    Delta previous;
-    for (const auto& [oid, value] : delta) {
-        const auto held = values.find(oid);
-        previous[oid] = held == values.end() ? std::nullopt : std::optional(held->second);
-        if (value) {
-            values.insert_or_assign(oid, *value);
-        } else {
-            values.erase(oid);
-        }
-    }
-    return previous;
-}
-
-} // namespace
-
-const Value* lookUp(const Values& values, const Delta& delta, const Oid& oid) {
-    if (const auto changed = delta.find(oid); changed != delta.end()) {
-        return changed->second ? &*changed->second : nullptr;
-    }
-    const auto found = values.find(oid);
-    return found == values.end() ? nullptr : &found->second;
-}
-
-Values below(const Values& values, const Delta& delta, const Oid& oid) {
-    Values found;
-    for (auto at = values.lower_bound(oid); at != values.end() && at->first.startsWith(oid); ++at) {
-        found.insert(*at);
-    }
-    for (auto at = delta.lower_bound(oid); at != delta.end() && at->first.startsWith(oid); ++at) {
-        if (at->second) {
-            found.insert_or_assign(at->first, *at->second);
-        } else {
-            found.erase(at->first);
-        }
-    }
-    return found;
-}
-
-Store::Store(ObjectTable objects, Values values)
-    : objects_(std::move(objects)), values_(std::move(values)) {
-    std::erase_if(values_, [this](const Values::value_type& entry) {
-        const ObjectRule* rule = objects_.find(entry.first);
-        return rule != nullptr && rule->schema.access == ObjectAccess::writeOnly;
-    });
-}
-
-const Value* Store::find(const Oid& oid) const {
-    const auto found = values_.find(oid);
-    return found == values_.end() ? nullptr : &found->second;
-}
-
-const Values::value_type* Store::next(const Oid& oid, bool inclusive) const {
-    auto found = inclusive ? values_.lower_bound(oid) : values_.upper_bound(oid);
-    while (found != values_.end() && found->second.tag == Tag::null) {
-        ++found;
-    }
-    return found == values_.end() ? nullptr : &*found;
-}
-
-std::variant<Changes, SetFailure> Store::prepare(const std::vector<Binding>& bindings) const {
-    SetTransaction transaction(*this, bindings);
-    for (std::size_t index = 0; index < bindings.size(); ++index) {
-        if (const auto status = transaction.add(index)) {
-            return SetFailure{*status, index};
-        }
-    }
-    return transaction.finish();
-}
-
-Changes Store::apply(const Changes& changes) {
-    return {.values = applyTo(values_, changes.values), .staged = applyTo(staged_, changes.staged)};
+Result<Changes, SetFailure> Store::prepare(const VarBinds& bindings) const {
+    const auto runModel = [this](const GroupWrite& write, Delta& changes) {
+        Device device(*this, changes);
+        return findModel(write.model())(write, device);
+    };
+    return prepareSet(*this, bindings, runModel);
 }
 
 } // namespace onudesk::sim

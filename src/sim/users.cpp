@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "sim/users.h"
 
-#include <net-snmp/net-snmp-config.h>
-
-#include <net-snmp/net-snmp-includes.h>
+#include "snmp/wire/usm.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -24,68 +22,39 @@ Bytes engineId() {
     return {id.get(), id.get() + length};
 }
 
-// A protocol's OID, an array of the library that sessions refer to.
-struct Protocol {
-    oid* parts;
-    std::size_t count;
-};
-
-template <std::size_t count>
-Protocol protocol(oid (&parts)[count]) {
-    return {parts, count};
-}
-
-Protocol authProtocol(const User& user) {
-    return user.level == SecurityLevel::noAuthNoPriv ? protocol(usmNoAuthProtocol)
-           : user.digest == Digest::md5              ? protocol(usmHMACMD5AuthProtocol)
-                                                     : protocol(usmHMACSHA1AuthProtocol);
-}
-
-Protocol privProtocol(const User& user) {
-    return user.level == SecurityLevel::authPriv ? protocol(usmDESPrivProtocol)
-                                                 : protocol(usmNoPrivProtocol);
-}
-
-// Pass phrases turned into keys (RFC 3414, appendix A.2).
+// Keys by digest and pass phrase: each is derived once.
 class KeyRing {
 public:
     // Copies the key to a session's buffer of USM_AUTH_KU_LEN bytes. Without a phrase there is
     // none.
-    bool copyKey(const Protocol& digest, const std::string& phrase, u_char* to,
-                 std::size_t& length) {
-        Bytes& key = keys_[{digest.parts, phrase}];
-        if (key.empty() && !phrase.empty() && !derive(digest, phrase, key)) {
-            return false;
+    bool copyKey(AuthProtocol digest, const std::string& phrase, u_char* to, std::size_t& length) {
+        std::string& key = keys_[{digest, phrase}];
+        if (key.empty() && !phrase.empty()) {
+            key = masterKey(digest, phrase);
         }
         std::ranges::copy(key, to);
         length = key.size();
-        return true;
+        return phrase.empty() || !key.empty();
     }
 
 private:
-    static bool derive(const Protocol& digest, const std::string& phrase, Bytes& key) {
-        key.resize(USM_AUTH_KU_LEN);
-        std::size_t length = key.size();
-        const int outcome = generate_Ku(digest.parts, static_cast<u_int>(digest.count),
-                                        reinterpret_cast<const u_char*>(phrase.data()),
-                                        phrase.size(), key.data(), &length);
-        key.resize(outcome == SNMPERR_SUCCESS ? length : 0);
-        return outcome == SNMPERR_SUCCESS;
-    }
-
-    std::map<std::pair<const oid*, std::string>, Bytes> keys_{};
+    std::map<std::pair<AuthProtocol, std::string>, std::string> keys_{};
 };
 
 bool protect(netsnmp_session& session, const User& user, KeyRing& keys) {
-    const Protocol auth = authProtocol(user);
-    const Protocol priv = privProtocol(user);
-    session.securityAuthProto = auth.parts;
+    const AuthProtocol digest =
+        user.level == SecurityLevel::noAuthNoPriv ? AuthProtocol::none : user.digest;
+    const UsmProtocol auth = usmProtocol(digest);
+    const UsmProtocol priv =
+        usmProtocol(user.level == SecurityLevel::authPriv ? PrivProtocol::des : PrivProtocol::none);
+    session.securityAuthProto = auth.arcs;
     session.securityAuthProtoLen = auth.count;
-    session.securityPrivProto = priv.parts;
+    session.securityPrivProto = priv.arcs;
     session.securityPrivProtoLen = priv.count;
-    return keys.copyKey(auth, user.authPhrase, session.securityAuthKey,
+    return keys.copyKey(digest, user.authPhrase, session.securityAuthKey,
                         session.securityAuthKeyLen) &&
-           keys.copyKey(auth, user.privPhrase, session.securityPrivKey, session.securityPrivKeyLen);
+           keys.copyKey(digest, user.privPhrase, session.securityPrivKey,
+                        session.securityPrivKeyLen);
 }
 
 bool installUser(std::string name, const User& user, KeyRing& keys) {

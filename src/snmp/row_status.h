@@ -7,7 +7,7 @@
 namespace onudesk {
 
 // The RowStatus convention (RFC 2579): states, and the actions that lead to them.
-enum class RowStatus : std::uint8_t {
+enum class RowStatus : std::int32_t {
     active = 1,
     notInService = 2,
     notReady = 3,

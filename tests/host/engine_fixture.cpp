@@ -155,9 +155,9 @@ void EngineTest::read(std::int32_t itemType) {
     ASSERT_TRUE(sendReadRequest(session, itemType));
 }
 
-CodeParaPtr EngineTest::writeOf(const std::vector<Value>& values) {
+CodeParaPtr EngineTest::writeOf(const std::vector<Setting>& values) {
     CodeParaPtr para = createWriteRequest(session, 603);
-    for (const Value& value : values) {
+    for (const Setting& value : values) {
         const ObjectSchema* schema = findObject(catalogue_, 603, value.object);
         EXPECT_NE(schema, nullptr) << value.object;
         addWriteBinding(*para, value.text, schema->object, session.OnuIndexText, value.length);

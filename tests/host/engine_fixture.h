@@ -77,13 +77,13 @@ protected:
 
     // Registers the read route for the window and posts a read.
     void read(std::int32_t itemType);
-    struct Value {
+    struct Setting {
         std::string object;
         std::string text;
         std::size_t length = 0;
     };
     // A write of item 603; post() registers the write route and sends it.
-    [[nodiscard]] CodeParaPtr writeOf(const std::vector<Value>& values);
+    [[nodiscard]] CodeParaPtr writeOf(const std::vector<Setting>& values);
     void post(CodeParaPtr para);
     // The first of two writes has no route; its failure is told with the second.
     void postFirstOfTwo(CodeParaPtr para);

@@ -117,7 +117,7 @@ TEST(HostRequestTest, APortThatIsNotKnownIsNoneAndWithoutOltThereIsNoInstance) {
     EXPECT_EQ(request->instance, (Oid{1, 2, 5}));
     EXPECT_EQ(request->suffix, ".1.2.5.");
     para->entries->erase(CP_INDEX_SUFFIX);
-    EXPECT_TRUE(decodeRequest(*para, {})->instance.empty());
+    EXPECT_EQ(decodeRequest(*para, {})->instance, Oid());
 }
 
 TEST(HostRequestTest, TimeOutAndRetriesAreBroughtIntoRange) {

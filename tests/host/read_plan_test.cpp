@@ -64,7 +64,7 @@ TEST(ReadPlanTest, InstanceDecidesWhichGroupsAreRead) {
         for (const PlannedGroup& group : *plan) {
             groups += group.name + " ";
         }
-        EXPECT_EQ(groups, known.groups) << known.item << " " << formatOid(known.instance);
+        EXPECT_EQ(groups, known.groups) << known.item << " " << known.instance.text();
     }
 }
 

@@ -20,7 +20,7 @@ protected:
     Mib mib{{{cell(600, 1), integerValue(-7)},
              {cell(600, 2), octetsValue("caf\xC3\xA9")},
              {cell(600, 3), octetsValue("ABCDEF")},
-             {cell(600, 4), {.tag = tag::ipAddress, .octets = "\x0A\x01\x02\xFE"}}}};
+             {cell(600, 4), {Tag::ipAddress, "\x0A\x01\x02\xFE"}}}};
 };
 
 // Two valid answers for one question, or answers that do not belong to it.
@@ -107,7 +107,7 @@ TEST_F(ReadTest, AnswersThatDoNotFitTheQuestionAreRefused) {
         [](VarBinds& bindings) { bindings.clear(); },
         [](VarBinds& bindings) { bindings.push_back(bindings.back()); },
         [](VarBinds& bindings) { std::swap(bindings[1], bindings[2]); },
-        [](VarBinds& bindings) { bindings[3].oid.back() = 6; },
+        [](VarBinds& bindings) { bindings[3].oid = cell(600, 4, "1.2.6"); },
     };
     for (const auto& fault : faults) {
         const SeenReply reply = readOne([&](const AgentRequest& request, Outbox& outbox) {
@@ -206,7 +206,7 @@ TEST_F(ReadTest, EveryDamagedByteOfAnAnswerIsSurvived) {
         const std::string good = encodeResponse(
             request, known ? mib.answer(request)
                            : AgentResponse{.bindings = {{oidOf("1.3.6.1.6.3.15.1.1.4.0"),
-                                                         {.tag = tag::counter, .number = 1}}},
+                                                         {Tag::counter32, std::uint64_t{1}}}},
                                            .pdu = kReport});
         std::string bad = good;
         char& byte = bad[std::min<std::size_t>(position, bad.size() - 1)];
@@ -239,7 +239,7 @@ TEST_F(ReadTest, RequestsOfDifferentItemsDoNotWaitForEachOther) {
             return;
         }
         outbox.answer(request, {.bindings = {{request.bindings[0].oid, integerValue(1)}}});
-        if (request.pdu == kGet && request.bindings[0].oid[8] == 4 && held) {
+        if (request.pdu == kGet && request.bindings[0].oid.arcs()[8] == 4 && held) {
             outbox.answer(*held, mib.answer(*held));
         }
     });

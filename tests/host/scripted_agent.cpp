@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "scripted_agent.h"
 
-#include "ber.h"
+#include "snmp/wire/variable.h"
 
 #include <algorithm>
 #include <array>
 #include <stdexcept>
+#include <utility>
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
@@ -18,10 +19,10 @@ namespace onudesk::host::test {
 
 namespace {
 
-constexpr std::int64_t kVersion3 = 3;
+constexpr long kVersion3 = 3;
 constexpr std::int32_t kNoSuchName = 2;
-constexpr std::int64_t kMaxMessage = 65507;
-constexpr std::int64_t kUsm = 3;
+constexpr long kMaxMessage = 65507;
+constexpr long kUsm = 3;
 
 sockaddr_in loopback(std::uint16_t port) {
     sockaddr_in address{};
@@ -40,40 +41,118 @@ int loopbackSocket() {
     return descriptor;
 }
 
-void decodePdu(BerReader& reader, AgentRequest& request) {
-    request.pdu = reader.nextTag();
-    BerReader pdu(reader.content());
-    request.requestId = pdu.integer();
-    static_cast<void>(pdu.integer());
-    request.maxRepetitions = pdu.integer();
-    request.bindings = pdu.bindings();
-}
+// Takes elements off the front of a message.
+class Reader {
+public:
+    Reader(u_char* at, std::size_t length) : at_(at), left_(length) {}
 
-AgentRequest decodeRequestMessage(std::string_view datagram) {
+    std::int64_t integer() {
+        long number = 0;
+        check(asn_parse_int(at_, &left_, &type_, &number, sizeof number));
+        return number;
+    }
+    std::string octets() {
+        std::array<u_char, 256> bytes{};
+        std::size_t length = bytes.size();
+        check(asn_parse_string(at_, &left_, &type_, bytes.data(), &length));
+        return {bytes.begin(), bytes.begin() + length};
+    }
+    // What the next element, whatever its tag, is made of.
+    Reader content() {
+        std::size_t length = left_;
+        u_char* const inside = asn_parse_header(at_, &length, &type_);
+        const std::size_t taken = static_cast<std::size_t>(inside - at_) + length;
+        left_ -= taken;
+        at_ += taken;
+        return {inside, length};
+    }
+    [[nodiscard]] u_char nextTag() const { return *at_; }
+    void pdu(AgentRequest& request) {
+        netsnmp_pdu pdu{};
+        pdu.version = request.version;
+        snmp_pdu_parse(&pdu, at_, &left_);
+        request.pdu = static_cast<std::uint8_t>(pdu.command);
+        request.requestId = pdu.reqid;
+        request.maxRepetitions = pdu.max_repetitions;
+        for (const auto* each = pdu.variables; each != nullptr; each = each->next_variable) {
+            request.bindings.push_back(bindingOf(*each));
+        }
+        snmp_free_varbind(pdu.variables);
+    }
+
+private:
+    void check(u_char* next) {
+        if (next == nullptr) {
+            throw std::runtime_error("malformed request");
+        }
+        at_ = next;
+    }
+
+    u_char* at_;
+    std::size_t left_;
+    u_char type_ = 0;
+};
+
+AgentRequest decodeRequestMessage(u_char* datagram, std::size_t length) {
     AgentRequest request;
-    BerReader outer(datagram);
-    BerReader message(outer.content());
+    Reader message = Reader(datagram, length).content();
     request.version = message.integer();
     if (request.version != kVersion3) {
-        request.community = message.content();
-        decodePdu(message, request);
+        request.community = message.octets();
+        message.pdu(request);
         return request;
     }
-    BerReader header(message.content());
-    request.messageId = header.integer();
-    BerReader securityOctets(message.content());
-    BerReader security(securityOctets.content());
-    request.engineId = security.content();
-    static_cast<void>(security.integer());
-    static_cast<void>(security.integer());
-    request.user = security.content();
-    if (message.nextTag() != tag::octets) {
-        BerReader scoped(message.content());
-        static_cast<void>(scoped.content());
-        static_cast<void>(scoped.content());
-        decodePdu(scoped, request);
+    request.messageId = message.content().integer();
+    Reader security = message.content().content();
+    request.engineId = security.octets();
+    security.integer();
+    security.integer();
+    request.user = security.octets();
+    if (message.nextTag() != ASN_OCTET_STR) {
+        Reader scoped = message.content();
+        scoped.octets();
+        scoped.octets();
+        scoped.pdu(request);
     }
     return request;
+}
+
+std::string element(u_char tag, const std::string& content) {
+    std::array<u_char, 8> head{};
+    std::size_t room = head.size();
+    const u_char* const end = asn_build_header(head.data(), &room, tag, content.size());
+    return std::string(std::as_const(head).data(), end) + content;
+}
+std::string sequence(const std::string& content) {
+    return element(ASN_SEQUENCE | ASN_CONSTRUCTOR, content);
+}
+std::string octets(const std::string& bytes) {
+    return element(ASN_OCTET_STR, bytes);
+}
+std::string integer(long number) {
+    std::array<u_char, 16> bytes{};
+    std::size_t room = bytes.size();
+    return {bytes.data(), asn_build_int(bytes.data(), &room, ASN_INTEGER, &number, sizeof number)};
+}
+
+std::string encodePdu(const AgentRequest& request, const AgentResponse& response) {
+    netsnmp_pdu pdu{};
+    pdu.version = request.version;
+    pdu.command = response.pdu;
+    pdu.reqid = request.requestId;
+    pdu.errstat = response.status;
+    pdu.errindex = response.index;
+    for (const VarBind& binding : response.bindings) {
+        const std::vector<oid> name = toNetSnmp(binding.oid);
+        setValue(*snmp_varlist_add_variable(&pdu.variables, name.data(), name.size(), ASN_NULL,
+                                            nullptr, 0),
+                 binding.value);
+    }
+    std::vector<u_char> bytes(kMaxMessage);
+    std::size_t room = bytes.size();
+    const u_char* const end = snmp_pdu_build(&pdu, bytes.data(), &room);
+    snmp_free_varbind(pdu.variables);
+    return end == nullptr ? std::string() : std::string(std::as_const(bytes).data(), end);
 }
 
 class SocketOutbox : public Outbox {
@@ -103,19 +182,16 @@ private:
 } // namespace
 
 std::string encodeResponse(const AgentRequest& request, const AgentResponse& response) {
-    const std::string pdu =
-        berElement(response.pdu, berInteger(request.requestId) + berInteger(response.status) +
-                                     berInteger(response.index) + berBindings(response.bindings));
+    const std::string pdu = encodePdu(request, response);
     if (request.version != kVersion3) {
-        return berSequence(berInteger(request.version) + berOctets(request.community) + pdu);
+        return sequence(integer(request.version) + octets(request.community) + pdu);
     }
-    const std::string header = berSequence(berInteger(request.messageId) + berInteger(kMaxMessage) +
-                                           berOctets(std::string_view("\0", 1)) + berInteger(kUsm));
-    const std::string security =
-        berSequence(berOctets(response.engineId) + berInteger(1) + berInteger(1) +
-                    berOctets(request.user) + berOctets({}) + berOctets({}));
-    const std::string scoped = berSequence(berOctets(response.engineId) + berOctets({}) + pdu);
-    return berSequence(berInteger(kVersion3) + header + berOctets(security) + scoped);
+    const std::string header = sequence(integer(request.messageId) + integer(kMaxMessage) +
+                                        octets(std::string(1, '\0')) + integer(kUsm));
+    const std::string security = sequence(octets(response.engineId) + integer(1) + integer(1) +
+                                          octets(request.user) + octets({}) + octets({}));
+    const std::string scoped = sequence(octets(response.engineId) + octets({}) + pdu);
+    return sequence(integer(kVersion3) + header + octets(security) + scoped);
 }
 
 ScriptedAgent::ScriptedAgent(Script script)
@@ -141,7 +217,7 @@ void ScriptedAgent::run() {
         if (waiting[1].revents != 0) {
             return;
         }
-        std::array<char, 65536> buffer{};
+        std::array<u_char, 65536> buffer{};
         sockaddr_in peer{};
         socklen_t length = sizeof peer;
         const ssize_t count = ::recvfrom(socket_, buffer.data(), buffer.size(), 0,
@@ -149,8 +225,7 @@ void ScriptedAgent::run() {
         if (count <= 0) {
             continue;
         }
-        AgentRequest request =
-            decodeRequestMessage({buffer.data(), static_cast<std::size_t>(count)});
+        AgentRequest request = decodeRequestMessage(buffer.data(), static_cast<std::size_t>(count));
         request.peerPort = ntohs(peer.sin_port);
         {
             const std::scoped_lock lock(mutex_);
@@ -197,7 +272,7 @@ AgentResponse Mib::get(const AgentRequest& request) const {
         } else if (request.version == 0) {
             return {.status = kNoSuchName, .index = index, .bindings = request.bindings};
         } else {
-            binding.value = {.tag = tag::noSuchInstance};
+            binding.value = {.tag = Tag::noSuchInstance};
         }
     }
     return response;
@@ -205,7 +280,7 @@ AgentResponse Mib::get(const AgentRequest& request) const {
 
 VarBind Mib::following(const Oid& oid) const {
     const auto found = values_.upper_bound(oid);
-    return found == values_.end() ? VarBind{oid, {.tag = tag::endOfMibView}}
+    return found == values_.end() ? VarBind{oid, {.tag = Tag::endOfMibView}}
                                   : VarBind{found->first, found->second};
 }
 
@@ -215,7 +290,7 @@ AgentResponse Mib::getNext(const AgentRequest& request) const {
     for (VarBind& binding : response.bindings) {
         ++index;
         binding = following(binding.oid);
-        if (request.version == 0 && binding.value.tag == tag::endOfMibView) {
+        if (request.version == 0 && binding.value.tag == Tag::endOfMibView) {
             return {.status = kNoSuchName, .index = index, .bindings = request.bindings};
         }
     }
@@ -241,15 +316,7 @@ Script honest(Mib& mib) {
 }
 
 Oid oidOf(const std::string& text) {
-    return parseOid(text).value();
-}
-
-SnmpValue integerValue(std::int64_t number) {
-    return {.tag = tag::integer, .number = static_cast<std::uint64_t>(number)};
-}
-
-SnmpValue octetsValue(const std::string& bytes) {
-    return {.tag = tag::octets, .octets = bytes};
+    return Oid::parse(text).value();
 }
 
 } // namespace onudesk::host::test

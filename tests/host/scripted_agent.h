@@ -4,7 +4,7 @@
 // twice or never.
 #pragma once
 
-#include "host/snmp_value.h"
+#include "snmp/value.h"
 
 #include <atomic>
 #include <cstdint>
@@ -93,12 +93,12 @@ private:
 class Mib {
 public:
     Mib() = default;
-    explicit Mib(std::map<Oid, SnmpValue> values) : values_(std::move(values)) {}
+    explicit Mib(std::map<Oid, Value> values) : values_(std::move(values)) {}
 
     // Answers GET, GETNEXT, GETBULK and SET as RFC 1157 and RFC 3416 say. A SET changes every
     // binding's value, or creates it.
     [[nodiscard]] AgentResponse answer(const AgentRequest& request);
-    [[nodiscard]] std::map<Oid, SnmpValue>& values() { return values_; }
+    [[nodiscard]] std::map<Oid, Value>& values() { return values_; }
 
 private:
     [[nodiscard]] VarBind following(const Oid& oid) const;
@@ -106,14 +106,12 @@ private:
     AgentResponse getNext(const AgentRequest& request) const;
     AgentResponse getBulk(const AgentRequest& request) const;
 
-    std::map<Oid, SnmpValue> values_;
+    std::map<Oid, Value> values_;
 };
 
 // A script that answers from the data, which must outlive the agent.
 [[nodiscard]] Script honest(Mib& mib);
 
 [[nodiscard]] Oid oidOf(const std::string& text);
-[[nodiscard]] SnmpValue integerValue(std::int64_t number);
-[[nodiscard]] SnmpValue octetsValue(const std::string& bytes);
 
 } // namespace onudesk::host::test

@@ -26,7 +26,7 @@ protected:
 // A REPORT with one of the counters of RFC 3414.
 AgentResponse report(std::uint32_t counter, const std::string& engineId) {
     return {.bindings = {{oidOf("1.3.6.1.6.3.15.1.1." + std::to_string(counter) + ".0"),
-                          {.tag = tag::counter, .number = 1}}},
+                          {Tag::counter32, std::uint64_t{1}}}},
             .pdu = kReport,
             .engineId = engineId};
 }

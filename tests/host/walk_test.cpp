@@ -20,7 +20,7 @@ Mib smallTable() {
             const std::string index = std::string(onu) + row;
             mib.values()[cell(601, 1, index)] = integerValue(row[1] - '0');
             mib.values()[cell(601, 2, index)] = octetsValue(index);
-            mib.values()[cell(601, 3, index)] = {.tag = tag::gauge, .number = 4294967295U};
+            mib.values()[cell(601, 3, index)] = {Tag::gauge32, std::uint64_t{4294967295U}};
         }
     }
     return mib;
@@ -47,10 +47,9 @@ Script endless() {
         VarBinds last = request.bindings;
         for (std::int64_t repetition = 0; repetition < request.maxRepetitions; ++repetition) {
             for (VarBind& binding : last) {
-                if (binding.oid.size() == 13) {
-                    binding.oid.push_back(0);
-                }
-                ++binding.oid.back();
+                const bool first = binding.oid.size() == 13;
+                binding.oid = first ? binding.oid.joined({1})
+                                    : binding.oid.head(13).joined({binding.oid.last() + 1});
                 binding.value = integerValue(1);
                 response.bindings.push_back(binding);
             }

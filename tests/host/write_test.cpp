@@ -14,7 +14,7 @@ using namespace std::chrono_literals;
 
 class WriteTest : public EngineTest {
 protected:
-    SeenReply write(const Script& script, const std::vector<Value>& values,
+    SeenReply write(const Script& script, const std::vector<Setting>& values,
                     std::chrono::milliseconds unit = 1s) {
         const Agent agent(*this, script, unit);
         SeenReply reply = writeAll(writeOf(values));
@@ -62,11 +62,10 @@ TEST_F(WriteTest, AllBindingsInOneSetInOrderWithTheirTypes) {
     EXPECT_EQ(sent[0].oid, cell(603, 2));
     EXPECT_EQ(sent[0].value, integerValue(-2147483648LL));
     EXPECT_EQ(sent[1].value, octetsValue(mac));
-    EXPECT_EQ(sent[2].value,
-              (SnmpValue{.tag = tag::ipAddress, .octets = std::string("\x0A\0\0\xFF", 4)}));
-    EXPECT_EQ(sent[3].value, (SnmpValue{.tag = tag::oid, .oid = {1, 3, 6, 1, 4294967295U}}));
-    EXPECT_EQ(sent[4].value, (SnmpValue{.tag = tag::gauge, .number = 4294967295U}));
-    EXPECT_EQ(sent[5].value, (SnmpValue{.tag = tag::counter64, .number = ~0ULL}));
+    EXPECT_EQ(sent[2].value, (Value{Tag::ipAddress, std::string("\x0A\0\0\xFF", 4)}));
+    EXPECT_EQ(sent[3].value, (Value{Tag::objectId, Oid{1, 3, 6, 1, 4294967295U}}));
+    EXPECT_EQ(sent[4].value, (Value{Tag::gauge32, std::uint64_t{4294967295U}}));
+    EXPECT_EQ(sent[5].value, (Value{Tag::counter64, std::uint64_t{~0ULL}}));
     EXPECT_EQ(sent[6].value, octetsValue("free"));
     EXPECT_EQ(sent[7].value, octetsValue(""));
 }
@@ -217,7 +216,7 @@ TEST_F(WriteTest, ReadAfterWriteSeesWhatWasWritten) {
             return;
         }
         outbox.answer(request, mib.answer(request));
-        if (held && request.bindings[0].oid[7] == 600) {
+        if (held && request.bindings[0].oid.arcs()[7] == 600) {
             outbox.answer(*held, mib.answer(*held));
         }
     });

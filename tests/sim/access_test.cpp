@@ -25,11 +25,11 @@ TEST(Access, ReadsEveryForm) {
               (std::map<std::string, bool>{{"public", false}, {"two words", true}}));
     ASSERT_EQ(access->users.size(), 5U);
     EXPECT_EQ(access->users.at("c").authPhrase, "a phrase");
-    EXPECT_EQ(access->users.at("c").digest, Digest::sha);
+    EXPECT_EQ(access->users.at("c").digest, AuthProtocol::sha);
     EXPECT_TRUE(access->users.at("c").mayWrite);
     EXPECT_EQ(access->users.at("d").privPhrase, "abcdefgh");
     EXPECT_FALSE(access->users.at("d").mayWrite);
-    EXPECT_EQ(access->users.at("e").digest, Digest::md5);
+    EXPECT_EQ(access->users.at("e").digest, AuthProtocol::md5);
     EXPECT_TRUE(access->users.at("e").mayWrite);
 }
 
@@ -80,12 +80,13 @@ TEST(Access, GrantsWhatTheRulesSay) {
     EXPECT_TRUE(access.allowsCommunity("w", true));
     EXPECT_FALSE(access.allowsCommunity("R", false));
     EXPECT_FALSE(access.allowsCommunity("", false));
-    EXPECT_TRUE(access.allowsUser("plain", 1, false));
-    EXPECT_FALSE(access.allowsUser("plain", 3, true));
-    EXPECT_FALSE(access.allowsUser("auth", 1, false)) << "below the user's level";
-    EXPECT_TRUE(access.allowsUser("auth", 2, true));
-    EXPECT_TRUE(access.allowsUser("auth", 3, true));
-    EXPECT_FALSE(access.allowsUser("r", 1, false));
+    EXPECT_TRUE(access.allowsUser("plain", SecurityLevel::noAuthNoPriv, false));
+    EXPECT_FALSE(access.allowsUser("plain", SecurityLevel::authPriv, true));
+    EXPECT_FALSE(access.allowsUser("auth", SecurityLevel::noAuthNoPriv, false))
+        << "below the user's level";
+    EXPECT_TRUE(access.allowsUser("auth", SecurityLevel::authNoPriv, true));
+    EXPECT_TRUE(access.allowsUser("auth", SecurityLevel::authPriv, true));
+    EXPECT_FALSE(access.allowsUser("r", SecurityLevel::noAuthNoPriv, false));
 }
 
 TEST(Engine, BootsMoreOftenAtEveryLaterStart) {

@@ -3,6 +3,7 @@
 
 #include "base/file.h"
 #include "sim/access.h"
+#include "sim/recording.h"
 
 #include <gtest/gtest.h>
 
@@ -38,12 +39,12 @@ protected:
 
     void SetUp() override { ASSERT_TRUE(recording_) << recording_.error(); }
     [[nodiscard]] const ObjectRule& rule(const ObjectSchema& object, const Oid& instance) const {
-        return *table_.find(Oid::parse(object.object.oidstr)->joined(instance));
+        return *table_.find(Oid::parseWhole(object.object.oidstr)->joined(instance));
     }
     [[nodiscard]] std::set<Oid> instancesOf(const GroupSchema& group) const {
         std::set<Oid> instances;
         for (const ObjectSchema& object : group.objects) {
-            const Oid column = *Oid::parse(object.object.oidstr);
+            const Oid column = *Oid::parseWhole(object.object.oidstr);
             for (const auto& [oid, value] : below(recording_->values, {}, column)) {
                 instances.insert(oid.tail(column.size()));
             }
@@ -70,7 +71,7 @@ protected:
 TEST_F(DemoRecording, AgreesWithTheCatalogue) {
     std::size_t checked = 0;
     for (const auto& [oid, value] : recording_->values) {
-        if (!oid.startsWith(Oid({1, 3, 6, 1, 4, 1, 27315}))) {
+        if (!oid.startsWith(Oid{1, 3, 6, 1, 4, 1, 27315})) {
             continue;
         }
         const ObjectRule* rule = table_.find(oid);
@@ -176,7 +177,7 @@ TEST(DemoAccess, HasEverySecurityLevel) {
     const auto access = loadAccess(ONUDESK_SOURCE_DIR "/client/demo/demo.access");
     ASSERT_TRUE(access) << access.error();
     EXPECT_EQ(access->communities, defaultAccess().communities);
-    std::set<std::pair<SecurityLevel, Digest>> kinds;
+    std::set<std::pair<SecurityLevel, AuthProtocol>> kinds;
     for (const auto& [name, user] : access->users) {
         kinds.emplace(user.level, user.digest);
     }

@@ -2,6 +2,7 @@
 #include "sim_fixture.h"
 
 #include "env/xml_file.h"
+#include "sim/models.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +16,7 @@ std::string moduleOf(const std::string& groups) {
 std::string errorOf(const std::string& groups) {
     const auto document = parseXml(moduleOf(groups), "test");
     const auto schema = readSchema(*(*document)->RootElement());
-    const auto table = ObjectTable::build(*schema);
+    const auto table = ObjectTable::build(*schema, isModel);
     return table ? "" : table.error();
 }
 
@@ -25,7 +26,7 @@ TEST(ObjectTable, FindsTheObjectOfAnInstance) {
                  "<object name=\"inner\" oidstr=\"1.3.6.1.1.5.2\" type=\"2\"/>"
                  "<object name=\"nameless\" oidstr=\"\" type=\"2\"/></group>"));
     const auto nameOf = [&](const char* oid) {
-        const ObjectRule* rule = table.find(Oid::parse(oid).value());
+        const ObjectRule* rule = table.find(Oid::parseWhole(oid).value());
         return rule == nullptr ? std::string() : rule->name;
     };
     EXPECT_EQ(nameOf("1.3.6.1.1.7"), "module 900, group g, object outer");

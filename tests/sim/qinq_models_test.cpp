@@ -46,7 +46,7 @@ protected:
         Lines all;
         const Oid first = enterpriseOid(item + ".1.1.2.1.2.5.1");
         for (const auto& [oid, value] : below(store_.values(), {}, first)) {
-            const std::string row = std::to_string(oid.parts().back());
+            const std::string row = std::to_string(oid.last());
             std::string text = row;
             for (const int column : columns) {
                 text +=

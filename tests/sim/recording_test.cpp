@@ -12,20 +12,20 @@ namespace {
 TEST(Oid, ReadsAndWritesDottedDecimal) {
     for (const std::string text :
          {"1.3", "0.0", "2.999.1", "1.3.6.1.4.1.27315.4294967295", "0.39", "1.0"}) {
-        const auto oid = Oid::parse(text);
+        const auto oid = Oid::parseWhole(text);
         ASSERT_TRUE(oid) << text;
         EXPECT_EQ(oid->text(), text);
     }
     for (const std::string text : {"", "1", ".1.3", "1.3.", "1..3", "3.1", "1.40", "1.3.4294967296",
                                    "1.3.-1", "1.3.x", "1 3", "1.3.6 "}) {
-        EXPECT_FALSE(Oid::parse(text)) << text;
+        EXPECT_FALSE(Oid::parseWhole(text)) << text;
     }
     std::string longest = "1";
-    for (std::size_t i = 1; i < Oid::kMaxParts; ++i) {
+    for (std::size_t i = 1; i < Oid::kMaxArcs; ++i) {
         longest += ".1";
     }
-    EXPECT_TRUE(Oid::parse(longest));
-    EXPECT_FALSE(Oid::parse(longest + ".1"));
+    EXPECT_TRUE(Oid::parseWhole(longest));
+    EXPECT_FALSE(Oid::parseWhole(longest + ".1"));
 }
 
 TEST(Oid, OrdersByNumbersAndPutsPrefixesFirst) {
@@ -33,7 +33,8 @@ TEST(Oid, OrdersByNumbersAndPutsPrefixesFirst) {
                                               "1.3.6.1.2.1.10",    "1.3.6.1.9", "1.3.6.1.10",
                                               "1.3.6.1.4294967295"};
     for (std::size_t i = 1; i < ordered.size(); ++i) {
-        EXPECT_LT(Oid::parse(ordered[i - 1]).value(), Oid::parse(ordered[i]).value()) << ordered[i];
+        EXPECT_LT(Oid::parseWhole(ordered[i - 1]).value(), Oid::parseWhole(ordered[i]).value())
+            << ordered[i];
     }
     EXPECT_TRUE(Oid({1, 3, 6}).startsWith(Oid({1, 3})));
     EXPECT_TRUE(Oid({1, 3, 6}).startsWith(Oid({1, 3, 6})));
@@ -136,9 +137,9 @@ TEST(Recording, WritesAnUnchangedSortedFileByteForByte) {
     ASSERT_TRUE(recording);
     EXPECT_EQ(formatRecording(recording->values, recording->layout), text);
 
-    recording->values[Oid({1, 3, 6, 1, 1})] = octetsValue("new");
-    recording->values.erase(Oid({1, 3, 6, 1, 2}));
-    recording->values[Oid({1, 3, 6, 1, 2, 5})] = integerValue(7);
+    recording->values[Oid{1, 3, 6, 1, 1}] = octetsValue("new");
+    recording->values.erase(Oid{1, 3, 6, 1, 2});
+    recording->values[Oid{1, 3, 6, 1, 2, 5}] = integerValue(7);
     EXPECT_EQ(formatRecording(recording->values, recording->layout),
               "# head\n\n1.3.6.1.1|4|new\n1.3.6.1.2.5|2|7\n1.3.6.1.3|4|B\xC3\xBCro\n  \n# tail\n");
 }

@@ -2,6 +2,8 @@
 #include "sim_fixture.h"
 
 #include "env/xml_file.h"
+#include "sim/models.h"
+#include "sim/recording.h"
 
 #include <gtest/gtest.h>
 
@@ -35,16 +37,16 @@ Recording recordingOf(const Lines& lines) {
 
 ObjectTable tableOf(const std::string& catalogue) {
     const XmlDocument document = require(parseXml(catalogue, "test"));
-    return require(ObjectTable::build(require(readSchema(*document->RootElement()))));
+    return require(ObjectTable::build(require(readSchema(*document->RootElement())), isModel));
 }
 
 ObjectTable shippedTable() {
     return require(ObjectTable::build(
-        require(loadSchema(ONUDESK_SOURCE_DIR "/client/CONF/snmp/snmpconfig.xml"))));
+        require(loadSchema(ONUDESK_SOURCE_DIR "/client/CONF/snmp/snmpconfig.xml")), isModel));
 }
 
 Oid enterpriseOid(const std::string& rest) {
-    return Oid::parse(kEnterprise + rest).value();
+    return Oid::parseWhole(kEnterprise + rest).value();
 }
 
 Store storeOf(ObjectTable table, const Lines& lines) {
@@ -68,7 +70,7 @@ void expectHeld(const Store& store, const Lines& lines) {
 
 std::string held(const Store& store, const std::string& oid) {
     const Value* value = store.find(enterpriseOid(oid));
-    return value == nullptr ? "" : formatValue(*value);
+    return value == nullptr ? "" : recordedText(*value);
 }
 
 std::string valueOf(const Store& store, const std::string& oid) {
@@ -79,7 +81,7 @@ std::string valueOf(const Store& store, const std::string& oid) {
 Lines linesOf(const Store& store) {
     Lines lines;
     for (const auto& [oid, value] : store.values()) {
-        lines.push_back(oid.tail(7).text() + "|" + formatValue(value));
+        lines.push_back(oid.tail(7).text() + "|" + recordedText(value));
     }
     return lines;
 }
@@ -93,16 +95,17 @@ std::string set(Store& store, const Lines& bindings) {
         {SetStatus::inconsistentValue, "inconsistentValue"},
         {SetStatus::notWritable, "notWritable"},
     };
-    std::vector<Binding> request;
+    VarBinds request;
     for (const std::string& each : bindings) {
         const Values one = recordingOf({each}).values; // keeps the order of the bindings
         request.push_back({one.begin()->first, one.begin()->second});
     }
-    auto outcome = store.prepare(request);
-    if (const auto* failure = std::get_if<SetFailure>(&outcome)) {
-        return names.at(failure->status) + " " + std::to_string(failure->index + 1);
+    const auto changes = store.prepare(request);
+    if (!changes) {
+        const SetFailure& failure = changes.failure();
+        return names.at(failure.status) + " " + std::to_string(failure.index + 1);
     }
-    store.apply(std::get<Changes>(outcome));
+    store.apply(*changes);
     return "ok";
 }
 

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "snmp_client.h"
 
-#include "sim/variable.h"
+#include "snmp/wire/usm.h"
+#include "snmp/wire/variable.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <stdexcept>
@@ -42,28 +44,22 @@ void forgetUsers() {
     }
 }
 
-void useKey(const oid* digest, std::size_t digestLength, const std::string& phrase, u_char* key,
-            std::size_t& length) {
-    length = USM_AUTH_KU_LEN;
-    if (generate_Ku(digest, static_cast<u_int>(digestLength),
-                    reinterpret_cast<const u_char*>(phrase.data()), phrase.size(), key,
-                    &length) != SNMPERR_SUCCESS) {
-        throw std::runtime_error("no key");
-    }
+void useKey(AuthProtocol digest, const std::string& phrase, u_char* key, std::size_t& length) {
+    const std::string master = masterKey(digest, phrase);
+    std::ranges::copy(master, key);
+    length = master.size();
 }
 
 void protect(netsnmp_session& session, const User& user) {
-    const bool md5 = user.digest == Digest::md5;
-    session.securityAuthProto = md5 ? usmHMACMD5AuthProtocol : usmHMACSHA1AuthProtocol;
-    session.securityAuthProtoLen =
-        md5 ? OID_LENGTH(usmHMACMD5AuthProtocol) : OID_LENGTH(usmHMACSHA1AuthProtocol);
-    useKey(session.securityAuthProto, session.securityAuthProtoLen, user.authPhrase,
-           session.securityAuthKey, session.securityAuthKeyLen);
+    const UsmProtocol auth = usmProtocol(user.digest);
+    session.securityAuthProto = auth.arcs;
+    session.securityAuthProtoLen = auth.count;
+    useKey(user.digest, user.authPhrase, session.securityAuthKey, session.securityAuthKeyLen);
     if (!user.privPhrase.empty()) {
-        session.securityPrivProto = usmDESPrivProtocol;
-        session.securityPrivProtoLen = OID_LENGTH(usmDESPrivProtocol);
-        useKey(session.securityAuthProto, session.securityAuthProtoLen, user.privPhrase,
-               session.securityPrivKey, session.securityPrivKeyLen);
+        const UsmProtocol priv = usmProtocol(PrivProtocol::des);
+        session.securityPrivProto = priv.arcs;
+        session.securityPrivProtoLen = priv.count;
+        useKey(user.digest, user.privPhrase, session.securityPrivKey, session.securityPrivKeyLen);
     }
 }
 
@@ -77,12 +73,12 @@ std::string bindingText(const netsnmp_variable_list& variable) {
     case SNMP_ENDOFMIBVIEW:
         return name + "endOfMibView";
     default:
-        return name + formatValue(valueOf(variable));
+        return name + recordedText(valueOf(variable));
     }
 }
 
 std::vector<oid> oidOf(const std::string& text) {
-    return toNetSnmp(Oid::parse(text).value());
+    return toNetSnmp(Oid::parseWhole(text).value());
 }
 
 } // namespace
@@ -193,7 +189,7 @@ Reply SnmpClient::set(const std::vector<std::string>& bindings) {
         const auto second = each.find('|', first + 1);
         const std::vector<oid> name = oidOf(each.substr(0, first));
         const auto value =
-            parseValue(each.substr(first + 1, second - first - 1), each.substr(second + 1));
+            parseRecorded(each.substr(first + 1, second - first - 1), each.substr(second + 1));
         setValue(*snmp_add_null_var(pdu.get(), name.data(), name.size()), *value);
     }
     return session_->send(std::move(pdu));

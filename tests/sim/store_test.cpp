@@ -99,12 +99,12 @@ TEST(StoreSet, WritesBoundsAndAbsentInstancesOfAUnitThatExists) {
 TEST(StoreSet, ChangesComeBackWithWhatUndoesThem) {
     Store store = smallStore();
     const Lines before = linesOf(store);
-    auto outcome = store.prepare({{enterpriseOid("900.2.1.1.1.2.5"), integerValue(3)},
-                                  {enterpriseOid("900.1.1.7.4"), integerValue(6)},
-                                  {enterpriseOid("900.2.1.3.1.2.5"), octetsValue("note")}});
-    ASSERT_TRUE(std::holds_alternative<Changes>(outcome));
+    const auto changes = store.prepare({{enterpriseOid("900.2.1.1.1.2.5"), integerValue(3)},
+                                        {enterpriseOid("900.1.1.7.4"), integerValue(6)},
+                                        {enterpriseOid("900.2.1.3.1.2.5"), octetsValue("note")}});
+    ASSERT_TRUE(changes);
     EXPECT_EQ(linesOf(store), before);
-    const Changes undo = store.apply(std::get<Changes>(outcome));
+    const Changes undo = store.apply(*changes);
     EXPECT_EQ(linesOf(store), (Lines{"900.2.1.1.1.2.5|2|3", "900.2.1.2.1.2.5|4|SN01",
                                      "900.2.1.3.1.2.5|4|note", "900.2.1.5.1.2.5|67|1"}));
     store.apply(undo);
@@ -189,7 +189,7 @@ TEST(RowStatus, UniqueValuesKeepRowsFromBecomingActive) {
 TEST(Store, WalksInOrderPastNulls) {
     const Store store =
         storeOf(tableOf(kCatalogue), {"10.1|2|1", "9.1|2|2", "9.2|5|", "900.2.1.4.1.2.5|2|1"});
-    const auto* first = store.next(Oid({1, 3, 6, 1}), false);
+    const auto* first = store.next(Oid{1, 3, 6, 1}, false);
     ASSERT_NE(first, nullptr);
     EXPECT_EQ(first->first, enterpriseOid("9.1"));
     EXPECT_EQ(store.next(first->first, true), first);

@@ -15,28 +15,9 @@ namespace onudesk::desk {
 
 // The window takes at most this many bytes of a text (see HolderConfigParam).
 inline constexpr std::size_t kMaxTextBytes = 100;
-// RFC 3414: a user name has 1 to 32 bytes, a pass phrase at least 8.
-inline constexpr std::size_t kMaxUserBytes = 32;
-inline constexpr std::size_t kMinPassphraseBytes = 8;
 inline constexpr std::size_t kMaxLongTextBytes = 255;
 // The menu that every client tree has.
 inline constexpr const char* kGeneralMenu = "epononuother_menu.xml";
-
-// The names under which the values of an enumeration stand in the file and in the dialogs.
-template <typename Value>
-struct Named {
-    Value value;
-    const char* name;
-};
-inline constexpr Named<host::SnmpVersion> kVersions[] = {
-    {host::SnmpVersion::v1, "v1"}, {host::SnmpVersion::v2c, "v2c"}, {host::SnmpVersion::v3, "v3"}};
-inline constexpr Named<host::SecurityLevel> kLevels[] = {
-    {host::SecurityLevel::noAuthNoPriv, "noAuthNoPriv"},
-    {host::SecurityLevel::authNoPriv, "authNoPriv"},
-    {host::SecurityLevel::authPriv, "authPriv"}};
-inline constexpr Named<host::AuthProtocol> kAuthProtocols[] = {{host::AuthProtocol::md5, "MD5"},
-                                                               {host::AuthProtocol::sha, "SHA"}};
-inline constexpr Named<host::PrivProtocol> kPrivProtocols[] = {{host::PrivProtocol::des, "DES"}};
 
 // How to reach an agent. Only what the version and, for v3, the level use is checked; the rest is
 // kept. The engine id stays empty.

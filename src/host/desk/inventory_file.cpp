@@ -82,13 +82,9 @@ public:
     template <typename Value, std::size_t count>
     void takeNamed(const char* name, const Named<Value> (&names)[count], Value& value) {
         const std::string text = take(name, QJsonValue::String, "a text").toString().toStdString();
-        for (const Named<Value>& known : names) {
-            if (text == known.name) {
-                value = known.value;
-                return;
-            }
-        }
-        if (!text.empty()) {
+        const auto known = valueNamed(names, text);
+        value = known.value_or(value);
+        if (!known && !text.empty()) {
             fail(std::string(name) + " \"" + text + "\" is not known");
         }
     }
@@ -132,8 +128,8 @@ Result<void> readProfile(KeyReader& reader, Inventory& inventory) {
     AccessProfile profile;
     reader.takeTexts<AccessProfile>(kProfileTexts, profile);
     reader.takeTexts<host::V3Access>(kV3Texts, profile.v3);
-    reader.takeNamed("version", kVersions, profile.version);
-    reader.takeNamed("level", kLevels, profile.v3.level);
+    reader.takeNamed("version", kSnmpVersions, profile.version);
+    reader.takeNamed("level", kSecurityLevels, profile.v3.level);
     reader.takeNamed("authProtocol", kAuthProtocols, profile.v3.authProtocol);
     reader.takeNamed("privProtocol", kPrivProtocols, profile.v3.privProtocol);
     if (Result<void> read = reader.finish(); !read) {
@@ -204,8 +200,8 @@ QJsonObject profileObject(const AccessProfile& profile) {
     QJsonObject object;
     writeTexts<AccessProfile>(kProfileTexts, profile, object);
     writeTexts<host::V3Access>(kV3Texts, profile.v3, object);
-    writeNamed("version", kVersions, profile.version, object);
-    writeNamed("level", kLevels, profile.v3.level, object);
+    writeNamed("version", kSnmpVersions, profile.version, object);
+    writeNamed("level", kSecurityLevels, profile.v3.level, object);
     writeNamed("authProtocol", kAuthProtocols, profile.v3.authProtocol, object);
     writeNamed("privProtocol", kPrivProtocols, profile.v3.privProtocol, object);
     return object;

@@ -43,8 +43,8 @@ ProfileDialog::ProfileDialog(const QString& title, const AccessProfile& profile,
                                   profile.v3.privPassphrase);
     contextEdt = addText("context", tr("Conte&xt"), "contextEdt", profile.v3.contextName);
 
-    fill(*versionCmb, kVersions, profile.version);
-    fill(*levelCmb, kLevels, profile.v3.level);
+    fill(*versionCmb, kSnmpVersions, profile.version);
+    fill(*levelCmb, kSecurityLevels, profile.v3.level);
     fill(*authProtocolCmb, kAuthProtocols, profile.v3.authProtocol);
     fill(*privProtocolCmb, kPrivProtocols, profile.v3.privProtocol);
     connect(versionCmb, &QComboBox::currentIndexChanged, this, &ProfileDialog::enableUsed);

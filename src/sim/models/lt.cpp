@@ -5,7 +5,7 @@
 
 namespace onudesk::sim {
 
-std::optional<SetStatus> writeWorkPon(const GroupWrite& write, Device& device) {
+SetResult writeWorkPon(const GroupWrite& write, Device& device) {
     constexpr const char* kPort = "vgonuworkponset";
     DeviceGroup terminal = device.group(817, "group1");
     const std::int64_t wanted = write.number(kPort).value_or(0);
@@ -16,7 +16,7 @@ std::optional<SetStatus> writeWorkPon(const GroupWrite& write, Device& device) {
         return SetStatus::inconsistentValue;
     }
     terminal.putNumber(kPort, write.instance(), wanted);
-    return std::nullopt;
+    return {};
 }
 
 } // namespace onudesk::sim

@@ -10,6 +10,6 @@
 namespace onudesk::sim {
 
 // Module 817: one of two PON ports can be chosen, unless the terminal has no choice (0).
-[[nodiscard]] std::optional<SetStatus> writeWorkPon(const GroupWrite& write, Device& device);
+[[nodiscard]] SetResult writeWorkPon(const GroupWrite& write, Device& device);
 
 } // namespace onudesk::sim

@@ -21,14 +21,14 @@ constexpr const char* kFull = "onuMacBlackHoleFull";
 constexpr const char* kStatus = "onuMacBlackHoleRowStatus";
 
 std::int64_t code(RowStatus status) {
-    return static_cast<std::int64_t>(status);
+    return rowStatusCode(status);
 }
 
-Oid entryOf(const Oid& onu, Oid::Part number) {
-    return onu.joined(Oid({number}));
+Oid entryOf(const Oid& onu, Oid::Arc number) {
+    return onu.joined(Oid{number});
 }
 
-std::optional<SetStatus> addEntry(const GroupWrite& write, DeviceGroup& list) {
+SetResult addEntry(const GroupWrite& write, DeviceGroup& list) {
     const Oid onu = write.onu();
     const auto mac = write.bytes(kMac);
     const auto vlan = write.number(kVlan);
@@ -42,7 +42,7 @@ std::optional<SetStatus> addEntry(const GroupWrite& write, DeviceGroup& list) {
     if (!mac || !vlan || known || entries.size() >= kMostEntries) {
         return SetStatus::inconsistentValue;
     }
-    Oid::Part number = 1;
+    Oid::Arc number = 1;
     while (list.find(kMac, entryOf(onu, number)) != nullptr) {
         ++number;
     }
@@ -50,37 +50,37 @@ std::optional<SetStatus> addEntry(const GroupWrite& write, DeviceGroup& list) {
     list.put(kMac, entry, octetsValue(*mac));
     list.putNumber(kVlan, entry, *vlan);
     list.putNumber(kStatus, entry, code(RowStatus::active));
-    return std::nullopt;
+    return {};
 }
 
-std::optional<SetStatus> removeEntry(const GroupWrite& write, DeviceGroup& list) {
+SetResult removeEntry(const GroupWrite& write, DeviceGroup& list) {
     if (list.find(kMac, write.instance()) == nullptr) {
         return SetStatus::inconsistentValue;
     }
     list.remove(write.instance());
-    return std::nullopt;
+    return {};
 }
 
 } // namespace
 
-std::optional<SetStatus> filterMac(const GroupWrite& write, Device& device) {
+SetResult filterMac(const GroupWrite& write, Device& device) {
     if (write.instance().size() != kRowParts) {
         return SetStatus::noCreation;
     }
     DeviceGroup list = device.group(619, "maintable");
     const auto status = write.number(kStatus);
-    std::optional<SetStatus> failure = SetStatus::inconsistentValue;
+    SetResult result = SetStatus::inconsistentValue;
     if (status == code(RowStatus::createAndGo)) {
-        failure = addEntry(write, list);
+        result = addEntry(write, list);
     } else if (status == code(RowStatus::destroy)) {
-        failure = removeEntry(write, list);
+        result = removeEntry(write, list);
     }
     // Every row says whether the list is full.
     const std::vector<Oid> entries = list.instances(kMac, write.onu());
     for (const Oid& entry : entries) {
         list.putNumber(kFull, entry, entries.size() >= kMostEntries ? 1 : 0);
     }
-    return failure;
+    return result;
 }
 
 } // namespace onudesk::sim

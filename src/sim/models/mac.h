@@ -9,6 +9,6 @@ namespace onudesk::sim {
 
 // The list of filtered MAC addresses (619): status 4 at the ONU's row 1 adds an entry with the
 // lowest free number, whatever that row holds; 6 removes the row.
-[[nodiscard]] std::optional<SetStatus> filterMac(const GroupWrite& write, Device& device);
+[[nodiscard]] SetResult filterMac(const GroupWrite& write, Device& device);
 
 } // namespace onudesk::sim

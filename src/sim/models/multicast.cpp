@@ -14,8 +14,8 @@ namespace onudesk::sim {
 
 namespace {
 
-constexpr auto kFill = static_cast<std::int64_t>(RowStatus::createAndGo);
-constexpr auto kEmpty = static_cast<std::int64_t>(RowStatus::destroy);
+constexpr auto kFill = rowStatusCode(RowStatus::createAndGo);
+constexpr auto kEmpty = rowStatusCode(RowStatus::destroy);
 constexpr std::size_t kMacBytes = 6;
 constexpr int kLastVlan = 4094;
 
@@ -101,7 +101,7 @@ std::optional<Vlans> changedVlans(const DeviceGroup& ports, const GroupWrite& wr
 
 } // namespace
 
-std::optional<SetStatus> writeControllableMulticast(const GroupWrite& write, Device& device) {
+SetResult writeControllableMulticast(const GroupWrite& write, Device& device) {
     DeviceGroup slots = device.group(621, "maintable");
     const Oid& slot = write.instance();
     const std::int64_t status = write.number("multiRowStatus").value_or(0);
@@ -115,8 +115,8 @@ std::optional<SetStatus> writeControllableMulticast(const GroupWrite& write, Dev
         slots.put("multiMac", slot, *write.find("multiMac"));
         slots.put("multiVlan", slot, *write.find("multiVlan"));
         slots.put("multiType", slot, *write.find("multiType"));
-        slots.putNumber("multiRowStatus", slot, static_cast<std::int64_t>(RowStatus::active));
-        return std::nullopt;
+        slots.putNumber("multiRowStatus", slot, rowStatusCode(RowStatus::active));
+        return {};
     }
     if (status != kEmpty || slots.number("multiVlan", slot) == 0) {
         return SetStatus::inconsistentValue;
@@ -124,11 +124,11 @@ std::optional<SetStatus> writeControllableMulticast(const GroupWrite& write, Dev
     slots.put("multiMac", slot, octetsValue(std::string(kMacBytes, '\0')));
     slots.putNumber("multiVlan", slot, 0);
     slots.putNumber("multiType", slot, 0);
-    slots.putNumber("multiRowStatus", slot, static_cast<std::int64_t>(RowStatus::notInService));
-    return std::nullopt;
+    slots.putNumber("multiRowStatus", slot, rowStatusCode(RowStatus::notInService));
+    return {};
 }
 
-std::optional<SetStatus> writeIgmpLimits(const GroupWrite& write, Device& device) {
+SetResult writeIgmpLimits(const GroupWrite& write, Device& device) {
     DeviceGroup ports = device.group(626, "maintable");
     const Oid& port = write.instance();
     if (ports.find("lanMultiMaxGrp", port) == nullptr) {
@@ -149,7 +149,7 @@ std::optional<SetStatus> writeIgmpLimits(const GroupWrite& write, Device& device
         return SetStatus::inconsistentValue;
     }
     ports.put("lanMultiVlanList", port, octetsValue(textOf(*vlans)));
-    return std::nullopt;
+    return {};
 }
 
 } // namespace onudesk::sim

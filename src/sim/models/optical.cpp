@@ -52,7 +52,7 @@ std::optional<std::string> kept(const Quantity& quantity, std::string_view writt
 
 } // namespace
 
-std::optional<SetStatus> writeOpticalThresholds(const GroupWrite& write, Device& device) {
+SetResult writeOpticalThresholds(const GroupWrite& write, Device& device) {
     DeviceGroup thresholds = device.group(667, "maintable");
     const Oid& onu = write.instance();
     if (thresholds.find("ThresholdRowStatus", onu) == nullptr) {
@@ -60,15 +60,14 @@ std::optional<SetStatus> writeOpticalThresholds(const GroupWrite& write, Device&
     }
     const bool hasRow = thresholds.number("ThresholdRowStatus", onu) != 0;
     const auto status = write.number("ThresholdRowStatus");
-    if (status && (hasRow || *status != static_cast<std::int64_t>(RowStatus::createAndGo))) {
+    if (status && (hasRow || *status != rowStatusCode(RowStatus::createAndGo))) {
         return SetStatus::inconsistentValue;
     }
     if (!status && !hasRow) {
         return SetStatus::noCreation;
     }
     if (status) {
-        thresholds.putNumber("ThresholdRowStatus", onu,
-                             static_cast<std::int64_t>(RowStatus::active));
+        thresholds.putNumber("ThresholdRowStatus", onu, rowStatusCode(RowStatus::active));
     }
     for (const Quantity& quantity : kQuantities) {
         for (std::size_t level = 0; level < kLevels.size(); ++level) {
@@ -84,7 +83,7 @@ std::optional<SetStatus> writeOpticalThresholds(const GroupWrite& write, Device&
             }
         }
     }
-    return std::nullopt;
+    return {};
 }
 
 } // namespace onudesk::sim

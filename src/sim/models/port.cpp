@@ -11,7 +11,7 @@ constexpr std::int64_t kTcpServer = 2;
 
 } // namespace
 
-std::optional<SetStatus> writeFec(const GroupWrite& write, Device& device) {
+SetResult writeFec(const GroupWrite& write, Device& device) {
     DeviceGroup fec = device.group(616, "maintable");
     if (fec.find("onuFecMode", write.instance()) == nullptr) {
         return SetStatus::noCreation;
@@ -20,10 +20,10 @@ std::optional<SetStatus> writeFec(const GroupWrite& write, Device& device) {
         return SetStatus::inconsistentValue;
     }
     fec.putNumber("onuFecMode", write.instance(), write.number("onuFecMode").value_or(0));
-    return std::nullopt;
+    return {};
 }
 
-std::optional<SetStatus> writeEncryption(const GroupWrite& write, Device& device) {
+SetResult writeEncryption(const GroupWrite& write, Device& device) {
     DeviceGroup encryption = device.group(649, "maintable");
     if (encryption.find("onuEncrypEnable", write.instance()) == nullptr) {
         return SetStatus::noCreation;
@@ -33,10 +33,10 @@ std::optional<SetStatus> writeEncryption(const GroupWrite& write, Device& device
         return SetStatus::inconsistentValue;
     }
     encryption.putNumber("onuEncrypEnable", write.instance(), enable);
-    return std::nullopt;
+    return {};
 }
 
-std::optional<SetStatus> writePortStatus(const GroupWrite& write, Device& device) {
+SetResult writePortStatus(const GroupWrite& write, Device& device) {
     DeviceGroup ports = device.group(617, "maintable");
     const Oid& port = write.instance();
     if (ports.find("lanState", port) == nullptr) {
@@ -55,10 +55,10 @@ std::optional<SetStatus> writePortStatus(const GroupWrite& write, Device& device
             ports.bytes("lanAdv", port).find_first_not_of('0') != std::string::npos;
         ports.putNumber("lanState", port, advertises ? 1 : 0);
     }
-    return std::nullopt;
+    return {};
 }
 
-std::optional<SetStatus> writeComSession(const GroupWrite& write, Device& device) {
+SetResult writeComSession(const GroupWrite& write, Device& device) {
     DeviceGroup sessions = device.group(763, "maintable");
     const Oid& port = write.instance();
     if (sessions.find("ComID", port) == nullptr) {
@@ -66,7 +66,7 @@ std::optional<SetStatus> writeComSession(const GroupWrite& write, Device& device
     }
     const auto status = write.number("ComSessionRowStatus");
     const bool has = sessions.number("ComSessionType", port) != 0;
-    if (status == static_cast<std::int64_t>(RowStatus::destroy)) {
+    if (status == rowStatusCode(RowStatus::destroy)) {
         if (!has) {
             return SetStatus::inconsistentValue;
         }
@@ -74,9 +74,9 @@ std::optional<SetStatus> writeComSession(const GroupWrite& write, Device& device
             sessions.putNumber(setting, port, 0);
         }
         sessions.put("ComSessionDestIP", port, {Tag::ipAddress, std::string(4, '\0')});
-        return std::nullopt;
+        return {};
     }
-    if (status != static_cast<std::int64_t>(RowStatus::createAndGo)) {
+    if (status != rowStatusCode(RowStatus::createAndGo)) {
         return SetStatus::inconsistentValue;
     }
     const std::int64_t type = write.number("ComSessionType").value_or(0);
@@ -95,7 +95,7 @@ std::optional<SetStatus> writeComSession(const GroupWrite& write, Device& device
     for (const char* counter : {"ComSessionBytesReceived", "ComSessionBytesSent"}) {
         sessions.put(counter, port, {Tag::counter32, std::uint64_t{0}});
     }
-    return std::nullopt;
+    return {};
 }
 
 } // namespace onudesk::sim

@@ -10,13 +10,13 @@
 namespace onudesk::sim {
 
 // Module 616: the mode can be set where forward error correction is supported.
-[[nodiscard]] std::optional<SetStatus> writeFec(const GroupWrite& write, Device& device);
+[[nodiscard]] SetResult writeFec(const GroupWrite& write, Device& device);
 // Module 649: encryption can be switched on in state 0, and off in every state.
-[[nodiscard]] std::optional<SetStatus> writeEncryption(const GroupWrite& write, Device& device);
+[[nodiscard]] SetResult writeEncryption(const GroupWrite& write, Device& device);
 // Module 617: a port that is shut down loses its link; when it is opened again, a port that
 // advertises something gets it back.
-[[nodiscard]] std::optional<SetStatus> writePortStatus(const GroupWrite& write, Device& device);
+[[nodiscard]] SetResult writePortStatus(const GroupWrite& write, Device& device);
 // Module 763: the ports are there for good. 4 makes a session on a port without one, 6 ends it.
-[[nodiscard]] std::optional<SetStatus> writeComSession(const GroupWrite& write, Device& device);
+[[nodiscard]] SetResult writeComSession(const GroupWrite& write, Device& device);
 
 } // namespace onudesk::sim

@@ -61,13 +61,13 @@ bool isVlan(std::optional<std::int64_t> number) {
     return number && *number >= 1 && *number <= kLastVlan;
 }
 
-Oid rowOf(const Oid& port, Oid::Part number) {
-    return port.joined(Oid({number}));
+Oid rowOf(const Oid& port, Oid::Arc number) {
+    return port.joined(Oid{number});
 }
 
 // The number of a row, 0 for that of a port without ranges.
-Oid::Part numberOf(const Oid& row) {
-    return row.parts().back();
+Oid::Arc numberOf(const Oid& row) {
+    return row.last();
 }
 
 // One of the two lists.
@@ -98,7 +98,7 @@ public:
     // Rows take from another row of the port what they say of it.
     void add(const Oid& port, const GroupWrite& write) {
         const std::vector<Oid> known = rows(port);
-        Oid::Part number = 1;
+        Oid::Arc number = 1;
         while (has(rowOf(port, number))) {
             ++number;
         }
@@ -146,7 +146,7 @@ private:
                 group_.putNumber(vlan, row, 0);
             }
         }
-        group_.putNumber(names_.rowStatus, row, static_cast<std::int64_t>(status));
+        group_.putNumber(names_.rowStatus, row, rowStatusCode(status));
     }
 
     const ListNames& names_;
@@ -166,8 +166,8 @@ bool mayAdd(const GroupWrite& write, const Device& device, const RangeList& own,
            !other.overlaps(port, *start, *end);
 }
 
-std::optional<SetStatus> writeRange(const GroupWrite& write, const Device& device,
-                                    const ListNames& ownNames, const ListNames& otherNames) {
+SetResult writeRange(const GroupWrite& write, const Device& device, const ListNames& ownNames,
+                     const ListNames& otherNames) {
     const Oid& row = write.instance();
     RangeList own(device, ownNames);
     RangeList other(device, otherNames);
@@ -185,12 +185,12 @@ std::optional<SetStatus> writeRange(const GroupWrite& write, const Device& devic
     }
     own.settle(port, other);
     other.settle(port, own);
-    return std::nullopt;
+    return {};
 }
 
 } // namespace
 
-std::optional<SetStatus> writeQinQMode(const GroupWrite& write, Device& device) {
+SetResult writeQinQMode(const GroupWrite& write, Device& device) {
     const Oid& onu = write.instance();
     DeviceGroup group = device.group(645, "maintable");
     if (onu.size() != kOnuLevels || group.find(kMode, onu) == nullptr) {
@@ -207,14 +207,14 @@ std::optional<SetStatus> writeQinQMode(const GroupWrite& write, Device& device) 
         }
         group.putNumber(kTpid, onu, *tpid);
     }
-    return std::nullopt;
+    return {};
 }
 
-std::optional<SetStatus> writeSVlanInsert(const GroupWrite& write, Device& device) {
+SetResult writeSVlanInsert(const GroupWrite& write, Device& device) {
     return writeRange(write, device, kInsert, kPass);
 }
 
-std::optional<SetStatus> writeSVlanPass(const GroupWrite& write, Device& device) {
+SetResult writeSVlanPass(const GroupWrite& write, Device& device) {
     return writeRange(write, device, kPass, kInsert);
 }
 

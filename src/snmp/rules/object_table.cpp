@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "sim/object_table.h"
-
-#include "sim/models.h"
+#include "snmp/rules/object_table.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <tuple>
 #include <utility>
 
-namespace onudesk::sim {
+namespace onudesk {
 
 namespace {
 
@@ -34,14 +32,14 @@ const ObjectSchema* findStatus(const ModuleSchema& module, const GroupSchema& ow
 std::optional<Oid> statusColumn(const ModuleSchema& module, const GroupSchema& own,
                                 const std::string& name) {
     const ObjectSchema* status = findStatus(module, own, name);
-    return status == nullptr ? std::nullopt : Oid::parse(status->object.oidstr);
+    return status == nullptr ? std::nullopt : Oid::parseWhole(status->object.oidstr);
 }
 
 std::optional<Oid> memberColumn(const GroupSchema& group, const std::string& name) {
     const auto found = std::ranges::find_if(
         group.objects, [&](const ObjectSchema& object) { return object.object.name == name; });
     return name.empty() || found == group.objects.end() ? std::nullopt
-                                                        : Oid::parse(found->object.oidstr);
+                                                        : Oid::parseWhole(found->object.oidstr);
 }
 
 auto limits(const std::optional<NumberRange>& range) {
@@ -72,7 +70,7 @@ std::vector<const ObjectRule*> select(const std::map<Oid, ObjectRule>& objects, 
 std::optional<Value> ObjectRule::defaultValue(const Oid& instance) const {
     const auto tag = static_cast<Tag>(schema.object.type);
     const NumberRange range = schema.range.value_or(NumberRange{0, 0});
-    const std::int64_t number = schema.index        ? std::int64_t{instance.parts().back()}
+    const std::int64_t number = schema.index        ? std::int64_t{instance.last()}
                                 : range.contains(0) ? 0
                                                     : range.low;
     const auto length = static_cast<std::size_t>(schema.size ? schema.size->low : 0);
@@ -90,24 +88,24 @@ std::optional<Value> ObjectRule::defaultValue(const Oid& instance) const {
     case Tag::ipAddress:
         return Value{tag, std::string(4, '\0')};
     case Tag::objectId:
-        return Value{tag, Oid({0, 0})};
-    case Tag::null:
+        return Value{tag, Oid{0, 0}};
+    default:
         break;
     }
     return std::nullopt;
 }
 
-Result<ObjectTable> ObjectTable::build(const CatalogueSchema& catalogue) {
+Result<ObjectTable> ObjectTable::build(const CatalogueSchema& catalogue, const IsModel& isModel) {
     ObjectTable table;
     for (const auto& [itemType, module] : catalogue) {
         for (const GroupSchema& group : module) {
             const std::string name = "module " + std::to_string(itemType) + ", group " + group.name;
-            if (const auto added = table.addGroup(module, group, name); !added) {
+            if (const auto added = table.addGroup(module, group, name, isModel); !added) {
                 return Error{added.error()};
             }
             auto& columns = table.columns_[{itemType, group.name}];
             for (const ObjectSchema& schema : group.objects) {
-                if (const auto column = Oid::parse(schema.object.oidstr)) {
+                if (const auto column = Oid::parseWhole(schema.object.oidstr)) {
                     columns.emplace(schema.object.name, *column);
                 }
             }
@@ -117,9 +115,9 @@ Result<ObjectTable> ObjectTable::build(const CatalogueSchema& catalogue) {
 }
 
 Result<void> ObjectTable::addGroup(const ModuleSchema& module, const GroupSchema& group,
-                                   const std::string& name) {
+                                   const std::string& name, const IsModel& isModel) {
     onePerOnu_.push_back(group.read == ReadMode::scalar);
-    if (!group.model.empty() && findModel(group.model) == nullptr) {
+    if (!group.model.empty() && !isModel(group.model)) {
         return Error{name + ": no model " + group.model};
     }
     for (const ObjectSchema& schema : group.objects) {
@@ -136,7 +134,7 @@ Result<void> ObjectTable::addGroup(const ModuleSchema& module, const GroupSchema
                         .member = memberColumn(group, schema.member),
                         .slots = group.slots,
                         .model = group.model};
-        const auto column = Oid::parse(schema.object.oidstr);
+        const auto column = Oid::parseWhole(schema.object.oidstr);
         if (!column) {
             return Error{rule.name + ": bad OID \"" + schema.object.oidstr + "\""};
         }
@@ -207,4 +205,4 @@ std::vector<const ObjectRule*> ObjectTable::rowlessObjects(std::size_t group) co
                   [&](const ObjectRule& rule) { return rule.group == group && !rule.rowStatus; });
 }
 
-} // namespace onudesk::sim
+} // namespace onudesk

@@ -1,78 +1,73 @@
 // SPDX-License-Identifier: MIT
-#include "sim/set_transaction.h"
+#include "snmp/rules/set_transaction.h"
 
-#include "sim/membership.h"
+#include "base/numbers.h"
+#include "snmp/rules/membership.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <utility>
 
-namespace onudesk::sim {
+namespace onudesk {
 
 namespace {
 
-Value rowValue(RowStatus status) {
-    return integerValue(static_cast<std::int64_t>(status));
-}
-
-bool creates(const Value& value) {
-    return value == rowValue(RowStatus::createAndGo) || value == rowValue(RowStatus::createAndWait);
+bool isCreation(RowStatus status) {
+    return status == RowStatus::createAndGo || status == RowStatus::createAndWait;
 }
 
 // Numbers joined by ",", as many and as large as the object takes.
 bool isNumberList(std::string_view text, const ObjectSchema& schema) {
     std::int64_t count = 0;
     for (bool more = true; more; ++count) {
-        std::int64_t number = 0;
-        const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-        if (error != std::errc() || (schema.range && !schema.range->contains(number))) {
+        const auto comma = std::min(text.find(','), text.size());
+        const auto number = parseNumber<std::int64_t>(text.substr(0, comma));
+        if (!number || (schema.range && !schema.range->contains(*number))) {
             return false;
         }
-        text.remove_prefix(static_cast<std::size_t>(end - text.data()));
-        more = text.starts_with(',');
-        text.remove_prefix(more ? 1 : 0);
+        more = comma < text.size();
+        text.remove_prefix(more ? comma + 1 : comma);
     }
-    return text.empty() && schema.numbers->contains(count);
+    return schema.numbers->contains(count);
 }
 
 // An address of zeros is what a device shows where none was given.
 bool isBlank(const Value& value) {
-    const auto* bytes = std::get_if<std::string>(&value.content);
+    const std::string* bytes = bytesOf(value);
     return bytes != nullptr && bytes->find_first_not_of('\0') == std::string::npos;
 }
 
 } // namespace
 
 const Value* SetTransaction::find(const Oid& oid) const {
-    return lookUp(store_.values(), changes_.values, oid);
+    return lookUp(state_.values(), changes_.values, oid);
 }
 
 bool SetTransaction::holdsRow(const Oid& oid, RowStatus status) const {
     const Value* value = find(oid);
-    return value != nullptr && *value == rowValue(status);
+    return value != nullptr && *value == rowStatusValue(status);
 }
 
-std::optional<SetStatus> SetTransaction::add(std::size_t index) {
-    const Binding& binding = bindings_[index];
-    const ObjectRule* rule = store_.objects().find(binding.oid);
+SetResult SetTransaction::add(std::size_t index) {
+    const VarBind& binding = bindings_[index];
+    const ObjectRule* rule = state_.objects().find(binding.oid);
     if (rule == nullptr || rule->schema.access == ObjectAccess::readOnly) {
         return SetStatus::notWritable;
     }
-    if (const auto failure = checkValue(*rule, binding)) {
-        return failure;
+    if (SetResult checked = checkValue(*rule, binding); !checked) {
+        return checked;
     }
     if (!rule->model.empty()) {
         writeTo(*rule, index);
-        return std::nullopt;
+        return {};
     }
     if (rule->isRowStatus()) {
         return setRowStatus(*rule, binding);
     }
     if (rule->schema.access == ObjectAccess::writeOnly) {
-        return std::nullopt;
+        return {};
     }
     if (rule->stagedBy) {
         return staging_.hold(*rule, binding);
@@ -81,12 +76,11 @@ std::optional<SetStatus> SetTransaction::add(std::size_t index) {
         return SetStatus::noCreation;
     }
     changes_.values[binding.oid] = binding.value;
-    return std::nullopt;
+    return {};
 }
 
 // In the order of RFC 3416, section 4.2.5.
-std::optional<SetStatus> SetTransaction::checkValue(const ObjectRule& rule,
-                                                    const Binding& binding) const {
+SetResult SetTransaction::checkValue(const ObjectRule& rule, const VarBind& binding) const {
     const ObjectSchema& schema = rule.schema;
     const Value* held = find(binding.oid);
     const auto stated = static_cast<Tag>(schema.object.type);
@@ -96,7 +90,7 @@ std::optional<SetStatus> SetTransaction::checkValue(const ObjectRule& rule,
     if (binding.value.tag != wanted) {
         return SetStatus::wrongType;
     }
-    if (const auto* bytes = std::get_if<std::string>(&binding.value.content)) {
+    if (const std::string* bytes = bytesOf(binding.value)) {
         const bool addressFits = wanted != Tag::ipAddress || bytes->size() == 4;
         const auto length = static_cast<std::int64_t>(bytes->size());
         if (!addressFits || (schema.size && !schema.size->contains(length))) {
@@ -110,23 +104,22 @@ std::optional<SetStatus> SetTransaction::checkValue(const ObjectRule& rule,
     if (number && schema.range && !schema.range->contains(*number)) {
         return SetStatus::wrongValue;
     }
-    if (number && schema.index && *number != rule.instanceOf(binding.oid).parts().back()) {
+    if (number && schema.index && *number != rule.instanceOf(binding.oid).last()) {
         return SetStatus::wrongValue;
     }
-    return std::nullopt;
+    return {};
 }
 
-std::optional<SetStatus> SetTransaction::setRowStatus(const ObjectRule& rule,
-                                                      const Binding& binding) {
+SetResult SetTransaction::setRowStatus(const ObjectRule& rule, const VarBind& binding) {
     const Oid instance = rule.instanceOf(binding.oid);
-    const auto wanted = static_cast<RowStatus>(numberOf(binding.value).value_or(0));
-    const bool create = wanted == RowStatus::createAndGo || wanted == RowStatus::createAndWait;
+    const RowStatus wanted = rowStatusOf(binding.value);
+    const bool create = isCreation(wanted);
     if (staging_.governs(rule)) {
         return setStagedStatus(rule, instance, wanted);
     }
     if (wanted == RowStatus::destroy) {
         destroyRow(rule, instance);
-        return std::nullopt;
+        return {};
     }
     if (!create && wanted != RowStatus::active && wanted != RowStatus::notInService) {
         return SetStatus::wrongValue;
@@ -139,20 +132,20 @@ std::optional<SetStatus> SetTransaction::setRowStatus(const ObjectRule& rule,
             return SetStatus::noCreation;
         }
         created_.insert(binding.oid);
-        changes_.values[binding.oid] = rowValue(RowStatus::notInService);
+        changes_.values[binding.oid] = rowStatusValue(RowStatus::notInService);
     }
     if (wanted == RowStatus::createAndGo || wanted == RowStatus::active) {
         activations_.push_back(binding.oid);
-        changes_.values[binding.oid] = rowValue(RowStatus::active);
+        changes_.values[binding.oid] = rowStatusValue(RowStatus::active);
     } else if (wanted == RowStatus::notInService) {
-        changes_.values[binding.oid] = rowValue(RowStatus::notInService);
+        changes_.values[binding.oid] = rowStatusValue(RowStatus::notInService);
     }
-    return std::nullopt;
+    return {};
 }
 
 // The rows of staged groups are there for good; only what they hold changes.
-std::optional<SetStatus> SetTransaction::setStagedStatus(const ObjectRule& rule,
-                                                         const Oid& instance, RowStatus wanted) {
+SetResult SetTransaction::setStagedStatus(const ObjectRule& rule, const Oid& instance,
+                                          RowStatus wanted) {
     switch (wanted) {
     case RowStatus::createAndGo:
         return staging_.commit(rule, instance);
@@ -164,7 +157,7 @@ std::optional<SetStatus> SetTransaction::setStagedStatus(const ObjectRule& rule,
 }
 
 void SetTransaction::destroyRow(const ObjectRule& rule, const Oid& instance) {
-    for (const ObjectRule* member : store_.objects().rowObjects(rule.column)) {
+    for (const ObjectRule* member : state_.objects().rowObjects(rule.column)) {
         changes_.values[member->column.joined(instance)] = std::nullopt;
     }
 }
@@ -173,16 +166,18 @@ void SetTransaction::destroyRow(const ObjectRule& rule, const Oid& instance) {
 bool SetTransaction::mayBeRow(const ObjectRule& rule, const Oid& instance) const {
     const auto isNumber = [&](const ObjectRule* member) {
         const ObjectSchema& schema = member->schema;
-        return !schema.index || !schema.range || schema.range->contains(instance.parts().back());
+        return !schema.index || !schema.range || schema.range->contains(instance.last());
     };
-    return (!store_.objects().isOnePerOnu(rule.group) || groupHolds(rule, instance)) &&
-           std::ranges::all_of(store_.objects().rowObjects(rule.column), isNumber);
+    return (!state_.objects().isOnePerOnu(rule.group) || groupHolds(rule, instance)) &&
+           std::ranges::all_of(state_.objects().rowObjects(rule.column), isNumber);
 }
 
 bool SetTransaction::createsLater(const Oid& rowStatus, std::size_t index) const {
-    return std::any_of(
-        bindings_.begin() + static_cast<std::ptrdiff_t>(index), bindings_.end(),
-        [&](const Binding& binding) { return binding.oid == rowStatus && creates(binding.value); });
+    return std::any_of(bindings_.begin() + static_cast<std::ptrdiff_t>(index), bindings_.end(),
+                       [&](const VarBind& binding) {
+                           return binding.oid == rowStatus &&
+                                  isCreation(rowStatusOf(binding.value));
+                       });
 }
 
 bool SetTransaction::mayCreate(const ObjectRule& rule, const Oid& instance,
@@ -202,39 +197,30 @@ bool SetTransaction::mayCreate(const ObjectRule& rule, const Oid& instance,
 // True when the group has the instance whether or not the row exists.
 bool SetTransaction::groupHolds(const ObjectRule& rule, const Oid& instance) const {
     return std::ranges::any_of(
-        store_.objects().rowlessObjects(rule.group),
+        state_.objects().rowlessObjects(rule.group),
         [&](const ObjectRule* other) { return exists(other->column.joined(instance)); });
 }
 
 void SetTransaction::writeTo(const ObjectRule& rule, std::size_t index) {
     const Oid instance = rule.instanceOf(bindings_[index].oid);
-    auto known = std::ranges::find_if(modelWrites_, [&](const ModelWrite& other) {
+    auto known = std::ranges::find_if(groupWrites_, [&](const Started& other) {
         return other.group == rule.group && other.write.instance() == instance;
     });
-    if (known == modelWrites_.end()) {
-        known = modelWrites_.insert(
-            known, {rule.group, findModel(rule.model), index, GroupWrite(instance)});
+    if (known == groupWrites_.end()) {
+        known = groupWrites_.insert(known, {rule.group, index, GroupWrite(rule.model, instance)});
     }
     known->write.take(rule.schema.object.name, bindings_[index].value);
 }
 
-std::optional<SetFailure> SetTransaction::runModels() {
-    Device device(store_, changes_.values);
-    for (const ModelWrite& write : modelWrites_) {
-        if (const auto status = write.model(write.write, device)) {
-            return SetFailure{*status, write.firstIndex};
+Result<Changes, SetFailure> SetTransaction::finish(const GroupModels& models) {
+    for (const Started& started : groupWrites_) {
+        if (const SetResult result = models(started.write, changes_.values); !result) {
+            return SetFailure{result.failure(), started.firstIndex};
         }
-    }
-    return std::nullopt;
-}
-
-std::variant<Changes, SetFailure> SetTransaction::finish() {
-    if (const auto failure = runModels()) {
-        return *failure;
     }
     for (const Oid& status : created_) {
         if (exists(status)) {
-            const ObjectRule& rule = *store_.objects().find(status);
+            const ObjectRule& rule = *state_.objects().find(status);
             fillRow(rule, rule.instanceOf(status));
         }
     }
@@ -242,24 +228,24 @@ std::variant<Changes, SetFailure> SetTransaction::finish() {
     std::erase_if(activations_,
                   [this](const Oid& status) { return !holdsRow(status, RowStatus::active); });
     for (const Oid& status : activations_) {
-        changes_.values[status] = rowValue(RowStatus::notReady);
+        changes_.values[status] = rowStatusValue(RowStatus::notReady);
     }
     for (const Oid& status : activations_) {
-        const ObjectRule& rule = *store_.objects().find(status);
+        const ObjectRule& rule = *state_.objects().find(status);
         if (mayBeActive(rule, rule.instanceOf(status))) {
-            changes_.values[status] = rowValue(RowStatus::active);
+            changes_.values[status] = rowStatusValue(RowStatus::active);
         }
     }
-    settleMemberships(store_, changes_);
+    settleMemberships(state_, changes_);
     std::erase_if(changes_.values, [this](const Delta::value_type& change) {
-        return store_.objects().find(change.first)->schema.access == ObjectAccess::writeOnly;
+        return state_.objects().find(change.first)->schema.access == ObjectAccess::writeOnly;
     });
     return std::move(changes_);
 }
 
 // A unique object has no default: two rows must not get the same.
 void SetTransaction::fillRow(const ObjectRule& rule, const Oid& instance) {
-    for (const ObjectRule* member : store_.objects().rowObjects(rule.column)) {
+    for (const ObjectRule* member : state_.objects().rowObjects(rule.column)) {
         const ObjectSchema& schema = member->schema;
         const Oid oid = member->column.joined(instance);
         if (exists(oid) || schema.unique != Uniqueness::none ||
@@ -273,7 +259,7 @@ void SetTransaction::fillRow(const ObjectRule& rule, const Oid& instance) {
 }
 
 bool SetTransaction::mayBeActive(const ObjectRule& rule, const Oid& instance) const {
-    for (const ObjectRule* member : store_.objects().rowObjects(rule.column)) {
+    for (const ObjectRule* member : state_.objects().rowObjects(rule.column)) {
         if (member->schema.unique == Uniqueness::none) {
             continue;
         }
@@ -293,9 +279,9 @@ bool SetTransaction::mayBeActive(const ObjectRule& rule, const Oid& instance) co
 
 std::set<Oid> SetTransaction::activeRows(const Oid& rowStatus) const {
     std::set<Oid> rows;
-    for (const auto* entry = store_.next(rowStatus, false);
+    for (const auto* entry = state_.next(rowStatus, false);
          entry != nullptr && entry->first.startsWith(rowStatus);
-         entry = store_.next(entry->first, false)) {
+         entry = state_.next(entry->first, false)) {
         rows.insert(entry->first);
     }
     for (const auto& [oid, value] : changes_.values) {
@@ -307,4 +293,15 @@ std::set<Oid> SetTransaction::activeRows(const Oid& rowStatus) const {
     return rows;
 }
 
-} // namespace onudesk::sim
+Result<Changes, SetFailure> prepareSet(const AgentState& state, const VarBinds& bindings,
+                                       const GroupModels& models) {
+    SetTransaction transaction(state, bindings);
+    for (std::size_t index = 0; index < bindings.size(); ++index) {
+        if (const SetResult added = transaction.add(index); !added) {
+            return SetFailure{added.failure(), index};
+        }
+    }
+    return transaction.finish(models);
+}
+
+} // namespace onudesk

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "sim/store.h"
+#include "snmp/rules/agent_state.h"
+#include "snmp/rules/set_status.h"
 
 #include <optional>
 #include <vector>
 
-namespace onudesk::sim {
+namespace onudesk {
 
 // The slots of one row status: rows that are always there, filled or empty. The last number of an
 // instance is the slot's, the one before it that of the row it belongs to. A slot is empty while
@@ -14,7 +15,7 @@ namespace onudesk::sim {
 class Slots {
 public:
     // Both must outlive this object, which adds to the changes.
-    Slots(const Store& store, Changes& changes, const Oid& rowStatus);
+    Slots(const AgentState& state, Changes& changes, const Oid& rowStatus);
 
     // False when the row status governs no slots.
     explicit operator bool() const { return key_ != nullptr; }
@@ -22,10 +23,10 @@ public:
     // Gives the slot what was written to it and defaults for the rest; with a value that spreads,
     // the same to the slots of that number in all rows. Fails when there is no such slot, when
     // nothing tells it apart and when another filled slot of its row is the same.
-    [[nodiscard]] std::optional<SetStatus> fill(const Oid& slot);
+    [[nodiscard]] SetResult fill(const Oid& slot);
     // Empties the slot of the row that is told apart by the value written, whatever slot that was
     // written to. Fails when there is none.
-    [[nodiscard]] std::optional<SetStatus> empty(const Oid& written);
+    [[nodiscard]] SetResult empty(const Oid& written);
 
 private:
     [[nodiscard]] const Value* written(const ObjectRule& rule, const Oid& slot) const;
@@ -35,11 +36,11 @@ private:
     [[nodiscard]] bool isFilled(const Oid& slot) const;
     [[nodiscard]] bool areSame(const Oid& one, const Oid& other) const;
 
-    const Store& store_;
+    const AgentState& state_;
     Changes& changes_;
     std::vector<const ObjectRule*> objects_;  // those that can be written
     std::vector<const ObjectRule*> together_; // of them, those whose values must differ together
     const ObjectRule* key_ = nullptr;         // the one of them that tells slots apart
 };
 
-} // namespace onudesk::sim
+} // namespace onudesk

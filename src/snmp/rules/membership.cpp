@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include "sim/membership.h"
+#include "snmp/rules/membership.h"
 
 #include <algorithm>
 #include <set>
 
-namespace onudesk::sim {
+namespace onudesk {
 
 namespace {
 
 class Settlement {
 public:
-    Settlement(const Store& store, Changes& changes)
-        : store_(store), changes_(changes), sides_(store.objects().sides()) {}
+    Settlement(const AgentState& state, Changes& changes)
+        : state_(state), changes_(changes), sides_(state.objects().sides()) {}
 
     void run() {
         for (const ObjectRule* side : sides_) {
@@ -39,7 +39,7 @@ private:
         return rows;
     }
     [[nodiscard]] bool holds(const Oid& oid, std::int64_t number) const {
-        const Value* value = lookUp(store_.values(), changes_.values, oid);
+        const Value* value = lookUp(state_.values(), changes_.values, oid);
         return value != nullptr && *value == integerValue(number);
     }
     void settle(const ObjectRule& side, const Oid& row) {
@@ -54,7 +54,7 @@ private:
         }
     }
     void restore(const Oid& oid) {
-        const Value* held = store_.find(oid);
+        const Value* held = state_.find(oid);
         changes_.values[oid] = held == nullptr ? integerValue(0) : *held;
     }
     [[nodiscard]] bool hasMembers(const Oid& rowStatus, const Oid& row) const {
@@ -63,20 +63,20 @@ private:
         });
     }
     void remove(const Oid& rowStatus, const Oid& row) {
-        for (const ObjectRule* object : store_.objects().rowObjects(rowStatus)) {
+        for (const ObjectRule* object : state_.objects().rowObjects(rowStatus)) {
             changes_.values[object->column.joined(row)] = std::nullopt;
         }
     }
 
-    const Store& store_;
+    const AgentState& state_;
     Changes& changes_;
     const std::vector<const ObjectRule*> sides_;
 };
 
 } // namespace
 
-void settleMemberships(const Store& store, Changes& changes) {
-    Settlement(store, changes).run();
+void settleMemberships(const AgentState& state, Changes& changes) {
+    Settlement(state, changes).run();
 }
 
-} // namespace onudesk::sim
+} // namespace onudesk

@@ -4,8 +4,8 @@
 #pragma once
 
 #include "base/result.h"
-#include "sim/value.h"
 #include "snmp/object_schema.h"
+#include "snmp/value.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -17,7 +17,7 @@
 #include <utility>
 #include <vector>
 
-namespace onudesk::sim {
+namespace onudesk {
 
 struct ObjectRule {
     std::string name; // "module 606, group maintable, object onuName"
@@ -40,11 +40,14 @@ struct ObjectRule {
 
 class ObjectTable {
 public:
+    using IsModel = std::function<bool(std::string_view name)>;
+
     // Objects without an OID are left out. Fails, naming the object, on an OID that is none, on a
     // `model` that there is not, on a `row` or `staged` that no object of the module has for its
     // name, on a `member` that none of the group has, and when one OID stands twice with different
     // attributes.
-    [[nodiscard]] static Result<ObjectTable> build(const CatalogueSchema& catalogue);
+    [[nodiscard]] static Result<ObjectTable> build(const CatalogueSchema& catalogue,
+                                                   const IsModel& isModel);
 
     // The columns of the group's objects, by their names.
     [[nodiscard]] std::map<std::string, Oid, std::less<>> columns(std::int32_t module,
@@ -65,7 +68,7 @@ public:
 private:
     [[nodiscard]] Result<void> add(ObjectRule rule);
     [[nodiscard]] Result<void> addGroup(const ModuleSchema& module, const GroupSchema& group,
-                                        const std::string& name);
+                                        const std::string& name, const IsModel& isModel);
 
     std::map<Oid, ObjectRule> objects_; // by column
     std::map<std::pair<std::int32_t, std::string>, std::map<std::string, Oid, std::less<>>>
@@ -73,4 +76,4 @@ private:
     std::vector<bool> onePerOnu_; // by group
 };
 
-} // namespace onudesk::sim
+} // namespace onudesk

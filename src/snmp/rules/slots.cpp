@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "sim/slots.h"
+#include "snmp/rules/slots.h"
 
 #include <algorithm>
 
-namespace onudesk::sim {
+namespace onudesk {
 
-Slots::Slots(const Store& store, Changes& changes, const Oid& rowStatus)
-    : store_(store), changes_(changes) {
-    for (const ObjectRule* rule : store.objects().stagedObjects(rowStatus)) {
+Slots::Slots(const AgentState& state, Changes& changes, const Oid& rowStatus)
+    : state_(state), changes_(changes) {
+    for (const ObjectRule* rule : state.objects().stagedObjects(rowStatus)) {
         if (rule->slots && rule->schema.access != ObjectAccess::readOnly) {
             objects_.push_back(rule);
             if (rule->schema.unique == Uniqueness::alone) {
@@ -20,15 +20,15 @@ Slots::Slots(const Store& store, Changes& changes, const Oid& rowStatus)
 }
 
 const Value* Slots::written(const ObjectRule& rule, const Oid& slot) const {
-    return lookUp(store_.staged(), changes_.staged, rule.column.joined(slot));
+    return lookUp(state_.staged(), changes_.staged, rule.column.joined(slot));
 }
 
 const Value* Slots::held(const ObjectRule& rule, const Oid& slot) const {
-    return lookUp(store_.values(), changes_.values, rule.column.joined(slot));
+    return lookUp(state_.values(), changes_.values, rule.column.joined(slot));
 }
 
 std::vector<Oid> Slots::slotsBelow(const Oid& instance) const {
-    const Values keys = below(store_.values(), changes_.values, key_->column.joined(instance));
+    const Values keys = below(state_.values(), changes_.values, key_->column.joined(instance));
     std::vector<Oid> slots;
     slots.reserve(keys.size());
     for (const auto& [oid, value] : keys) {
@@ -47,8 +47,7 @@ std::vector<Oid> Slots::targets(const Oid& slot) const {
         return {slot};
     }
     std::vector<Oid> slots = slotsBelow(slot.head(slot.size() - 2));
-    std::erase_if(slots,
-                  [&](const Oid& each) { return each.parts().back() != slot.parts().back(); });
+    std::erase_if(slots, [&](const Oid& each) { return each.last() != slot.last(); });
     return slots;
 }
 
@@ -65,7 +64,7 @@ bool Slots::areSame(const Oid& one, const Oid& other) const {
     return same(key_) || (!together_.empty() && std::ranges::all_of(together_, same));
 }
 
-std::optional<SetStatus> Slots::fill(const Oid& slot) {
+SetResult Slots::fill(const Oid& slot) {
     if (slot.size() < 2 || held(*key_, slot) == nullptr) {
         return SetStatus::noCreation;
     }
@@ -83,20 +82,20 @@ std::optional<SetStatus> Slots::fill(const Oid& slot) {
             return SetStatus::inconsistentValue;
         }
     }
-    return std::nullopt;
+    return {};
 }
 
-std::optional<SetStatus> Slots::empty(const Oid& written) {
+SetResult Slots::empty(const Oid& written) {
     const Value* wanted = this->written(*key_, written);
     for (const Oid& slot : slotsBelow(written.head(written.size() - 1))) {
         if (wanted != nullptr && isFilled(slot) && *held(*key_, slot) == *wanted) {
             for (const ObjectRule* rule : objects_) {
                 changes_.values[rule->column.joined(slot)] = rule->defaultValue(slot);
             }
-            return std::nullopt;
+            return {};
         }
     }
     return SetStatus::inconsistentValue;
 }
 
-} // namespace onudesk::sim
+} // namespace onudesk

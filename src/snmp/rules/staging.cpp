@@ -1,38 +1,38 @@
 // SPDX-License-Identifier: MIT
-#include "sim/staging.h"
+#include "snmp/rules/staging.h"
 
-#include "sim/slots.h"
+#include "snmp/rules/slots.h"
 
 #include <algorithm>
 
-namespace onudesk::sim {
+namespace onudesk {
 
 namespace {
 
 Oid entryOf(const Oid& row, std::int64_t number) {
-    return row.joined(Oid({static_cast<Oid::Part>(number)}));
+    return row.joined(Oid{static_cast<Oid::Arc>(number)});
 }
 
 } // namespace
 
 bool Staging::exists(const Oid& oid) const {
-    return lookUp(store_.values(), changes_.values, oid) != nullptr;
+    return lookUp(state_.values(), changes_.values, oid) != nullptr;
 }
 
 bool Staging::governs(const ObjectRule& status) const {
-    return !store_.objects().stagedObjects(status.column).empty();
+    return !state_.objects().stagedObjects(status.column).empty();
 }
 
 Values Staging::held(const Oid& rowStatus, const Oid& row) const {
     Values all;
-    for (const ObjectRule* rule : store_.objects().stagedObjects(rowStatus)) {
-        all.merge(below(store_.staged(), changes_.staged, rule->column.joined(row)));
+    for (const ObjectRule* rule : state_.objects().stagedObjects(rowStatus)) {
+        all.merge(below(state_.staged(), changes_.staged, rule->column.joined(row)));
     }
     return all;
 }
 
 Staging::Rules Staging::entryObjects(const Oid& rowStatus) const {
-    Rules rules = store_.objects().stagedObjects(rowStatus);
+    Rules rules = state_.objects().stagedObjects(rowStatus);
     std::erase_if(rules, [](const ObjectRule* rule) { return !rule->entries; });
     return rules;
 }
@@ -40,7 +40,7 @@ Staging::Rules Staging::entryObjects(const Oid& rowStatus) const {
 // The instance of the entry that values wait for.
 std::optional<Oid> Staging::heldEntry(const Oid& rowStatus, const Oid& row) const {
     for (const auto& [oid, value] : held(rowStatus, row)) {
-        const ObjectRule& rule = *store_.objects().find(oid);
+        const ObjectRule& rule = *state_.objects().find(oid);
         if (rule.entries) {
             return rule.instanceOf(oid);
         }
@@ -69,12 +69,11 @@ void Staging::drop(const Oid& rowStatus, const Oid& row) {
     }
 }
 
-std::optional<SetStatus> Staging::hold(const ObjectRule& rule, const Binding& binding) {
+SetResult Staging::hold(const ObjectRule& rule, const VarBind& binding) {
     const Oid instance = rule.instanceOf(binding.oid);
     const std::size_t rowSize = instance.size() - (rule.entries ? 1 : 0);
     const Oid row = instance.head(rowSize);
-    const bool fits =
-        rule.entries ? rule.entries->contains(instance.parts().back()) : exists(binding.oid);
+    const bool fits = rule.entries ? rule.entries->contains(instance.last()) : exists(binding.oid);
     if (!fits || !(rule.slots || exists(rule.stagedBy->joined(row)))) {
         return SetStatus::noCreation;
     }
@@ -85,42 +84,42 @@ std::optional<SetStatus> Staging::hold(const ObjectRule& rule, const Binding& bi
         return SetStatus::inconsistentValue;
     }
     changes_.staged[binding.oid] = binding.value;
-    return std::nullopt;
+    return {};
 }
 
-std::optional<SetStatus> Staging::commit(const ObjectRule& status, const Oid& row) {
-    if (Slots slots(store_, changes_, status.column); slots) {
-        const auto failure = slots.fill(row);
+SetResult Staging::commit(const ObjectRule& status, const Oid& row) {
+    if (Slots slots(state_, changes_, status.column); slots) {
+        const SetResult filled = slots.fill(row);
         drop(status.column, row);
-        return failure;
+        return filled;
     }
     const Oid statusOid = status.column.joined(row);
     if (!exists(statusOid)) {
         return SetStatus::noCreation;
     }
     if (const auto written = heldEntry(status.column, row)) {
-        if (const auto failure = addEntry(entryObjects(status.column), row, *written)) {
-            return failure;
+        if (SetResult added = addEntry(entryObjects(status.column), row, *written); !added) {
+            return added;
         }
     }
     for (const auto& [oid, value] : held(status.column, row)) {
-        if (!store_.objects().find(oid)->entries) {
+        if (!state_.objects().find(oid)->entries) {
             changes_.values[oid] = value;
         }
     }
     drop(status.column, row);
-    changes_.values[statusOid] = integerValue(static_cast<std::int64_t>(RowStatus::active));
-    return std::nullopt;
+    changes_.values[statusOid] = rowStatusValue(RowStatus::active);
+    return {};
 }
 
-std::optional<SetStatus> Staging::addEntry(const Rules& rules, const Oid& row, const Oid& written) {
+SetResult Staging::addEntry(const Rules& rules, const Oid& row, const Oid& written) {
     const auto entry = freeEntry(rules, row);
     if (!entry) {
         return SetStatus::inconsistentValue;
     }
     for (const ObjectRule* rule : rules) {
-        const Value* own = lookUp(store_.staged(), changes_.staged, rule->column.joined(written));
-        const Values others = below(store_.values(), changes_.values, rule->column.joined(row));
+        const Value* own = lookUp(state_.staged(), changes_.staged, rule->column.joined(written));
+        const Values others = below(state_.values(), changes_.values, rule->column.joined(row));
         const auto isOwn = [&](const Values::value_type& other) { return other.second == *own; };
         if (rule->schema.unique != Uniqueness::none &&
             (own == nullptr || std::ranges::any_of(others, isOwn))) {
@@ -131,14 +130,14 @@ std::optional<SetStatus> Staging::addEntry(const Rules& rules, const Oid& row, c
             changes_.values[rule->column.joined(*entry)] = value;
         }
     }
-    return std::nullopt;
+    return {};
 }
 
-std::optional<SetStatus> Staging::removeEntry(const ObjectRule& status, const Oid& row) {
-    if (Slots slots(store_, changes_, status.column); slots) {
-        const auto failure = slots.empty(row);
+SetResult Staging::removeEntry(const ObjectRule& status, const Oid& row) {
+    if (Slots slots(state_, changes_, status.column); slots) {
+        const SetResult emptied = slots.empty(row);
         drop(status.column, row);
-        return failure;
+        return emptied;
     }
     const Rules rules = entryObjects(status.column);
     const auto entry = heldEntry(status.column, row);
@@ -149,7 +148,7 @@ std::optional<SetStatus> Staging::removeEntry(const ObjectRule& status, const Oi
         changes_.values[rule->column.joined(*entry)] = std::nullopt;
     }
     drop(status.column, row);
-    return std::nullopt;
+    return {};
 }
 
-} // namespace onudesk::sim
+} // namespace onudesk
