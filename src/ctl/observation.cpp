@@ -6,8 +6,6 @@
 #include <ostream>
 #include <utility>
 
-#include <QJsonDocument>
-
 namespace onudesk::ctl {
 
 Observation::Observation(std::ostream* trace, host::SecretMask mask)
@@ -23,27 +21,25 @@ void Observation::onRequest(const host::RequestRecord& request) {
     if (trace_ == nullptr && !isWrite) {
         return;
     }
-    const QString line = mask_.apply(host::traceLine(request));
+    const QJsonObject shown = mask_.apply(host::traceObject(request));
     const std::scoped_lock lock(mutex_);
-    trace(line);
+    trace(shown);
     if (isWrite) {
-        writes_.push_back(QJsonDocument::fromJson(line.toUtf8()).object());
+        writes_.push_back(shown);
     }
 }
 
 void Observation::onReply(const host::ReplyRecord& reply) {
     const std::scoped_lock lock(mutex_);
-    if (trace_ != nullptr) {
-        trace(mask_.apply(host::traceLine(reply)));
-    }
+    trace(mask_.apply(host::traceObject(reply)));
     if (!reply.error.text.empty()) {
         errors_.push_back({reply.kind, reply.error});
     }
 }
 
-void Observation::trace(const QString& line) {
+void Observation::trace(const QJsonObject& shown) {
     if (trace_ != nullptr) {
-        *trace_ << line.toStdString() << '\n' << std::flush;
+        *trace_ << host::traceLine(shown).toStdString() << '\n' << std::flush;
     }
 }
 

@@ -44,7 +44,7 @@ public:
 private:
     void onRequest(const host::RequestRecord& request);
     void onReply(const host::ReplyRecord& reply);
-    void trace(const QString& line);
+    void trace(const QJsonObject& shown);
 
     mutable std::mutex mutex_;
     std::ostream* trace_;

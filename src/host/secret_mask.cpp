@@ -6,8 +6,6 @@
 #include <algorithm>
 
 #include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 
 namespace onudesk::host {
 
@@ -58,33 +56,32 @@ QString SecretMask::applyToText(const QString& text) const {
     return masked;
 }
 
-QString SecretMask::apply(const std::string& traceLine) const {
-    QJsonObject line = QJsonDocument::fromJson(QByteArray::fromStdString(traceLine)).object();
-    if (line.contains(kError)) {
-        QJsonObject error = line.value(kError).toObject();
+QJsonObject SecretMask::apply(QJsonObject trace) const {
+    if (trace.contains(kError)) {
+        QJsonObject error = trace.value(kError).toObject();
         error.insert(kText, applyToText(error.value(kText).toString()));
-        line.insert(kError, error);
+        trace.insert(kError, error);
     }
-    if (line.contains(kValues)) {
-        const QJsonArray oids = line.value(kOids).toArray();
-        QJsonArray values = line.value(kValues).toArray();
+    if (trace.contains(kValues)) {
+        const QJsonArray oids = trace.value(kOids).toArray();
+        QJsonArray values = trace.value(kValues).toArray();
         for (qsizetype position = 0; position < values.size(); ++position) {
             values[position] = masked(values[position], oids[position].toString());
         }
-        line.insert(kValues, values);
+        trace.insert(kValues, values);
     }
-    if (line.contains(kBindings)) {
+    if (trace.contains(kBindings)) {
         QJsonArray bindings;
-        for (const QJsonValue binding : line.value(kBindings).toArray()) {
+        for (const QJsonValue binding : trace.value(kBindings).toArray()) {
             QJsonObject object = binding.toObject();
             for (const QString& key : kValueKeys) {
                 object.insert(key, masked(object.value(key), object.value(kOid).toString()));
             }
             bindings.append(object);
         }
-        line.insert(kBindings, bindings);
+        trace.insert(kBindings, bindings);
     }
-    return QString::fromUtf8(QJsonDocument(line).toJson(QJsonDocument::Compact));
+    return trace;
 }
 
 } // namespace onudesk::host

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include <QJsonObject>
 #include <QJsonValue>
 #include <QString>
 #include <QStringList>
@@ -23,10 +24,10 @@ public:
     explicit SecretMask(const std::vector<std::string>& secrets,
                         const std::vector<std::string>& objects = {});
 
-    // A line of traceLine() in which every value that equals a secret, as text or in hexadecimal
+    // What traceObject() made, in which every value that equals a secret, as text or in hexadecimal
     // digits, and every value of a secret object is replaced by "•••"; in error texts every place
     // where a secret stands.
-    [[nodiscard]] QString apply(const std::string& traceLine) const;
+    [[nodiscard]] QJsonObject apply(QJsonObject trace) const;
     // The text with "•••" wherever a secret stands.
     [[nodiscard]] QString applyToText(const QString& text) const;
 

@@ -6,7 +6,6 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QJsonObject>
 
 namespace onudesk::host {
 
@@ -36,36 +35,36 @@ QJsonObject bindingObject(const Binding& binding) {
             {QStringLiteral("hex"), text(hexDigits(binding.value))}};
 }
 
-std::string line(const QJsonObject& object) {
-    return QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString();
-}
-
 } // namespace
 
-std::string traceLine(const RequestRecord& request) {
+QJsonObject traceObject(const RequestRecord& request) {
     QJsonArray bindings;
     for (const Binding& binding : request.bindings) {
         bindings.append(bindingObject(binding));
     }
-    return line({{QStringLiteral("dir"), QStringLiteral("request")},
-                 {QStringLiteral("kind"), kindName(request.kind)},
-                 {QStringLiteral("item"), request.itemType},
-                 {QStringLiteral("suffix"), text(request.suffix)},
-                 {QStringLiteral("bindings"), bindings}});
+    return {{QStringLiteral("dir"), QStringLiteral("request")},
+            {QStringLiteral("kind"), kindName(request.kind)},
+            {QStringLiteral("item"), request.itemType},
+            {QStringLiteral("suffix"), text(request.suffix)},
+            {QStringLiteral("bindings"), bindings}};
 }
 
-std::string traceLine(const ReplyRecord& reply) {
+QJsonObject traceObject(const ReplyRecord& reply) {
     const QJsonObject error = {{QStringLiteral("status"), reply.error.status},
                                {QStringLiteral("index"), reply.error.index},
                                {QStringLiteral("text"), text(reply.error.text)}};
-    return line({{QStringLiteral("dir"), QStringLiteral("reply")},
-                 {QStringLiteral("kind"), kindName(reply.kind)},
-                 {QStringLiteral("item"), reply.itemType},
-                 {QStringLiteral("result"), text(reply.resultText)},
-                 {QStringLiteral("status"), static_cast<qint64>(reply.status)},
-                 {QStringLiteral("error"), error},
-                 {QStringLiteral("oids"), texts(reply.oids)},
-                 {QStringLiteral("values"), texts(reply.values)}});
+    return {{QStringLiteral("dir"), QStringLiteral("reply")},
+            {QStringLiteral("kind"), kindName(reply.kind)},
+            {QStringLiteral("item"), reply.itemType},
+            {QStringLiteral("result"), text(reply.resultText)},
+            {QStringLiteral("status"), static_cast<qint64>(reply.status)},
+            {QStringLiteral("error"), error},
+            {QStringLiteral("oids"), texts(reply.oids)},
+            {QStringLiteral("values"), texts(reply.values)}};
+}
+
+QString traceLine(const QJsonObject& object) {
+    return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
 }
 
 } // namespace onudesk::host

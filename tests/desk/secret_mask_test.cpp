@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/secret_mask.h"
 
-#include "host/snmp_value.h"
+#include "base/hexadecimal.h"
 #include "host/trace.h"
 #include "sample_entries.h"
 
@@ -25,10 +25,9 @@ AccessProfile everySecret() {
 // The record's line, masked.
 template <typename Record>
 std::string masked(const Record& record, const AccessProfile& profile = everySecret()) {
-    return host::SecretMask(
-               host::secretsOf(profile.readCommunity, profile.writeCommunity, profile.v3))
-        .apply(host::traceLine(record))
-        .toStdString();
+    const host::SecretMask mask(
+        host::secretsOf(profile.readCommunity, profile.writeCommunity, profile.v3));
+    return host::traceLine(mask.apply(host::traceObject(record))).toStdString();
 }
 
 bool contains(const std::string& line, std::string_view text) {
@@ -62,12 +61,12 @@ TEST(SecretMask, HidesTheValuesOfSecretObjectsWhateverTheyAre) {
     const host::SecretMask mask({}, {"1.3.6.7"});
     host::ReplyRecord reply = replyWith({"open", "hidden", "behind", ""});
     reply.oids = {"1.3.6.70.1.2.5", "1.3.6.7.1.2.5", "1.3.6.8.1.2.5"}; // a value without an OID
-    EXPECT_TRUE(mask.apply(host::traceLine(reply))
+    EXPECT_TRUE(host::traceLine(mask.apply(host::traceObject(reply)))
                     .contains(QStringLiteral("[\"open\",\"•••\",\"behind\",\"\"]")));
     host::RequestRecord request;
     request.kind = host::RequestKind::write;
     request.bindings = {{.name = "a", .oid = "1.3.6.7.1.2.5", .type = 4, .value = "hidden"}};
-    const QString line = mask.apply(host::traceLine(request));
+    const QString line = host::traceLine(mask.apply(host::traceObject(request)));
     EXPECT_FALSE(line.contains(QStringLiteral("hidden"))) << line.toStdString();
     EXPECT_FALSE(line.contains(QString::fromStdString(hexDigits("hidden"))));
 }
@@ -77,7 +76,7 @@ TEST(SecretMask, TouchesNothingButValues) {
     host::ReplyRecord reply = replyWith({"1"});
     reply.resultText = "read";
     reply.oids = {"1.3.606"};
-    EXPECT_EQ(masked(reply), host::traceLine(reply));
+    EXPECT_EQ(masked(reply), host::traceLine(host::traceObject(reply)).toStdString());
 }
 
 TEST(SecretMask, HidesSecretsInsideErrorTexts) {

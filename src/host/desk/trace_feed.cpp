@@ -57,15 +57,16 @@ std::deque<TraceEntry> TraceFeed::take() {
 }
 
 host::EngineObserver traceObserver(TraceFeed& feed, const host::SecretMask& mask) {
-    return {.onRequest =
-                [&feed, mask](const host::RequestRecord& request) {
-                    feed.post({stamped(mask.apply(host::traceLine(request))), {}});
-                },
-            .onReply =
-                [&feed, mask](const host::ReplyRecord& reply) {
-                    feed.post({stamped(mask.apply(host::traceLine(reply))),
-                               mask.applyToText(outcome(reply))});
-                }};
+    return {
+        .onRequest =
+            [&feed, mask](const host::RequestRecord& request) {
+                feed.post({stamped(host::traceLine(mask.apply(host::traceObject(request)))), {}});
+            },
+        .onReply =
+            [&feed, mask](const host::ReplyRecord& reply) {
+                feed.post({stamped(host::traceLine(mask.apply(host::traceObject(reply)))),
+                           mask.applyToText(outcome(reply))});
+            }};
 }
 
 } // namespace onudesk::desk
