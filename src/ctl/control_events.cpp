@@ -25,8 +25,8 @@ QString quoted(const QString& text) {
     return QLatin1Char('"') + text + QLatin1Char('"');
 }
 
-Problem problem(const QString& text) {
-    return text.toStdString();
+Error problem(const QString& text) {
+    return {text.toStdString()};
 }
 
 void mouse(QWidget& control, QEvent::Type type, QPoint position) {
@@ -90,15 +90,15 @@ QPoint cellOf(QTableWidget& table, int row) {
     return table.visualRect(cell).intersected(table.viewport()->rect()).center();
 }
 
-Problem missingRow(const QTableWidget* table, int row) {
+Result<void> hasRow(const QTableWidget* table, int row) {
     if (table == nullptr) {
-        return "is no table";
+        return Error{"is no table"};
     }
     if (row >= table->rowCount()) {
-        return "has " + std::to_string(table->rowCount()) + " rows, none numbered " +
-               std::to_string(row);
+        return Error{"has " + std::to_string(table->rowCount()) + " rows, none numbered " +
+                     std::to_string(row)};
     }
-    return std::nullopt;
+    return {};
 }
 
 void clickBesideRows(QTableWidget& table) {
@@ -143,14 +143,14 @@ void typeKeys(QWidget& control, const QString& text) {
 }
 
 template <typename Edit>
-Problem replaceText(Edit& edit, const QString& text) {
+Result<void> replaceText(Edit& edit, const QString& text) {
     if (edit.isReadOnly()) {
-        return "is read-only";
+        return Error{"is read-only"};
     }
     edit.setFocus(Qt::MouseFocusReason);
     edit.selectAll();
     typeKeys(edit, text);
-    return std::nullopt;
+    return {};
 }
 
 QString typedBy(QKeyCombination key) {
@@ -178,32 +178,32 @@ void click(QWidget& control) {
     clickAt(control, control.rect().center());
 }
 
-Problem typeText(QWidget& control, const std::string& text) {
+Result<void> typeText(QWidget& control, const std::string& text) {
     const QString wanted = QString::fromStdString(text);
     const QPointer<QWidget> alive(&control);
     if (auto* const edit = qobject_cast<QLineEdit*>(&control)) {
-        Problem refused = replaceText(*edit, wanted);
-        if (refused || !alive || shows(*edit, wanted)) {
-            return refused;
+        Result<void> typed = replaceText(*edit, wanted);
+        if (!typed || !alive || shows(*edit, wanted)) {
+            return typed;
         }
         return problem(QStringLiteral("shows ") + quoted(edit->displayText()) +
                        QStringLiteral(" after typing"));
     }
     if (auto* const memo = qobject_cast<QPlainTextEdit*>(&control)) {
-        Problem refused = replaceText(*memo, wanted);
-        if (refused || !alive || memo->toPlainText() == wanted) {
-            return refused;
+        Result<void> typed = replaceText(*memo, wanted);
+        if (!typed || !alive || memo->toPlainText() == wanted) {
+            return typed;
         }
         return problem(QStringLiteral("shows ") + quoted(memo->toPlainText()) +
                        QStringLiteral(" after typing"));
     }
-    return "cannot be typed into";
+    return Error{"cannot be typed into"};
 }
 
-Problem selectItem(QWidget& control, const std::string& text) {
+Result<void> selectItem(QWidget& control, const std::string& text) {
     auto* const combo = qobject_cast<QComboBox*>(&control);
     if (combo == nullptr) {
-        return "is no combo box";
+        return Error{"is no combo box"};
     }
     const QString wanted = QString::fromStdString(text);
     QStringList items;
@@ -222,20 +222,20 @@ Problem selectItem(QWidget& control, const std::string& text) {
         combo->model()->index(row, combo->modelColumn(), combo->rootModelIndex()));
     sendKey(*combo->view(), Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
     if (!alive || combo->currentText() == wanted) {
-        return std::nullopt;
+        return {};
     }
     return problem(QStringLiteral("shows ") + quoted(combo->currentText()) +
                    QStringLiteral(" after the selection"));
 }
 
-Problem setChecked(QWidget& control, bool on) {
+Result<void> setChecked(QWidget& control, bool on) {
     auto* const button = qobject_cast<QAbstractButton*>(&control);
     const bool isRadio = qobject_cast<QRadioButton*>(button) != nullptr;
     if (!isRadio && qobject_cast<QCheckBox*>(button) == nullptr) {
-        return "is no check box and no radio button";
+        return Error{"is no check box and no radio button"};
     }
     if (isRadio && !on) {
-        return "is a radio button and cannot be set off";
+        return Error{"is a radio button and cannot be set off"};
     }
     const QPointer<QAbstractButton> alive(button);
     if (button->isChecked() != on) {
@@ -243,32 +243,32 @@ Problem setChecked(QWidget& control, bool on) {
                                                       : QStyle::SE_CheckBoxIndicator));
     }
     if (!alive || button->isChecked() == on) {
-        return std::nullopt;
+        return {};
     }
-    return on ? "is still off" : "is still on";
+    return Error{on ? "is still off" : "is still on"};
 }
 
-Problem clickRow(QWidget& control, int row) {
+Result<void> clickRow(QWidget& control, int row) {
     QTableWidget* const table = tableOf(control);
-    if (Problem missing = missingRow(table, row)) {
-        return missing;
+    if (Result<void> there = hasRow(table, row); !there) {
+        return there;
     }
     if (row < 0) {
         clickBesideRows(*table);
     } else {
         clickAt(*table->viewport(), cellOf(*table, row));
     }
-    return std::nullopt;
+    return {};
 }
 
-Problem beginDoubleClick(QWidget& control, int row) {
+Result<void> beginDoubleClick(QWidget& control, int row) {
     const QPointer<QWidget> alive(&control);
-    Problem missing = clickRow(control, row);
-    if (!missing && alive) {
+    Result<void> clicked = clickRow(control, row);
+    if (clicked && alive) {
         mouse(*tableOf(control)->viewport(), QEvent::MouseButtonDblClick,
               cellOf(*tableOf(control), row));
     }
-    return missing;
+    return clicked;
 }
 
 void endDoubleClick(QWidget& control, int row) {

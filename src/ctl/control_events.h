@@ -7,7 +7,8 @@
 // meanwhile.
 #pragma once
 
-#include <optional>
+#include "base/result.h"
+
 #include <string>
 
 class QTableWidget;
@@ -16,22 +17,21 @@ class QWidget;
 
 namespace onudesk::ctl {
 
-// Why something could not be done; nothing when it was. Names no control where the caller knows it.
-using Problem = std::optional<std::string>;
+// Why something could not be done names no control where the caller knows it.
 
 // The left button, pressed and released in the middle.
 void click(QWidget& control);
 
 // Replaces what stands in a line edit or memo by typing the text key by key.
-Problem typeText(QWidget& control, const std::string& text);
+Result<void> typeText(QWidget& control, const std::string& text);
 // Picks the item with the text from the list of a combo box.
-Problem selectItem(QWidget& control, const std::string& text);
+Result<void> selectItem(QWidget& control, const std::string& text);
 // Ticks or unticks a check box, or chooses a radio button.
-Problem setChecked(QWidget& control, bool on);
+Result<void> setChecked(QWidget& control, bool on);
 // Clicks a row; -1 clicks beside the rows.
-Problem clickRow(QWidget& control, int row);
+Result<void> clickRow(QWidget& control, int row);
 // Double-clicks a row, up to the second press; endDoubleClick() releases the button again.
-Problem beginDoubleClick(QWidget& control, int row);
+Result<void> beginDoubleClick(QWidget& control, int row);
 void endDoubleClick(QWidget& control, int row);
 // Presses and releases a key of QKeySequence's portable names in the focused widget of the window.
 void pressKey(QWidget& window, const std::string& name);

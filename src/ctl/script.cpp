@@ -146,12 +146,12 @@ bool isKey(const std::string& name) {
     return keys.count() == 1 && keys[0].key() != Qt::Key_unknown;
 }
 
-std::string unless(bool right, const std::string& text, const char* wanted) {
-    return right ? std::string() : "\"" + text + "\" must be " + wanted;
+Result<void> unless(bool right, const std::string& text, const char* wanted) {
+    return right ? Result<void>() : Error{"\"" + text + "\" must be " + wanted};
 }
 
-// What is wrong with the arguments, empty when nothing is; numbers are taken.
-std::string takeArguments(Step& step) {
+// Checks the arguments and takes numbers.
+Result<void> takeArguments(Step& step) {
     const Words& words = step.arguments;
     switch (step.kind) {
     case StepKind::open:
@@ -169,7 +169,7 @@ std::string takeArguments(Step& step) {
     case StepKind::key:
         return unless(isKey(words[0]), words[0], "a key, such as F1, Return or Shift+Tab");
     case StepKind::screenshot:
-        return words[0].empty() ? "the file has no name" : "";
+        return words[0].empty() ? Error{"the file has no name"} : Result<void>();
     case StepKind::expectControl:
         return unless(isProperty(words[1]), words[1], "a property");
     case StepKind::expectBox:
@@ -178,7 +178,7 @@ std::string takeArguments(Step& step) {
     case StepKind::expectWrites:
         return unless(takeCount(words[1], step.number), words[1], "a number");
     default:
-        return "";
+        return {};
     }
 }
 
@@ -199,8 +199,8 @@ Result<Step> parseStep(std::string_view text) {
     step.kind = form->kind;
     step.arguments.assign(std::make_move_iterator(words->begin() + 1),
                           std::make_move_iterator(words->end()));
-    if (const std::string problem = takeArguments(step); !problem.empty()) {
-        return Error{std::string(form->word) + ": " + problem};
+    if (const Result<void> taken = takeArguments(step); !taken) {
+        return Error{std::string(form->word) + ": " + taken.error()};
     }
     if (step.kind == StepKind::screenshot) {
         step.arguments[0] = std::filesystem::absolute(step.arguments[0]).string();

@@ -48,20 +48,20 @@ std::optional<Failure> StepWorker::perform(const Step& step) {
                                            step.arguments[0] + ": the picture cannot be saved"});
     }
     const std::size_t mine = ++begun_;
-    const Problem problem = work(step);
+    const Result<void> done = work(step);
     // What a step finds in the end says nothing about it when other steps were done since.
-    return problem && begun_ == mine ? std::optional(Failure{exitScriptFailed, *problem})
-                                     : std::nullopt;
+    return !done && begun_ == mine ? std::optional(Failure{exitScriptFailed, done.error()})
+                                   : std::nullopt;
 }
 
-Problem StepWorker::work(const Step& step) {
+Result<void> StepWorker::work(const Step& step) {
     switch (step.kind) {
     case StepKind::open:
         return open(step);
     case StepKind::key:
         pressKey(scope().dialog != nullptr ? *scope().dialog : *tools_.window.window(),
                  step.arguments[0]);
-        return std::nullopt;
+        return {};
     case StepKind::elapse:
         return elapseTimer();
     case StepKind::answer:
@@ -78,35 +78,35 @@ Problem StepWorker::work(const Step& step) {
         return expectWrites(step.number);
     case StepKind::wait:
     case StepKind::screenshot:
-        return std::nullopt;
+        return {};
     default:
         return onControl(step);
     }
 }
 
-Problem StepWorker::open(const Step& step) {
+Result<void> StepWorker::open(const Step& step) {
     if (scope().dialog != nullptr) {
-        return "the items are behind the open dialog";
+        return Error{"the items are behind the open dialog"};
     }
     const Result<QWidget*> page = tools_.window.openPage(step.number);
     if (!page) {
-        return page.error();
+        return Error{page.error()};
     }
     itemType_ = step.number;
-    return std::nullopt;
+    return {};
 }
 
-Problem StepWorker::onControl(const Step& step) {
+Result<void> StepWorker::onControl(const Step& step) {
     const std::string& name = step.arguments[0];
     const Result<QWidget*> control = usableControl(scope(), name);
     if (!control) {
-        return control.error();
+        return Error{control.error()};
     }
-    const Problem problem = act(**control, step);
-    return problem ? Problem(name + ' ' + *problem) : std::nullopt;
+    const Result<void> done = act(**control, step);
+    return done ? done : Error{name + ' ' + done.error()};
 }
 
-Problem StepWorker::act(QWidget& control, const Step& step) {
+Result<void> StepWorker::act(QWidget& control, const Step& step) {
     switch (step.kind) {
     case StepKind::set:
         return typeText(control, step.arguments[1]);
@@ -120,48 +120,49 @@ Problem StepWorker::act(QWidget& control, const Step& step) {
         return doubleClick(control, step.number);
     default:
         click(control);
-        return std::nullopt;
+        return {};
     }
 }
 
 // A dialog that the second press opens gets the release, not the table below it.
-Problem StepWorker::doubleClick(QWidget& control, int row) {
+Result<void> StepWorker::doubleClick(QWidget& control, int row) {
     const QPointer<QWidget> alive(&control);
     const std::size_t mine = begun_;
-    Problem problem = beginDoubleClick(control, row);
-    if (!problem && alive && begun_ == mine) {
+    Result<void> begun = beginDoubleClick(control, row);
+    if (begun && alive && begun_ == mine) {
         endDoubleClick(control, row);
     }
-    return problem;
+    return begun;
 }
 
-Problem StepWorker::elapseTimer() {
+Result<void> StepWorker::elapseTimer() {
     QTimer* const timer = runningTimer(scope());
     if (timer == nullptr) {
-        return "Timer1 is not running";
+        return Error{"Timer1 is not running"};
     }
     elapse(*timer);
-    return std::nullopt;
+    return {};
 }
 
-Problem StepWorker::answer(const std::string& answer) {
+Result<void> StepWorker::answer(const std::string& answer) {
     if (answer == "ok") {
         if (questions_.isOpen()) {
-            return "the open question must be answered yes or no: " + quoted(questions_.text());
+            return Error{"the open question must be answered yes or no: " +
+                         quoted(questions_.text())};
         }
-        return questions_.acknowledge() ? std::nullopt
-                                        : Problem("no box was shown since the last answer");
+        return questions_.acknowledge() ? Result<void>()
+                                        : Error{"no box was shown since the last answer"};
     }
     return questions_.answer(answer == "yes" ? platform::PromptAnswer::yes
                                              : platform::PromptAnswer::no)
-               ? std::nullopt
-               : Problem("no question is open");
+               ? Result<void>()
+               : Error{"no question is open"};
 }
 
-Problem StepWorker::print(const std::string& what) {
+Result<void> StepWorker::print(const std::string& what) {
     if (what == "page") {
         if (tools_.window.page() == nullptr) {
-            return "no page is open";
+            return Error{"no page is open"};
         }
         printPage();
     } else if (what == "tables") {
@@ -179,7 +180,7 @@ Problem StepWorker::print(const std::string& what) {
     } else {
         return printControl(what);
     }
-    return std::nullopt;
+    return {};
 }
 
 void StepWorker::printPage() {
@@ -188,13 +189,13 @@ void StepWorker::printPage() {
     print(pageJson(report, tools_.recorder.boxes()), pageText(report));
 }
 
-Problem StepWorker::printControl(const std::string& name) {
+Result<void> StepWorker::printControl(const std::string& name) {
     const QObject* control = findControl(scope(), QString::fromStdString(name));
     if (control == nullptr) {
-        return "there is no control " + name;
+        return Error{"there is no control " + name};
     }
     print(snapshotControl(*control));
-    return std::nullopt;
+    return {};
 }
 
 void StepWorker::print(const ControlSnapshot& control) {
@@ -205,49 +206,48 @@ void StepWorker::print(const QJsonObject& object, const std::string& text) {
     tools_.observation.print(tools_.out, tools_.json ? jsonLine(object) : text);
 }
 
-Problem StepWorker::expectControl(const Step& step) {
+Result<void> StepWorker::expectControl(const Step& step) {
     const std::string& name = step.arguments[0];
     const std::string& property = step.arguments[1];
     const std::string& wanted = step.arguments[2];
     const QObject* control = findControl(scope(), QString::fromStdString(name));
     if (control == nullptr) {
-        return "there is no control " + name;
+        return Error{"there is no control " + name};
     }
     const auto found = propertyText(snapshotControl(*control), QString::fromStdString(property));
     if (!found) {
-        return name + " has no " + property + "; wanted " + quoted(wanted);
+        return Error{name + " has no " + property + "; wanted " + quoted(wanted)};
     }
     if (found->toStdString() != wanted) {
-        return name + ' ' + property + " is " + quoted(found->toStdString()) + ", wanted " +
-               quoted(wanted);
+        return Error{name + ' ' + property + " is " + quoted(found->toStdString()) + ", wanted " +
+                     quoted(wanted)};
     }
-    return std::nullopt;
+    return {};
 }
 
-Problem StepWorker::expectBox(const Step& step) {
+Result<void> StepWorker::expectBox(const Step& step) {
     const std::string wanted = describeBox(step.arguments[1], step.arguments[2], step.arguments[3]);
     const auto box = tools_.recorder.oldestUntaken();
     if (!box) {
-        return "there is no box, wanted " + wanted;
+        return Error{"there is no box, wanted " + wanted};
     }
     tools_.recorder.take(*box);
     const std::string found = boxText(tools_.recorder.boxes()[*box]);
-    return fits(found, wanted) ? std::nullopt
-                               : Problem("the box is " + found + ", wanted " + wanted);
+    return fits(found, wanted) ? Result<void>()
+                               : Error{"the box is " + found + ", wanted " + wanted};
 }
 
-Problem StepWorker::expectNoBox() {
+Result<void> StepWorker::expectNoBox() {
     const auto box = tools_.recorder.oldestUntaken();
-    return box ? Problem("there is a box: " + boxText(tools_.recorder.boxes()[*box]))
-               : std::nullopt;
+    return box ? Error{"there is a box: " + boxText(tools_.recorder.boxes()[*box])}
+               : Result<void>();
 }
 
-Problem StepWorker::expectWrites(std::int32_t count) {
+Result<void> StepWorker::expectWrites(std::int32_t count) {
     const std::size_t found = tools_.observation.writeCount();
     return found == static_cast<std::size_t>(count)
-               ? std::nullopt
-               : Problem("writes are " + std::to_string(found) + ", wanted " +
-                         std::to_string(count));
+               ? Result<void>()
+               : Error{"writes are " + std::to_string(found) + ", wanted " + std::to_string(count)};
 }
 
 } // namespace onudesk::ctl

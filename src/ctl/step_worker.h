@@ -51,22 +51,22 @@ public:
 
 private:
     [[nodiscard]] Scope scope() const;
-    Problem work(const Step& step);
-    Problem open(const Step& step);
-    Problem onControl(const Step& step);
-    Problem act(QWidget& control, const Step& step);
-    Problem doubleClick(QWidget& control, int row);
-    Problem elapseTimer();
-    Problem answer(const std::string& answer);
-    Problem print(const std::string& what);
-    Problem printControl(const std::string& name);
+    Result<void> work(const Step& step);
+    Result<void> open(const Step& step);
+    Result<void> onControl(const Step& step);
+    Result<void> act(QWidget& control, const Step& step);
+    Result<void> doubleClick(QWidget& control, int row);
+    Result<void> elapseTimer();
+    Result<void> answer(const std::string& answer);
+    Result<void> print(const std::string& what);
+    Result<void> printControl(const std::string& name);
     void printPage();
     void print(const ControlSnapshot& control);
     void print(const QJsonObject& object, const std::string& text);
-    Problem expectControl(const Step& step);
-    Problem expectBox(const Step& step);
-    Problem expectNoBox();
-    Problem expectWrites(std::int32_t count);
+    Result<void> expectControl(const Step& step);
+    Result<void> expectBox(const Step& step);
+    Result<void> expectNoBox();
+    Result<void> expectWrites(std::int32_t count);
 
     const RunTools& tools_;
     Questions& questions_;
