@@ -173,7 +173,7 @@ void SnmpSession::noteSocketError() {
     }
 }
 
-std::unique_ptr<UsmUser> SnmpSession::userOfStranger() const {
+std::unique_ptr<UsmUser> SnmpSession::userForUnknownEngine() const {
     std::array<u_char, kMaxDatagram> message{};
     const ssize_t length =
         user_ ? ::recv(socket(), message.data(), message.size(), MSG_PEEK) : ssize_t{-1};
@@ -192,7 +192,7 @@ std::unique_ptr<UsmUser> SnmpSession::userOfStranger() const {
 void SnmpSession::receive() {
     noteSocketError();
     activateUser();
-    const std::unique_ptr<UsmUser> stranger = userOfStranger();
+    const std::unique_ptr<UsmUser> unknownEngine = userForUnknownEngine();
     ReadableSet readable(socket());
     if (snmp_sess_read2(handle_.get(), readable.get()) == 0) {
         refused_ = false;

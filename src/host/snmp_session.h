@@ -93,7 +93,7 @@ private:
     void noteSocketError();
     // The library only listens to engines for which it has the user. A waiting message of another
     // engine (the agent was exchanged, or the settings name the wrong one) makes it one.
-    [[nodiscard]] std::unique_ptr<UsmUser> userOfStranger() const;
+    [[nodiscard]] std::unique_ptr<UsmUser> userForUnknownEngine() const;
 
     SessionSettings settings_;
     AnswerSink& sink_;

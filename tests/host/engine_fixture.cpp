@@ -239,7 +239,7 @@ Script silent() {
     return [](const AgentRequest&, Outbox&) {};
 }
 
-Script hardOfHearing(const Script& script) {
+Script losingTheFirstRequest(const Script& script) {
     return [script, lost = 1](const AgentRequest& request, Outbox& outbox) mutable {
         if (lost-- <= 0) {
             script(request, outbox);

@@ -121,7 +121,7 @@ private:
 
 // An agent that never answers, and one that does not hear the first request.
 [[nodiscard]] Script silent();
-[[nodiscard]] Script hardOfHearing(const Script& script);
+[[nodiscard]] Script losingTheFirstRequest(const Script& script);
 // One that refuses everything, without any binding unless it names one.
 [[nodiscard]] Script refusing(std::int32_t status, std::int32_t index = 0);
 void expectError(const SeenReply& reply, std::int32_t status, std::string_view text = {});

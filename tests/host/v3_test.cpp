@@ -113,7 +113,7 @@ TEST_F(V3Test, SecurityReportsAreNamedAtOnce) {
 }
 
 TEST_F(V3Test, LostProbeIsSentAgain) {
-    EXPECT_EQ(readOne(hardOfHearing(discoverable(mib, kOtherEngine)), 40ms).values, k42);
+    EXPECT_EQ(readOne(losingTheFirstRequest(discoverable(mib, kOtherEngine)), 40ms).values, k42);
 }
 
 TEST_F(V3Test, SilentAgentIsATimeOut) {

@@ -158,7 +158,7 @@ TEST_F(WriteTest, LostAnswerIsFoundOutByReadingBackNotByWritingTwice) {
 }
 
 TEST_F(WriteTest, LostWriteIsSentAgainOnceItIsKnownToBeLost) {
-    const SeenReply reply = write(hardOfHearing(honest(mib)), {{"label", "x"}}, 40ms);
+    const SeenReply reply = write(losingTheFirstRequest(honest(mib)), {{"label", "x"}}, 40ms);
     EXPECT_EQ(reply.status, 1U);
     EXPECT_EQ(sets(), 2U);
     EXPECT_EQ(mib.values()[cell(603, 1)], octetsValue("x"));
