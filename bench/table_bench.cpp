@@ -22,7 +22,7 @@
 
 #include <QApplication>
 #include <QPushButton>
-#include <QTableWidget>
+#include <QTableView>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -116,7 +116,7 @@ struct Read {
 // From the click on Refresh until every reply was shown, the window being painted as on a screen.
 Read readTable(const ClientHost& host, const QWidget& page) {
     auto* refresh = page.findChild<QPushButton*>(QStringLiteral("refreshBtn"));
-    const auto* table = page.findChild<QTableWidget*>(QStringLiteral("mainTable"));
+    const auto* table = page.findChild<QTableView*>(QStringLiteral("mainTable"));
     refresh->setEnabled(true);
     QCoreApplication::processEvents();
     const BlockWatch watch;
@@ -126,7 +126,7 @@ Read readTable(const ClientHost& host, const QWidget& page) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
     QCoreApplication::processEvents(); // paints what the last replies brought
-    return {millisecondsSince(begin), watch.longest(), table->rowCount()};
+    return {millisecondsSince(begin), watch.longest(), table->model()->rowCount()};
 }
 
 // False when something was not read.

@@ -14,7 +14,7 @@
 #include <QRadioButton>
 #include <QStyle>
 #include <QStyleOptionButton>
-#include <QTableWidget>
+#include <QTableView>
 #include <QTimer>
 
 namespace onudesk::ctl {
@@ -75,14 +75,14 @@ QPoint indicatorOf(const QAbstractButton& button, QStyle::SubElement element) {
     return button.style()->subElementRect(element, &option, &button).center();
 }
 
-QTableWidget* tableOf(QWidget& control) {
-    return qobject_cast<QTableWidget*>(&control);
+QTableView* tableOf(QWidget& control) {
+    return qobject_cast<QTableView*>(&control);
 }
 
 // The visible part of the row's first visible cell, in the viewport, after scrolling there.
-QPoint cellOf(QTableWidget& table, int row) {
+QPoint cellOf(QTableView& table, int row) {
     int column = 0;
-    while (column + 1 < table.columnCount() && table.isColumnHidden(column)) {
+    while (column + 1 < table.model()->columnCount() && table.isColumnHidden(column)) {
         ++column;
     }
     const QModelIndex cell = table.model()->index(row, column);
@@ -90,18 +90,18 @@ QPoint cellOf(QTableWidget& table, int row) {
     return table.visualRect(cell).intersected(table.viewport()->rect()).center();
 }
 
-Result<void> hasRow(const QTableWidget* table, int row) {
+Result<void> hasRow(const QTableView* table, int row) {
     if (table == nullptr) {
         return Error{"is no table"};
     }
-    if (row >= table->rowCount()) {
-        return Error{"has " + std::to_string(table->rowCount()) + " rows, none numbered " +
+    if (row >= table->model()->rowCount()) {
+        return Error{"has " + std::to_string(table->model()->rowCount()) + " rows, none numbered " +
                      std::to_string(row)};
     }
     return {};
 }
 
-void clickBesideRows(QTableWidget& table) {
+void clickBesideRows(QTableView& table) {
     table.scrollToBottom();
     const QPoint corner = table.viewport()->rect().bottomLeft();
     if (table.viewport()->rect().contains(corner) && !table.indexAt(corner).isValid()) {
@@ -249,7 +249,7 @@ Result<void> setChecked(QWidget& control, bool on) {
 }
 
 Result<void> clickRow(QWidget& control, int row) {
-    QTableWidget* const table = tableOf(control);
+    QTableView* const table = tableOf(control);
     if (Result<void> there = hasRow(table, row); !there) {
         return there;
     }

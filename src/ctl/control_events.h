@@ -11,7 +11,7 @@
 
 #include <string>
 
-class QTableWidget;
+class QTableView;
 class QTimer;
 class QWidget;
 

@@ -3,7 +3,7 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QTableWidget>
+#include <QTableView>
 #include <QTimer>
 
 namespace onudesk::ctl {
@@ -99,11 +99,11 @@ Result<QWidget*> usableControl(const Scope& scope, const std::string& name) {
     return widget;
 }
 
-std::vector<QTableWidget*> tablesIn(const Scope& scope) {
+std::vector<QTableView*> tablesIn(const Scope& scope) {
     QWidget* const root = scope.dialog != nullptr ? scope.dialog : scope.page;
-    std::vector<QTableWidget*> tables;
+    std::vector<QTableView*> tables;
     if (root != nullptr) {
-        for (QTableWidget* table : root->findChildren<QTableWidget*>()) {
+        for (QTableView* table : root->findChildren<QTableView*>()) {
             if (table->window() == root->window()) {
                 tables.push_back(table);
             }

@@ -13,7 +13,7 @@
 
 class QDialog;
 class QObject;
-class QTableWidget;
+class QTableView;
 class QTimer;
 class QWidget;
 
@@ -43,7 +43,7 @@ struct Scope {
 [[nodiscard]] Result<QWidget*> usableControl(const Scope& scope, const std::string& name);
 
 // The tables of the dialog, else of the page.
-[[nodiscard]] std::vector<QTableWidget*> tablesIn(const Scope& scope);
+[[nodiscard]] std::vector<QTableView*> tablesIn(const Scope& scope);
 
 // The running Timer1 of the dialog, else of the page; null when none runs.
 [[nodiscard]] QTimer* runningTimer(const Scope& scope);

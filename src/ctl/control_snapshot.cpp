@@ -11,7 +11,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTableWidget>
+#include <QTableView>
 #include <QTimer>
 
 namespace onudesk::ctl {
@@ -44,21 +44,20 @@ void describeCombo(const QComboBox& combo, QJsonObject& properties) {
         combo.currentIndex() < 0 ? combo.placeholderText() : combo.currentText();
 }
 
-void describeTable(const QTableWidget& table, QJsonObject& properties) {
+void describeTable(const QTableView& table, QJsonObject& properties) {
     QJsonArray columns;
-    for (int column = 0; column < table.columnCount(); ++column) {
+    const QAbstractItemModel& model = *table.model();
+    for (int column = 0; column < model.columnCount(); ++column) {
         if (!table.isColumnHidden(column)) {
-            const QTableWidgetItem* title = table.horizontalHeaderItem(column);
-            columns.append(title == nullptr ? QString() : title->text());
+            columns.append(model.headerData(column, Qt::Horizontal).toString());
         }
     }
     QJsonArray rows;
-    for (int row = 0; row < table.rowCount(); ++row) {
+    for (int row = 0; row < model.rowCount(); ++row) {
         QJsonArray cells;
-        for (int column = 0; column < table.columnCount(); ++column) {
-            const QTableWidgetItem* cell = table.item(row, column);
+        for (int column = 0; column < model.columnCount(); ++column) {
             if (!table.isColumnHidden(column)) {
-                cells.append(cell == nullptr ? QString() : cell->text());
+                cells.append(model.index(row, column).data().toString());
             }
         }
         rows.append(cells);
@@ -85,7 +84,7 @@ QString describeKind(const QWidget& widget, QJsonObject& properties) {
         describeCombo(*combo, properties);
         return QStringLiteral("combo");
     }
-    if (const auto* table = qobject_cast<const QTableWidget*>(&widget)) {
+    if (const auto* table = qobject_cast<const QTableView*>(&widget)) {
         describeTable(*table, properties);
         return QStringLiteral("table");
     }

@@ -5,7 +5,7 @@
 
 #include <QDialog>
 #include <QPointer>
-#include <QTableWidget>
+#include <QTableView>
 #include <QTimer>
 
 #include <ostream>
@@ -166,7 +166,7 @@ Result<void> StepWorker::print(const std::string& what) {
         }
         printPage();
     } else if (what == "tables") {
-        for (const QTableWidget* table : tablesIn(scope())) {
+        for (const QTableView* table : tablesIn(scope())) {
             print(snapshotControl(*table));
         }
     } else if (what == "boxes") {

@@ -83,8 +83,8 @@ std::map<int, TopicFacts> pageFacts() {
         TopicFacts& facts = found[page.rules().helpKeyId];
         facts.items.insert(page.itemType());
         addButtons(page, facts);
-        if (page.configBtn != nullptr && page.rules().onWriteReply != OnWriteReply::refreshes &&
-            page.rules().onWriteReply != OnWriteReply::ignored) {
+        // The thresholds' page tells in notices of its own what became of a write.
+        if (page.configBtn != nullptr && page.objectName() != QLatin1String("TOnuThreshold")) {
             for (const int id : {message::succeeded, message::failed}) {
                 add(facts.results, {head(id) + head(message::subject), std::to_string(id)});
             }

@@ -8,7 +8,6 @@
 #include "pages/framework/controls.h"
 #include "pages/framework/item_dialog.h"
 #include "platform/desktop.h"
-#include "window/request.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -209,10 +208,10 @@ void TConfigMainForm::showPage(bool isNew) {
     layoutPage();
     snmpGroup->hide(); // covered anyway, and must not be reached with the tab key
     currentPage_->show();
-    registerReadRoute(session_, currentPage_->itemType(), currentPage_->replyHandle());
     if (isNew) {
-        sendReadRequest(session_, currentPage_->itemType());
+        currentPage_->readFirst();
     } else {
+        registerReadRoute(session_, currentPage_->itemType(), currentPage_->replyHandle());
         currentPage_->updatePage();
     }
 }

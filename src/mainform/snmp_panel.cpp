@@ -6,6 +6,7 @@
 #include "pages/framework/form_grid.h"
 
 #include <algorithm>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,211 +25,109 @@ constexpr int kNoPrivPassword = 3017;
 constexpr int kApplied = 3018;
 constexpr int kApplyCaption = 21016;
 
-constexpr std::int32_t kVersion3 = 3;
-constexpr std::int32_t kAuthNoPriv = 2;
-constexpr std::int32_t kAuthPriv = 3;
-constexpr std::int32_t kNoProtocol = 1;
 constexpr std::int32_t kMostRetries = 9;
 constexpr int kNameCharacters = 32;
 constexpr int kTextBytes = 100;
+constexpr const char* kLastBeforeGap = "edtUserName"; // the next one starts a row
 constexpr std::string_view kForbidden = R"( */:<>?\|)";
-
-// What makes use of a setting.
-enum class UsedBy {
-    everything,
-    communities,
-    version3,
-    authentication,
-    authPassword,
-    privacy,
-    privPassword
-};
-
-struct Choice {
-    const char* text;
-    std::int32_t code;
-};
 
 // A setting is a number chosen from a list, a decimal number or a text.
 struct Setting {
-    const char* name;
-    int labelId;
-    UsedBy usedBy = UsedBy::everything;
-    QComboBox* SnmpPanel::*list = nullptr;
-    QLineEdit* SnmpPanel::*edit = nullptr;
+    Field field;
     std::int32_t SessionContext::*number = nullptr;
     std::string SessionContext::*text = nullptr;
-    std::vector<Choice> choices{};
-    int firstChoice = 0;         // selected as long as the context has no code of the list
-    int characters = kTextBytes; // that can be typed
+    int firstChoice = 0; // selected as long as the context has no code of the list
     bool secret = false;
-    bool aloneInRow = false;
 };
+
+Setting list(const char* name, int labelId, std::vector<ValuePair> codes,
+             std::int32_t SessionContext::*number, EnabledBy enabledBy = {}) {
+    return {.field = {.control = name,
+                      .labelId = labelId,
+                      .kind = ControlKind::combo,
+                      .codes = ValueMap::inOrder(std::move(codes)),
+                      .written = Written::always,
+                      .enabledBy = std::move(enabledBy)},
+            .number = number};
+}
+
+Setting number(const char* name, int labelId, std::int32_t SessionContext::*number) {
+    return {.field = {.control = name,
+                      .labelId = labelId,
+                      .typing = {.digitsOnly = true},
+                      .written = Written::always},
+            .number = number};
+}
+
+Setting text(const char* name, int labelId, std::string SessionContext::*text, EnabledBy enabledBy,
+             int characters = kTextBytes) {
+    return {.field = {.control = name,
+                      .labelId = labelId,
+                      .typing = {.bytes = kTextBytes, .characters = characters},
+                      .written = Written::always,
+                      .enabledBy = std::move(enabledBy)},
+            .text = text};
+}
+
+Setting secret(Setting setting) {
+    setting.secret = true;
+    return setting;
+}
+
+const std::string& controlOf(const Setting& setting) {
+    return setting.field.control;
+}
 
 // In the order of the grid, row by row. They are stored in this order, of which only the start can
 // be seen: the port and the time-out, which may be no numbers, come after the version.
 const std::vector<Setting>& settings() {
-    using Panel = SnmpPanel;
     using Context = SessionContext;
-    static const std::vector<Setting> table = {
-        {.name = "cbSnmpVersion",
-         .labelId = 21001,
-         .list = &Panel::cbSnmpVersion,
-         .number = &Context::snmpVersion,
-         .choices = {{"version1", 0}, {"version2c", 1}, {"version3", kVersion3}}},
-        {.name = "edtSnmpPort",
-         .labelId = 21002,
-         .edit = &Panel::edtSnmpPort,
-         .number = &Context::snmpPort},
-        {.name = "edtSnmpTimeout",
-         .labelId = 21003,
-         .edit = &Panel::edtSnmpTimeout,
-         .number = &Context::timeout},
-        {.name = "edtRetries",
-         .labelId = 21004,
-         .edit = &Panel::edtRetries,
-         .number = &Context::retries},
-        {.name = "edtReadCommunity",
-         .labelId = 21005,
-         .usedBy = UsedBy::communities,
-         .edit = &Panel::edtReadCommunity,
-         .text = &Context::readCommunity,
-         .characters = kNameCharacters,
-         .secret = true},
-        {.name = "edtWriteCommunity",
-         .labelId = 21006,
-         .usedBy = UsedBy::communities,
-         .edit = &Panel::edtWriteCommunity,
-         .text = &Context::writeCommunity,
-         .secret = true},
-        {.name = "edtEngineID",
-         .labelId = 21007,
-         .usedBy = UsedBy::version3,
-         .edit = &Panel::edtEngineID,
-         .text = &Context::v3EngineId},
-        {.name = "edtContextName",
-         .labelId = 21008,
-         .usedBy = UsedBy::version3,
-         .edit = &Panel::edtContextName,
-         .text = &Context::v3ContextName},
-        {.name = "cbSecurityModel",
-         .labelId = 21009,
-         .usedBy = UsedBy::version3,
-         .list = &Panel::cbSecurityModel,
-         .number = &Context::securityModel,
-         .choices = {{"any", 0}, {"v1", 1}, {"v2", 2}, {"v3", 3}},
-         .firstChoice = 3},
-        {.name = "cbSecurityLevel",
-         .labelId = 21010,
-         .usedBy = UsedBy::version3,
-         .list = &Panel::cbSecurityLevel,
-         .number = &Context::securityLevel,
-         .choices = {{"NoAuth,NoPriv", 1}, {"Auth,NoPriv", kAuthNoPriv}, {"Auth,Priv", kAuthPriv}}},
-        {.name = "edtUserName",
-         .labelId = 21011,
-         .usedBy = UsedBy::version3,
-         .edit = &Panel::edtUserName,
-         .text = &Context::v3UserName,
-         .characters = kNameCharacters,
-         .aloneInRow = true},
-        {.name = "cbAuthProtocol",
-         .labelId = 21012,
-         .usedBy = UsedBy::authentication,
-         .list = &Panel::cbAuthProtocol,
-         .number = &Context::authProtocol,
-         .choices = {{"NONE", kNoProtocol}, {"MD5", 2}, {"SHA", 3}}},
-        {.name = "cbPrivProtocol",
-         .labelId = 21013,
-         .usedBy = UsedBy::privacy,
-         .list = &Panel::cbPrivProtocol,
-         .number = &Context::privProtocol,
-         .choices = {{"NONE", kNoProtocol}, {"DES", 2}}},
-        {.name = "edtAuthPassword",
-         .labelId = 21014,
-         .usedBy = UsedBy::authPassword,
-         .edit = &Panel::edtAuthPassword,
-         .text = &Context::authPassword,
-         .characters = kNameCharacters,
-         .secret = true},
-        {.name = "edtPrivPassword",
-         .labelId = 21015,
-         .usedBy = UsedBy::privPassword,
-         .edit = &Panel::edtPrivPassword,
-         .text = &Context::privPassword,
-         .characters = kNameCharacters,
-         .secret = true},
-    };
+    static const std::vector<Setting> table = [] {
+        const EnabledBy communities = choiceIn("cbSnmpVersion", {"0", "1"});
+        const EnabledBy version3 = choiceIn("cbSnmpVersion", {"3"});
+        const EnabledBy authentication = choiceIn("cbSecurityLevel", {"2", "3"});
+        std::vector<Setting> all = {
+            list("cbSnmpVersion", 21001, {{"version1", "0"}, {"version2c", "1"}, {"version3", "3"}},
+                 &Context::snmpVersion),
+            number("edtSnmpPort", 21002, &Context::snmpPort),
+            number("edtSnmpTimeout", 21003, &Context::timeout),
+            number("edtRetries", 21004, &Context::retries),
+            secret(text("edtReadCommunity", 21005, &Context::readCommunity, communities,
+                        kNameCharacters)),
+            secret(text("edtWriteCommunity", 21006, &Context::writeCommunity, communities)),
+            text("edtEngineID", 21007, &Context::v3EngineId, version3),
+            text("edtContextName", 21008, &Context::v3ContextName, version3),
+            list("cbSecurityModel", 21009, {{"any", "0"}, {"v1", "1"}, {"v2", "2"}, {"v3", "3"}},
+                 &Context::securityModel),
+            list("cbSecurityLevel", 21010,
+                 {{"NoAuth,NoPriv", "1"}, {"Auth,NoPriv", "2"}, {"Auth,Priv", "3"}},
+                 &Context::securityLevel, version3),
+            text(kLastBeforeGap, 21011, &Context::v3UserName, version3, kNameCharacters),
+            list("cbAuthProtocol", 21012, {{"NONE", "1"}, {"MD5", "2"}, {"SHA", "3"}},
+                 &Context::authProtocol, authentication),
+            list("cbPrivProtocol", 21013, {{"NONE", "1"}, {"DES", "2"}}, &Context::privProtocol,
+                 choiceIn("cbSecurityLevel", {"3"})),
+            secret(text("edtAuthPassword", 21014, &Context::authPassword,
+                        choiceIn("cbAuthProtocol", {"2", "3"}), kNameCharacters)),
+            secret(text("edtPrivPassword", 21015, &Context::privPassword,
+                        choiceIn("cbPrivProtocol", {"2"}), kNameCharacters))};
+        std::ranges::find(all, "cbSecurityModel", controlOf)->firstChoice = 3;
+        return all;
+    }();
     return table;
 }
 
-std::int32_t code(const QComboBox& list) {
-    return list.currentData().toInt();
+void hideTyped(QLineEdit& edit) {
+    edit.setEchoMode(QLineEdit::Password);
+    edit.setStyleSheet(QStringLiteral("lineedit-password-character: 42")); // "*"
 }
 
-bool inUse(UsedBy usedBy, const SnmpPanel& panel) {
-    const bool version3 = code(*panel.cbSnmpVersion) == kVersion3;
-    const bool authentication = version3 && code(*panel.cbSecurityLevel) >= kAuthNoPriv;
-    const bool privacy = version3 && code(*panel.cbSecurityLevel) >= kAuthPriv;
-    switch (usedBy) {
-    case UsedBy::everything:
-        break;
-    case UsedBy::communities:
-        return !version3;
-    case UsedBy::version3:
-        return version3;
-    case UsedBy::authentication:
-        return authentication;
-    case UsedBy::authPassword:
-        return authentication && code(*panel.cbAuthProtocol) != kNoProtocol;
-    case UsedBy::privacy:
-        return privacy;
-    case UsedBy::privPassword:
-        return privacy && code(*panel.cbPrivProtocol) != kNoProtocol;
-    }
-    return true;
-}
-
-QComboBox* addList(FormGrid& form, const Setting& setting) {
-    QComboBox* list = form.combo(setting.name, setting.labelId);
-    for (const Choice& choice : setting.choices) {
-        list->addItem(QString::fromLatin1(choice.text), choice.code);
-    }
-    list->setCurrentIndex(setting.firstChoice);
-    return list;
-}
-
-QLineEdit* addEdit(FormGrid& form, const Setting& setting) {
-    QLineEdit* edit = form.edit(setting.name, setting.labelId);
-    if (setting.number != nullptr) {
-        digitsOnly(*edit);
-    } else {
-        limitTyping(*edit, kTextBytes);
-        limitCharacters(*edit, setting.characters);
-    }
-    if (setting.secret) {
-        edit->setEchoMode(QLineEdit::Password);
-        edit->setStyleSheet(QStringLiteral("lineedit-password-character: 42")); // "*"
-    }
-    QPalette palette = edit->palette();
-    palette.setColor(QPalette::Disabled, QPalette::Base, palette.color(QPalette::Button));
-    edit->setPalette(palette);
-    return edit;
-}
-
-void select(QComboBox& list, std::int32_t wanted) {
-    const int row = list.findData(wanted);
-    if (row >= 0) {
-        const QSignalBlocker quiet(list);
-        list.setCurrentIndex(row);
-    }
-}
-
-// The decimal number in the edit; what is none is told.
+// The decimal number in the edit; nothing after telling the operator that there is none.
 std::optional<std::int32_t> numberIn(QLineEdit& edit) {
     const std::string text = stateOf(edit).text;
     const auto number = wholeNumber(text);
     if (!number) {
-        tellNotANumber(text, 0);
+        refuseNotANumber(text, 0);
         edit.setFocus();
     }
     return number;
@@ -263,30 +162,48 @@ SnmpPanel::SnmpPanel(SessionContext& context, QWidget* parent)
     resize(kWidth, kHeight);
     build();
     enableControls();
-    connect(cbSnmpVersion, &QComboBox::currentIndexChanged, this, &SnmpPanel::cbSnmpVersionChange);
-    connect(cbSecurityLevel, &QComboBox::currentIndexChanged, this,
-            &SnmpPanel::cbSecurityLevelChange);
-    connect(cbAuthProtocol, &QComboBox::currentIndexChanged, this,
-            &SnmpPanel::cbAuthProtocolChange);
-    connect(cbPrivProtocol, &QComboBox::currentIndexChanged, this,
-            &SnmpPanel::cbPrivProtocolChange);
+    for (QComboBox* list : {cbSnmpVersion, cbSecurityLevel, cbAuthProtocol, cbPrivProtocol}) {
+        connect(list, &QComboBox::currentIndexChanged, this, &SnmpPanel::enableControls);
+    }
 }
 
 void SnmpPanel::build() {
     auto* grid = new QWidget(this);
     FormGrid form(*grid, 2);
-    labels_.reserve(settings().size());
     for (const Setting& setting : settings()) {
-        if (setting.list != nullptr) {
-            this->*setting.list = addList(form, setting);
-        } else {
-            this->*setting.edit = addEdit(form, setting);
-        }
+        fields_.add(form, {setting.field});
         labels_.push_back(form.lastLabel());
-        if (setting.aloneInRow) {
+        auto& control = *fields_.control(controlOf(setting));
+        if (auto* list = qobject_cast<QComboBox*>(&control)) {
+            list->setCurrentIndex(setting.firstChoice);
+        } else {
+            QPalette palette = control.palette();
+            palette.setColor(QPalette::Disabled, QPalette::Base, palette.color(QPalette::Button));
+            control.setPalette(palette);
+        }
+        if (setting.secret) {
+            hideTyped(static_cast<QLineEdit&>(control));
+        }
+        if (controlOf(setting) == kLastBeforeGap) {
             form.newRow();
         }
     }
+    cbSnmpVersion = fields_.control<QComboBox>("cbSnmpVersion");
+    cbSecurityModel = fields_.control<QComboBox>("cbSecurityModel");
+    cbSecurityLevel = fields_.control<QComboBox>("cbSecurityLevel");
+    cbAuthProtocol = fields_.control<QComboBox>("cbAuthProtocol");
+    cbPrivProtocol = fields_.control<QComboBox>("cbPrivProtocol");
+    edtSnmpPort = fields_.control<QLineEdit>("edtSnmpPort");
+    edtSnmpTimeout = fields_.control<QLineEdit>("edtSnmpTimeout");
+    edtRetries = fields_.control<QLineEdit>("edtRetries");
+    edtReadCommunity = fields_.control<QLineEdit>("edtReadCommunity");
+    edtWriteCommunity = fields_.control<QLineEdit>("edtWriteCommunity");
+    edtEngineID = fields_.control<QLineEdit>("edtEngineID");
+    edtContextName = fields_.control<QLineEdit>("edtContextName");
+    edtUserName = fields_.control<QLineEdit>("edtUserName");
+    edtAuthPassword = fields_.control<QLineEdit>("edtAuthPassword");
+    edtPrivPassword = fields_.control<QLineEdit>("edtPrivPassword");
+    cbSecurityModel->setEnabled(false); // shown, never changed
     btnApply = makeButton(this, "btnApply", kApplyCaption, [this] { btnApplyClick(); });
     auto* column = new QVBoxLayout(this);
     column->addWidget(grid, 1);
@@ -295,24 +212,25 @@ void SnmpPanel::build() {
 
 void SnmpPanel::load() {
     for (const Setting& setting : settings()) {
-        if (setting.list != nullptr) {
-            select(*(this->*setting.list), context_.*setting.number);
-        } else if (setting.number != nullptr) {
-            setControlText(*(this->*setting.edit), std::to_string(context_.*setting.number));
+        auto& control = *fields_.control(controlOf(setting));
+        const std::string value = setting.number != nullptr
+                                      ? std::to_string(context_.*setting.number)
+                                      : context_.*setting.text;
+        if (auto* list = qobject_cast<QComboBox*>(&control)) {
+            selectIfKnown(*list, value);
         } else {
-            setControlText(*(this->*setting.edit), context_.*setting.text);
+            setControlText(control, value);
         }
     }
     enableControls();
 }
 
 void SnmpPanel::enableControls() {
-    for (std::size_t at = 0; at < labels_.size(); ++at) {
-        const bool used = inUse(settings()[at].usedBy, *this);
-        labels_[at]->setEnabled(used);
-        labels_[at]->buddy()->setEnabled(used);
+    fields_.enable();
+    for (QLabel* label : labels_) {
+        const QWidget* control = label->buddy();
+        label->setEnabled((control == cbSecurityModel ? edtEngineID : control)->isEnabled());
     }
-    cbSecurityModel->setEnabled(false); // shown, never changed
 }
 
 bool SnmpPanel::checkUser() const {
@@ -322,11 +240,12 @@ bool SnmpPanel::checkUser() const {
 
 bool SnmpPanel::store() {
     for (const Setting& setting : settings()) {
-        if (setting.list != nullptr) {
-            context_.*setting.number = code(*(this->*setting.list));
+        auto& control = *fields_.control(controlOf(setting));
+        if (auto* list = qobject_cast<QComboBox*>(&control)) {
+            context_.*setting.number = wholeNumber(selectedCode(*list).value_or("0")).value_or(0);
         } else if (setting.text != nullptr) {
-            context_.*setting.text = stateOf(*(this->*setting.edit)).text.substr(0, kTextBytes);
-        } else if (const auto number = numberIn(*(this->*setting.edit))) {
+            context_.*setting.text = stateOf(control).text.substr(0, kTextBytes);
+        } else if (const auto number = numberIn(static_cast<QLineEdit&>(control))) {
             context_.*setting.number = *number;
         } else {
             return false;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "bridge/session_context.h"
+#include "pages/framework/field_set.h"
 
 #include <vector>
 
@@ -42,10 +43,6 @@ public:
     // Fills the controls from the context. A list keeps its selection on a code it does not have.
     void load();
 
-    void cbSnmpVersionChange() { enableControls(); }
-    void cbSecurityLevelChange() { enableControls(); }
-    void cbAuthProtocolChange() { enableControls(); }
-    void cbPrivProtocolChange() { enableControls(); }
     // Checks, then stores every setting, enabled or not. A box tells what was wrong and the focus
     // goes there, or that everything is stored.
     void btnApplyClick();
@@ -62,6 +59,7 @@ private:
     [[nodiscard]] bool store();
 
     SessionContext& context_;
+    FieldSet fields_;
     std::vector<QLabel*> labels_; // one per setting
 };
 

@@ -20,11 +20,7 @@ using platform::PromptIcon;
 class ControlsTest : public test::UiTest {};
 
 ValueMap yesNo() {
-    ValueMap map;
-    map.addPair("yes", "1");
-    map.addPair("no", "2");
-    map.complete();
-    return map;
+    return ValueMap({{"yes", "1"}, {"no", "2"}});
 }
 
 TEST_F(ControlsTest, CombosCarryCodesAndStartUnselected) {
@@ -118,9 +114,9 @@ TEST_F(ControlsTest, TypingIntoAMemoIsLimitedWhereItIsTyped) {
 TEST_F(ControlsTest, FieldsOfOneTickHaveLabelsThatDiffer) {
     QWidget panel;
     FormGrid form(panel, 1);
-    form.add({{.control = "one", .labelId = 20010, .tick = {"box"}},
-              {.control = "beside", .labelId = 20010, .tick = {"box"}},
-              {.control = "two", .labelId = 20011, .tick = {"box"}}});
+    form.add({{.control = "one", .labelId = 20010, .enabledBy = checkBox("box")},
+              {.control = "beside", .labelId = 20010, .enabledBy = checkBox("box")},
+              {.control = "two", .labelId = 20011, .enabledBy = checkBox("box")}});
     EXPECT_EQ(panel.findChildren<QCheckBox*>().size(), 1);
     EXPECT_EQ(form.find("oneLabel"), nullptr);
     EXPECT_EQ(form.find("besideLabel"), nullptr);
@@ -188,7 +184,7 @@ TEST_F(ControlsTest, RefusalsTellAndMoveTheFocus) {
     EXPECT_EQ(desk.takeBox().text, messageText(message::subject) + "7!");
     refuse({}, &first, 5); // focus only
     EXPECT_EQ(window.focusWidget(), &first);
-    tellNotANumber("twelve", 5);
+    refuseNotANumber("twelve", 5);
     const auto number = desk.takeBox();
     EXPECT_NE(number.text.find("twelve"), std::string::npos);
     EXPECT_EQ(number.icon, PromptIcon::warning);

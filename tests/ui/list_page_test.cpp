@@ -32,7 +32,7 @@ public:
         : ListPage(pageSession, kItem, {}, nullptr), modes(modeMap) {
         mainTable->setColumns({{.titleId = 20013},
                                {.titleId = 3030, .position = 0, .show = doubled, .isKey = keyed},
-                               {.titleId = 20015, .position = 1, .map = &modes},
+                               {.titleId = 20015, .position = 1, .codes = modes},
                                {.titleId = 20016, .position = 2, .hidden = true},
                                {.titleId = 20017, .show = doubled}});
         start();
@@ -44,7 +44,10 @@ public:
     Texts arrived; // "row:first value"
 
 protected:
-    void openRow(int row) override { opened.push_back(row); }
+    bool mayOpen() override {
+        opened.push_back(mainTable->selectedRow());
+        return false;
+    }
     void rowArrived(int row, const ReadResult& result) override {
         arrived.push_back(std::to_string(row) + ":" + valueAt(result, 0));
     }
@@ -64,24 +67,18 @@ std::vector<Field> itemFields(const ValueMap& modes) {
              .kind = ControlKind::combo,
              .position = 2,
              .object = {"onuBatteryBackup"},
-             .codes = {&modes},
+             .codes = modes,
              .written = Written::always}};
 }
 
 class SampleItem : public ItemDialog {
 public:
-    SampleItem(SampleList& page, int row, bool refreshesPage = true)
-        : ItemDialog(page, {.fields = itemFields(page.modes), .refreshesPage = refreshesPage},
-                     row) {}
+    SampleItem(SampleList& page, int row)
+        : ItemDialog(page, {.name = "TOnuSampleItem", .fields = itemFields(page.modes)}, row) {}
 };
 
 class ListPageTest : public test::UiTest {
 protected:
-    ListPageTest() {
-        modes_.addPair("slow", "1");
-        modes_.complete();
-    }
-
     std::unique_ptr<SampleList> makeList(bool keyed = false) {
         auto page = std::make_unique<SampleList>(session, modes_, keyed);
         page->resize(500, 400);
@@ -97,7 +94,7 @@ protected:
                                    .status = 1}));
     }
 
-    ValueMap modes_;
+    const ValueMap modes_{{{"slow", "1"}}};
 };
 
 TEST_F(ListPageTest, EveryReplyIsARowOfConvertedCells) {
@@ -234,7 +231,7 @@ TEST_F(ListPageTest, ClicksBesideTheRowsSelectNothing) {
 }
 
 TEST_F(ListPageTest, DialogsChooseByCodeEvenWhereTextsAreMissing) {
-    ValueMap nameless({{"", "1"}, {"", "2"}});
+    const ValueMap nameless({{"", "1"}, {"", "2"}});
     SampleList page(session, nameless, false);
     registerReadRoute(session, kItem, page.replyHandle());
     row("7", {"a", "2", "5"});
@@ -283,19 +280,72 @@ TEST_F(ListPageTest, DialogsAreClosedByCancelOrPanelAndMakeThePageReadAgain) {
     }
 }
 
-TEST_F(ListPageTest, DialogsThatDoNotMakeThePageReadLeaveItAlone) {
-    const auto page = makeList();
-    row("7", {"a", "1", "5"});
-    SampleItem accepted(*page, 0, false);
-    QTimer::singleShot(0, &accepted, [&] { test::click(*accepted.okBtn); });
-    EXPECT_EQ(accepted.exec(), QDialog::Accepted);
-    EXPECT_EQ(page->mainTable->rowCount(), 1);
-    EXPECT_EQ(host.take()->kind, CP_KIND_WRITE);
-    SampleItem cancelled(*page, 0, false);
-    QTimer::singleShot(0, &cancelled, [&] { test::key(cancelled, Qt::Key_Escape); });
-    EXPECT_EQ(cancelled.exec(), QDialog::Rejected);
-    EXPECT_EQ(page->mainTable->rowCount(), 1);
+// A dialog that registers when it is shown, and rows that are deleted after a question.
+class DeclaredList : public ListPage {
+public:
+    explicit DeclaredList(Session& pageSession) : ListPage(pageSession, kItem, {}, nullptr) {
+        mainTable->setColumns({{.titleId = 20013},
+                               {.titleId = 20014, .position = 0, .show = doubled},
+                               instanceColumn("1.3.6.1.1")});
+        editRowsIn({.name = "TOnuDeclaredItem",
+                    .fields = {{.control = "keyEdit", .labelId = 20013, .position = 1}},
+                    .instance = RowInstance::rowIndex,
+                    .registersWhenShown = true});
+        deleteRowsBy({.captionId = 20004,
+                      .asks = true,
+                      .what = "it",
+                      .bindings = {{"onuLlid", 1},
+                                   {"onuName", 1, Deletion::Take::value},
+                                   {"onuBindMac", 1, Deletion::Take::mac}},
+                      .rowStatus = {"MacRowStatus"},
+                      .instance = [](const RowCopy& copy) { return copy.cells[2]; }});
+        start();
+    }
+};
+
+TEST_F(ListPageTest, DeletingIsDeclared) {
+    DeclaredList page(session);
+    page.show();
+    registerReadRoute(session, kItem, page.replyHandle());
+    row("7", {"ab"});
+    test::click(*page.deleteBtn);
+    EXPECT_EQ(desk.takeBox().text, messageText(11204));
+    page.mainTable->selectRow(0);
+    desk.answer = platform::PromptAnswer::no;
+    test::click(*page.deleteBtn);
+    EXPECT_EQ(desk.takeBox().caption, messageText(11058) + "it");
     EXPECT_EQ(host.pending(), 0U);
+    desk.answer = platform::PromptAnswer::yes;
+    desk.whileOpen = [&] { page.mainTable->clearRows(); };
+    test::click(*page.deleteBtn);
+    desk.whileOpen = {};
+    desk.takeBox();
+    EXPECT_EQ(takeWrite(), (Texts{"onuLlid@7=abab", "onuName@7=ab", "onuBindMac@7=#ABAB00000000",
+                                  "MacRowStatus@7=6"}));
+    EXPECT_EQ(usableIn(page), "") << "Delete is among the buttons of requests";
+    row("7", {"ab"});
+    EXPECT_EQ(page.mainTable->selectedRow(), 0) << "remembered";
+    page.mainTable->setColumns({{.titleId = 20013}, {.titleId = 20014}, instanceColumn("1.9")});
+    row("7", {"ab"});
+    test::click(*page.deleteBtn);
+    EXPECT_EQ(desk.takeBox().text, messageText(11204)) << "a row without instance";
+}
+
+TEST_F(ListPageTest, DialogsOfRowsAreDeclaredAndMayRegisterFirst) {
+    DeclaredList page(session);
+    page.show();
+    registerReadRoute(session, kItem, page.replyHandle());
+    row("7", {"ab"});
+    page.mainTable->selectRow(0);
+    QTimer::singleShot(0, &page, [&] {
+        auto* dialog = page.findChild<ItemDialog*>(QStringLiteral("TOnuDeclaredItem"));
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_EQ(textIn(*dialog, "keyEdit"), "abab");
+        EXPECT_EQ(host.routedWindow(CP_KIND_WRITE, kItem), page.replyHandle());
+        dialog->reject();
+    });
+    test::click(*page.configBtn);
+    takeRead();
 }
 
 TEST_F(ListPageTest, OkChecksThenWritesTheRowForThePageAndReadsOnce) {
@@ -334,7 +384,7 @@ TEST_F(ListPageTest, ColumnsCanTakeTheOidAndDemandAValue) {
 std::vector<Field> tickFields() {
     Field ticked = constant({"onuBatteryBackup"}, "1");
     ticked.labelId = 20014;
-    ticked.tick = {"onlyBox"};
+    ticked.enabledBy = checkBox("onlyBox");
     return {{.control = "keyEdit", .labelId = 20013, .position = 0}, ticked};
 }
 
@@ -406,9 +456,8 @@ TEST_F(ListPageTest, FieldsOfBoxesAreShownCheckedAndWrittenBehindTheOthers) {
 
 class SamplePorts : public PortListPage {
 public:
-    SamplePorts(Session& pageSession, bool offersAll)
-        : PortListPage(pageSession, kItem, {}, {.countPosition = 1, .offersAll = offersAll},
-                       nullptr) {
+    explicit SamplePorts(Session& pageSession)
+        : PortListPage(pageSession, kItem, {}, {.countPosition = 1}, nullptr) {
         mainTable->setColumns({{.titleId = 20013}, {.titleId = 20014, .position = 0}});
         start();
     }
@@ -416,8 +465,8 @@ public:
 
 class PortListPageTest : public ListPageTest {
 protected:
-    std::unique_ptr<SamplePorts> makePorts(bool offersAll) {
-        auto page = std::make_unique<SamplePorts>(session, offersAll);
+    std::unique_ptr<SamplePorts> makePorts() {
+        auto page = std::make_unique<SamplePorts>(session);
         registerReadRoute(session, kItem, page->replyHandle());
         return page;
     }
@@ -425,26 +474,26 @@ protected:
 };
 
 TEST_F(PortListPageTest, TheFirstCountFillsThePortsAndReadsNothing) {
-    const auto page = makePorts(true);
+    const auto page = makePorts();
     for (const char* none : {"0", "", "-1", "many"}) {
         row("7", {"a", none});
         EXPECT_EQ(ports(*page), Texts()) << none;
         EXPECT_EQ(page->port(), "");
     }
     row("7", {"a", "2"});
-    EXPECT_EQ(ports(*page), (Texts{"1", "2", "all"}));
+    EXPECT_EQ(ports(*page), (Texts{"1", "2"}));
     EXPECT_EQ(page->port(), "1");
     row("8", {"a", "5"});
-    EXPECT_EQ(ports(*page).size(), 3U) << "only an empty box is filled";
+    EXPECT_EQ(ports(*page).size(), 2U) << "only an empty box is filled";
     EXPECT_EQ(host.pending(), 0U);
-    const auto plain = makePorts(false);
+    const auto plain = makePorts();
     row("7", {"a", "4294967295"});
     EXPECT_EQ(ports(*plain).size(), 255U);
     EXPECT_EQ(ports(*plain).back(), "255");
 }
 
 TEST_F(PortListPageTest, EveryRefreshReadsThePortThatIsChosen) {
-    const auto page = makePorts(true);
+    const auto page = makePorts();
     page->refreshBtnClick();
     EXPECT_EQ(takeRead(), ".1.2.5.") << "nothing is chosen yet";
     row("7", {"a", "3"});
@@ -453,10 +502,6 @@ TEST_F(PortListPageTest, EveryRefreshReadsThePortThatIsChosen) {
     EXPECT_EQ(takeRead(), ".1.2.5.3");
     EXPECT_EQ(page->mainTable->rowCount(), 0);
     EXPECT_FALSE(page->refreshBtn->isEnabled());
-    choose(*page->portComb, "all");
-    EXPECT_EQ(takeRead(), ".1.2.5.1") << "for all";
-    EXPECT_TRUE(page->showsAllPorts());
-    EXPECT_EQ(page->port(), "1");
     page->portComb->setCurrentIndex(1); // by the program
     EXPECT_EQ(host.pending(), 0U);
     page->refreshBtnClick();
@@ -464,7 +509,7 @@ TEST_F(PortListPageTest, EveryRefreshReadsThePortThatIsChosen) {
 }
 
 TEST_F(PortListPageTest, ThePortsComeBeforeTheTableInTheOrderOfTabs) {
-    const auto page = makePorts(false);
+    const auto page = makePorts();
     EXPECT_EQ(page->portComb->nextInFocusChain(), page->mainTable);
     EXPECT_EQ(page->portComb->accessibleName(), QStringLiteral("Port No"));
 }

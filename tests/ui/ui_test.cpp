@@ -4,6 +4,7 @@
 #include "env/help_index.h"
 #include "env/language_module.h"
 #include "pages/framework/controls.h"
+#include "pages/framework/item_dialog.h"
 #include "platform/window_messages.h"
 #include "window/object_catalogue.h"
 
@@ -32,10 +33,31 @@ void mouse(QWidget& control, QEvent::Type type, QPoint position, Qt::MouseButton
     QApplication::sendEvent(&control, &event);
 }
 
+class DialogWatch : public QObject {
+public:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        auto* dialog = qobject_cast<ItemDialog*>(watched);
+        if (dialog != nullptr && event->type() == QEvent::Show && dialog->isModal()) {
+            // Behind whatever the test put off until the dialog is there.
+            QTimer::singleShot(0, dialog, [dialog] { closeUnexpected(*dialog); });
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    static void closeUnexpected(ItemDialog& dialog) {
+        if (dialog.isVisible()) {
+            ADD_FAILURE() << "unexpected dialog " << bytesOf(dialog.objectName());
+            dialog.done(QDialog::Rejected);
+        }
+    }
+};
+
 } // namespace
 
-UiTest::UiTest() : tree_(ONUDESK_BUILD_CLIENT_DIR) {
+UiTest::UiTest() : tree_(ONUDESK_BUILD_CLIENT_DIR), dialogWatch_(std::make_unique<DialogWatch>()) {
     installLanguage(english());
+    qApp->installEventFilter(dialogWatch_.get());
 }
 
 UiTest::~UiTest() {
@@ -63,18 +85,18 @@ void doubleClickAt(QWidget& control, QPoint position) {
 
 namespace {
 
-QPoint placeOf(const QTableWidget& table, int row) {
+QPoint placeOf(const QTableView& table, int row) {
     return row < 0 ? QPoint(10, table.viewport()->height() - 3)
                    : table.visualRect(table.model()->index(row, 0)).center();
 }
 
 } // namespace
 
-void clickRow(const QTableWidget& table, int row) {
+void clickRow(const QTableView& table, int row) {
     clickAt(*table.viewport(), placeOf(table, row));
 }
 
-void doubleClickRow(const QTableWidget& table, int row) {
+void doubleClickRow(const QTableView& table, int row) {
     doubleClickAt(*table.viewport(), placeOf(table, row));
 }
 

@@ -29,8 +29,9 @@ constexpr std::size_t kBoundMac = 19;
 constexpr std::size_t kRowStatus = 20;
 constexpr std::size_t kLeastValues = 22;
 
-constexpr const char* kNotInService = "2";
-constexpr const char* kNotReady = "3";
+ValueMap supported() {
+    return ValueMap({{messageText(message::no), "0"}, {messageText(message::yes), "1"}});
+}
 
 PageRules basicRules() {
     return {.helpKeyId = 6204, .minimumValues = kLeastValues};
@@ -47,20 +48,20 @@ std::vector<Field> identityFields() {
     };
 }
 
-std::vector<Field> capabilityFields(const ValueMap& supported) {
+std::vector<Field> capabilityFields() {
     return {
         {.control = "serviceMemo", .labelId = 20017, .kind = ControlKind::memo, .position = 4},
         {.control = "numgeEdit", .labelId = 20018, .position = 5},
-        {.control = "mapgeEdit", .labelId = 20019, .position = 6, .show = portBitmap},
+        {.control = "mapgeEdit", .labelId = 20019, .position = 6, .show = {portBitmap}},
         {.control = "numfeEdit", .labelId = 20020, .position = 7},
-        {.control = "mapfeEdit", .labelId = 20021, .position = 8, .show = portBitmap},
+        {.control = "mapfeEdit", .labelId = 20021, .position = 8, .show = {portBitmap}},
         {.control = "numpotsEdit", .labelId = 20022, .position = 9},
         {.control = "numE1Edit", .labelId = 20023, .position = 10},
         {.control = "numUSEdit", .labelId = 20024, .position = 11},
         {.control = "queUSEdit", .labelId = 20025, .position = 12},
         {.control = "numDSEdit", .labelId = 20026, .position = 13},
         {.control = "queDSEdit", .labelId = 20027, .position = 14},
-        {.control = "batteryEdit", .labelId = 20028, .position = 15, .codes = {&supported}},
+        {.control = "batteryEdit", .labelId = 20028, .position = 15, .codes = supported()},
     };
 }
 
@@ -80,15 +81,14 @@ std::string decodedName(const std::string& value, std::optional<std::uint32_t> l
 } // namespace
 
 TOnuBasic::TOnuBasic(Session& session, std::int32_t itemType, QWidget* parent)
-    : ConfigPage(session, itemType, basicRules(), parent),
-      supported_({{messageText(message::no), "0"}, {messageText(message::yes), "1"}}) {
+    : ConfigPage(session, itemType, basicRules(), parent) {
     auto* identity = new QGroupBox(listPanel);
     buildIdentity(*identity);
     auto* capabilities = new QGroupBox(listPanel);
     capabilities->setObjectName(QStringLiteral("capabilityGroup"));
     setCaption(*capabilities, 20016);
     FormGrid form(*capabilities, 2);
-    fields().add(form, capabilityFields(supported_));
+    fields().add(form, capabilityFields());
     auto* column = new QVBoxLayout(listPanel);
     column->addWidget(identity);
     column->addWidget(capabilities);
@@ -103,7 +103,7 @@ void TOnuBasic::buildIdentity(QWidget& group) {
     llidEdt->setEnabled(false);
     fields().add(form, identityFields());
     authValidComb = form.combo("authValidComb", 20015);
-    fillCombo(*authValidComb, supported_);
+    fillCombo(*authValidComb, supported());
     authValidComb->setCurrentIndex(0);
     authValidLabel = form.lastLabel();
     authValidComb->hide();
@@ -119,7 +119,8 @@ void TOnuBasic::buildIdentity(QWidget& group) {
     form.beside(*macBtn);
 }
 
-void TOnuBasic::fillPage(const ReadResult& result) {
+void TOnuBasic::showReply(const ReadResult& result) {
+    ConfigPage::showReply(result);
     const std::string& registered = valueAt(result, kRegisteredMac);
     if (!registered.empty()) {
         setControlText(*llidEdt, hexOfDecimal(valueAt(result, kLlid), 2));
@@ -130,7 +131,7 @@ void TOnuBasic::fillPage(const ReadResult& result) {
         macBtn->hide();
     }
     showName(result);
-    if (valueAt(result, kRowStatus) == kNotInService) {
+    if (valueAt(result, kRowStatus) == rowStatusText(RowStatus::notInService)) {
         macEdit->setEnabled(false);
     }
     if (macEdit->isEnabled()) {
@@ -154,7 +155,8 @@ void TOnuBasic::showName(const ReadResult& result) {
 }
 
 void TOnuBasic::refusePendingBind(const ReadResult& result) {
-    if (macEdit->isEnabled() && bindPending_ && valueAt(result, kRowStatus) == kNotReady) {
+    if (macEdit->isEnabled() && bindPending_ &&
+        valueAt(result, kRowStatus) == rowStatusText(RowStatus::notReady)) {
         bindPending_ = false;
         setControlText(*macEdit, kNoMac);
         refuse({kBindRefused}, nullptr);
@@ -179,7 +181,7 @@ bool TOnuBasic::mayWrite() {
 void TOnuBasic::bindWrite(WriteRequest& request) {
     const std::string& onu = session().OnuIndexText;
     if (bindPending_) {
-        request.bind({"MacRowStatus"}, "4", onu);
+        request.bind({"MacRowStatus"}, rowStatusText(RowStatus::createAndGo), onu);
         return;
     }
     if (bindsAddress()) {
@@ -194,7 +196,7 @@ void TOnuBasic::bindWrite(WriteRequest& request) {
 }
 
 void TOnuBasic::nameBtnClick() {
-    writeOne("onuName", "");
+    writeOne({"onuName"}, "");
 }
 
 void TOnuBasic::macBtnClick() {
@@ -202,19 +204,9 @@ void TOnuBasic::macBtnClick() {
         refuse({kNothingBound, {}, message::errorCaption, platform::PromptIcon::none}, nullptr);
         return;
     }
-    if (writeOne("MacRowStatus", "6")) {
+    if (writeOne({"MacRowStatus"}, rowStatusText(RowStatus::destroy))) {
         macEdit->setEnabled(false);
     }
-}
-
-bool TOnuBasic::writeOne(const char* object, const std::string& value) {
-    WriteRequest request = beginWrite();
-    if (!request) {
-        return false;
-    }
-    request.bind({object}, value, session().OnuIndexText);
-    finishWrite(std::move(request));
-    return true;
 }
 
 } // namespace onudesk

@@ -33,7 +33,7 @@ public:
 protected:
     bool mayWrite() override;
     void bindWrite(WriteRequest& request) override;
-    void fillPage(const ReadResult& result) override;
+    void showReply(const ReadResult& result) override;
 
 private:
     void buildIdentity(QWidget& group);
@@ -42,10 +42,7 @@ private:
     void refusePendingBind(const ReadResult& result);
     // Whether Config sends the address, and does not only activate it.
     [[nodiscard]] bool bindsAddress() const;
-    // False when the write could not be made.
-    bool writeOne(const char* object, const std::string& value);
 
-    const ValueMap supported_;
     bool bindPending_ = false;
 };
 

@@ -2,6 +2,7 @@
 #include "pages/basic/onu_dba_config.h"
 
 #include "env/language_module.h"
+#include "pages/framework/field_kinds.h"
 
 #include <algorithm>
 
@@ -62,30 +63,23 @@ constexpr RateEdit kDownstream[] = {
 
 // Seven edits and the policing list of one direction, from a position of the reply on.
 template <std::size_t Size>
-std::vector<Field> direction(const RateEdit (&edits)[Size], std::size_t position, Field policing) {
+std::vector<Field> direction(const RateEdit (&edits)[Size], std::size_t position,
+                             const char* policing, const char* object, int labelId) {
     std::vector<Field> fields;
     fields.reserve(Size + 1);
     for (const RateEdit& edit : edits) {
-        fields.push_back({.control = edit.control,
-                          .labelId = edit.labelId,
-                          .typing = {.bytes = edit.digits, .digitsOnly = true},
-                          .position = position++,
-                          .object = {edit.object},
-                          .check = numberIn(edit.minimum, edit.maximum, EmptyText::takesFocus),
-                          .written = Written::always});
+        fields.push_back(numberField(edit.control, edit.labelId, edit.digits, position++,
+                                     edit.object,
+                                     numberIn(edit.minimum, edit.maximum, EmptyText::takesFocus)));
     }
-    policing.position = position;
-    fields.push_back(policing);
+    fields.push_back(comboField(policing, labelId, position, object,
+                                ValueMap({{"DISABLE", "0"},
+                                          {"CIR_MARK_NO_DROP", "1"},
+                                          {"PIR_MARK_NO_DROP", "2"},
+                                          {"CIR_MARK_PIR_DROP", "3"},
+                                          {"NO_MARK_CIR_DROP", "4"},
+                                          {"NO_MARK_PIR_DROP", "5"}})));
     return fields;
-}
-
-Field list(const char* control, const char* object, int labelId, const ValueMap& map) {
-    return {.control = control,
-            .labelId = labelId,
-            .kind = ControlKind::combo,
-            .object = {object},
-            .codes = {&map},
-            .written = Written::always};
 }
 
 std::int32_t numberAt(const ReadResult& result, std::size_t position) {
@@ -109,15 +103,7 @@ TOnuDbaConfig::TOnuDbaConfig(Session& session, std::int32_t itemType, QWidget* p
                   .onFailedDecode = OnFailedDecode::disables,
                   .resultText = "maingroup",
                   .minimumValues = kLeastValues},
-                 parent),
-      policing_({{"DISABLE", "0"},
-                 {"CIR_MARK_NO_DROP", "1"},
-                 {"PIR_MARK_NO_DROP", "2"},
-                 {"CIR_MARK_PIR_DROP", "3"},
-                 {"NO_MARK_CIR_DROP", "4"},
-                 {"NO_MARK_PIR_DROP", "5"}}),
-      shaping_(
-          {{messageText(message::off), "0"}, {messageText(3119), "1"}, {messageText(3120), "2"}}) {
+                 parent) {
     buildGroups();
     for (QComboBox* combo : listPanel->findChildren<QComboBox*>()) {
         combo->setCurrentIndex(0);
@@ -152,13 +138,14 @@ void TOnuDbaConfig::buildGroups() {
         margins.setRight(kGroupMargin);
         group->layout()->setContentsMargins(margins);
     }
-    Field shaping = list("shapeActionComb", "shapeAction", 60817, shaping_);
-    shaping.position = 16;
-    fields().add(top, {constant({"rowStatus", "rowstat"}, "4")});
-    fields().add(up, direction(kUpstream, 0, list("upPoliceComb", "upPolice", 60808, policing_)));
-    fields().add(down,
-                 direction(kDownstream, 8, list("downPoliceComb", "downPolice", 60816, policing_)));
-    fields().add(top, {shaping, constant({"rowStatus", "rowstat"}, "5")});
+    const Field shaping = comboField("shapeActionComb", 60817, 16, "shapeAction",
+                                     ValueMap({{messageText(message::off), "0"},
+                                               {messageText(3119), "1"},
+                                               {messageText(3120), "2"}}));
+    fields().add(top, {rowStatus({"rowStatus", "rowstat"})});
+    fields().add(up, direction(kUpstream, 0, "upPoliceComb", "upPolice", 60808));
+    fields().add(down, direction(kDownstream, 8, "downPoliceComb", "downPolice", 60816));
+    fields().add(top, {shaping, rowStatus({"rowStatus", "rowstat"}, RowStatus::createAndWait)});
     Label17 = top.lastLabel();
     Label17->setObjectName(QStringLiteral("Label17"));
     shapeActionComb = top.find<QComboBox>("shapeActionComb");
@@ -171,7 +158,8 @@ void TOnuDbaConfig::prepareRefresh() {
     downGroup->setEnabled(true);
 }
 
-void TOnuDbaConfig::fillPage(const ReadResult& result) {
+void TOnuDbaConfig::showReply(const ReadResult& result) {
+    ConfigPage::showReply(result);
     applyProfile(result);
     showLimits();
 }
@@ -240,7 +228,7 @@ bool TOnuDbaConfig::rateOf(const char* control, std::int32_t& rate) const {
     const std::string text = stateOf(*fields().control<QLineEdit>(control)).text;
     const auto number = wholeNumber(text);
     if (!number) {
-        tellNotANumber(text, replyHandle());
+        refuseNotANumber(text, replyHandle());
     }
     rate = number.value_or(0);
     return number.has_value();

@@ -30,7 +30,7 @@ protected:
     bool mayWrite() override;
     void bindWrite(WriteRequest& request) override;
     void prepareRefresh() override;
-    void fillPage(const ReadResult& result) override;
+    void showReply(const ReadResult& result) override;
 
 private:
     // Upper and lower ends of the upstream rates, kbps.
@@ -50,8 +50,6 @@ private:
     // The number in an edit; false, with the operator told, when it is none.
     [[nodiscard]] bool rateOf(const char* control, std::int32_t& rate) const;
 
-    const ValueMap policing_;
-    const ValueMap shaping_;
     Limits limits_;
 };
 

@@ -18,8 +18,7 @@ TOnuReboot::TOnuReboot(Session& session, std::int32_t itemType, QWidget* parent)
                   .group = "resetoid",
                   .config = {"configBtn", message::okay},
                   .refresh = {},
-                  .start = StartState::ready,
-                  .onWriteReply = OnWriteReply::notifies},
+                  .start = StartState::ready},
                  parent) {
     restartWayComb = FormGrid(*centredPanel(), 1).combo("restartWayComb", 62201);
     restartWayComb->addItem(shown(messageText(kResetEntry)));
@@ -35,7 +34,12 @@ void TOnuReboot::bindWrite(WriteRequest& request) {
     request.bind({"onuReset"}, resets() ? "1" : "0", session().OnuIndexText, 1);
 }
 
+void TOnuReboot::handleWriteReply(void* reply) {
+    writeResultNotice(session(), replyHandle(), reply, {});
+}
+
 void TOnuReboot::configBtnClick() {
+    reloadCatalogue();
     ConfigPage::configBtnClick();
     configBtn->setEnabled(true);
 }

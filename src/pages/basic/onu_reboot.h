@@ -20,6 +20,8 @@ public:
 protected:
     bool mayWrite() override;
     void bindWrite(WriteRequest& request) override;
+    // It never reads.
+    void handleWriteReply(void* reply) override;
 
 private:
     [[nodiscard]] bool resets() const { return restartWayComb->currentIndex() == 0; }

@@ -3,8 +3,6 @@
 
 #include "env/help_index.h"
 #include "env/language_module.h"
-#include "onudesk/messages.h"
-#include "window/request.h"
 
 #include <algorithm>
 #include <utility>
@@ -15,7 +13,6 @@ namespace onudesk {
 
 namespace {
 
-constexpr int kTimerMilliseconds = 4000;
 constexpr int kFormWidth = 360;
 
 } // namespace
@@ -26,40 +23,46 @@ QPushButton* makeButton(QWidget* parent, const char* name, int captionId,
     button->setObjectName(QString::fromLatin1(name));
     button->setAutoDefault(false);
     setCaption(*button, captionId);
+    button->setProperty(kCaptionId, captionId);
     QObject::connect(button, &QPushButton::clicked, parent, std::move(onClick));
     return button;
 }
 
 ConfigPage::ConfigPage(Session& session, std::int32_t itemType, PageRules rules, QWidget* parent)
-    : PageFrame(parent), Timer1(new QTimer(this)), session_(session), itemType_(itemType),
-      rules_(std::move(rules)), catalogue_(loadCatalogue(itemType)), registration_(*this) {
-    if (rules_.config.name != nullptr) {
-        configBtn = addRequestButton(rules_.config.name, rules_.config.captionId,
-                                     [this] { configBtnClick(); });
-        writeButtons_.push_back(configBtn);
+    : PageFrame(parent), catalogue_(loadCatalogue(itemType)),
+      cycle_(*this, session, itemType, std::move(rules),
+             {.prepareRead =
+                  [this] {
+                      if (this->rules().refreshEmpties) {
+                          fields_.empty();
+                      }
+                      prepareRefresh();
+                  },
+              .handleReply = [this](const ReadResult& result) { handleReply(result); },
+              .handleWriteReply = [this](void* reply) { handleWriteReply(reply); }}) {
+    Timer1 = cycle_.timer();
+    const PageRules& own = this->rules();
+    if (own.config.name != nullptr) {
+        configBtn =
+            addRequestButton(own.config.name, own.config.captionId, [this] { configBtnClick(); });
+        cycle_.addWriteButton(configBtn);
     }
-    if (rules_.refresh.name != nullptr) {
-        refreshBtn = makeButton(bottomPanel, rules_.refresh.name, rules_.refresh.captionId,
+    if (own.refresh.name != nullptr) {
+        refreshBtn = makeButton(bottomPanel, own.refresh.name, own.refresh.captionId,
                                 [this] { refreshBtnClick(); });
         buttonRow().addWidget(refreshBtn);
-        writeButtons_.push_back(refreshBtn);
+        cycle_.setRefreshButton(refreshBtn);
+        cycle_.addWriteButton(refreshBtn);
     }
     helpBtn = makeButton(bottomPanel, "helpBtn", message::help, [this] { helpBtnClick(); });
     buttonRow().addWidget(helpBtn);
-    Timer1->setObjectName(QStringLiteral("Timer1"));
-    Timer1->setInterval(kTimerMilliseconds);
-    connect(Timer1, &QTimer::timeout, this, &ConfigPage::Timer1Timer);
-}
-
-ConfigPage::~ConfigPage() {
-    unregisterWindow(session_, replyHandle());
 }
 
 QPushButton* ConfigPage::addRequestButton(const char* name, int captionId,
                                           std::function<void()> onClick) {
     QPushButton* button = makeButton(bottomPanel, name, captionId, std::move(onClick));
-    buttonRow().insertWidget(static_cast<int>(requestButtons_.size()), button);
-    requestButtons_.push_back(button);
+    buttonRow().insertWidget(static_cast<int>(cycle_.requestButtons().size()), button);
+    cycle_.addRequestButton(button);
     return button;
 }
 
@@ -82,105 +85,48 @@ void ConfigPage::buildCentredForm(std::vector<Field> fields) {
 
 void ConfigPage::start(const std::vector<QAbstractButton*>& request,
                        const std::vector<QAbstractButton*>& write) {
-    requestButtons_.insert(requestButtons_.end(), request.begin(), request.end());
-    writeButtons_.insert(writeButtons_.end(), write.begin(), write.end());
+    std::ranges::for_each(request, [this](auto* button) { cycle_.addRequestButton(button); });
+    std::ranges::for_each(write, [this](auto* button) { cycle_.addWriteButton(button); });
     finishLayout();
-    if (rules_.start == StartState::waiting) {
-        enableRequestButtons(false);
-        enableRefresh(false);
-        startTimer();
-    }
+    cycle_.start();
 }
 
 void ConfigPage::updatePage() {
-    if (rules_.rereadsWhenShown) {
+    if (rules().rereadsWhenShown) {
         refreshBtnClick();
     } else {
         update();
     }
 }
 
-void ConfigPage::refreshBtnClick() {
-    enableRequestButtons(false);
-    enableRefresh(false);
-    registerReadRoute(session_, itemType_, replyHandle());
-    startTimer();
-    if (rules_.refreshEmpties) {
-        fields_.empty();
-    }
-    prepareRefresh();
-    sendReadRequest(session_, itemType_);
+void ConfigPage::onGroup(std::string resultText,
+                         std::function<void(const ReadResult& result)> handler) {
+    otherGroups_.push_back({std::move(resultText), std::move(handler)});
 }
 
-void ConfigPage::Timer1Timer() {
-    enableRefresh(true);
-    Timer1->stop();
-}
-
-void ConfigPage::startTimer() {
-    // A running timer keeps its time: refreshBtn comes back when it was going to.
-    if (!Timer1->isActive()) {
-        Timer1->start();
-    }
-}
-
-void ConfigPage::handleMessage(const platform::WindowMessage& message) {
-    if (message.number == WM_CODEPARA_READ_REPLY) {
-        readReply(message.payload);
-    } else if (message.number == WM_CODEPARA_WRITE_REPLY &&
-               rules_.onWriteReply != OnWriteReply::ignored) {
-        writeReply(message.payload);
-    } else if (message.number == WM_CODEPARA_READ_REPLY ||
-               message.number == WM_CODEPARA_WRITE_REPLY) {
-        BorrowedReply(session_, message.payload).giveBack();
-    }
-}
-
-void ConfigPage::readReply(void* reply) {
-    const ReadResult result = readDecode(session_, reply);
-    if (!result.success) {
-        if (rules_.onFailedDecode != OnFailedDecode::leaves) {
-            enableRequestButtons(rules_.onFailedDecode == OnFailedDecode::enables);
+void ConfigPage::handleReply(const ReadResult& result) {
+    if (cycle_.isShown(result)) {
+        showReply(result);
+    } else if (cycle_.isOfOtherGroup(result) && !result.values.empty()) {
+        for (const OtherGroup& group : otherGroups_) {
+            if (group.resultText == result.resultText) {
+                group.handler(result);
+            }
         }
+    }
+}
+
+void ConfigPage::showReply(const ReadResult& result) {
+    fields_.show(result);
+}
+
+void ConfigPage::handleWriteReply(void* reply) {
+    if (configBtn == nullptr) {
+        BorrowedReply(session(), reply).giveBack();
         return;
     }
-    enableRequestButtons(rules_.onDecoded == OnDecoded::enables || result.completed);
-    if (rules_.flagSetsRefresh) {
-        enableRefresh(result.completed);
-    }
-    if (!rules_.resultText.empty() && result.resultText != rules_.resultText) {
-        otherReply(result);
-    } else if (result.values.size() >= rules_.minimumValues && mayShow(result)) {
-        fields_.show(result);
-        fillPage(result);
-    }
-}
-
-void ConfigPage::writeReply(void* reply) {
-    if (rules_.onWriteReply != OnWriteReply::notifies) {
-        refreshBtnClick();
-    }
-    if (rules_.onWriteReply == OnWriteReply::refreshes) {
-        BorrowedReply(session_, reply).giveBack();
-        return;
-    }
-    writeResultNotice(session_, replyHandle(), reply, {});
-}
-
-void ConfigPage::fillPage(const ReadResult& /*result*/) {}
-
-void ConfigPage::otherReply(const ReadResult& /*result*/) {}
-
-void ConfigPage::enableRequestButtons(bool enabled) {
-    for (QAbstractButton* button : requestButtons_) {
-        button->setEnabled(enabled);
-    }
-}
-
-void ConfigPage::enableRefresh(bool enabled) {
-    if (refreshBtn != nullptr) {
-        refreshBtn->setEnabled(enabled);
-    }
+    refreshBtnClick();
+    writeResultNotice(session(), replyHandle(), reply, {});
 }
 
 bool ConfigPage::mayWrite() {
@@ -188,7 +134,7 @@ bool ConfigPage::mayWrite() {
 }
 
 void ConfigPage::bindWrite(WriteRequest& request) {
-    fields_.bind(request, session_.OnuIndexText);
+    fields_.bind(request, session().OnuIndexText);
 }
 
 void ConfigPage::checkAndWrite() {
@@ -202,14 +148,12 @@ void ConfigPage::checkAndWrite() {
 }
 
 WriteRequest ConfigPage::newRequest() const {
-    return {session_, catalogue_, itemType_, rules_.group};
+    return {session(), catalogue_, itemType(), rules().group};
 }
 
 void ConfigPage::markWriting() {
-    for (QAbstractButton* button : writeButtons_) {
-        button->setEnabled(false);
-    }
-    startTimer();
+    cycle_.disableForWrite();
+    cycle_.startTimer();
 }
 
 WriteRequest ConfigPage::beginWrite() {
@@ -220,9 +164,20 @@ WriteRequest ConfigPage::beginWrite() {
     return request;
 }
 
-void ConfigPage::finishWrite(WriteRequest request) {
-    registerWriteRoute(session_, itemType_, replyHandle());
-    request.post();
+bool ConfigPage::writeOne(const ObjectName& object, const std::string& value) {
+    WriteRequest request = beginWrite();
+    if (!request) {
+        return false;
+    }
+    request.bind(object, value, session().OnuIndexText);
+    finishWrite(std::move(request));
+    return true;
+}
+
+std::string ConfigPage::oidOf(const ObjectName& object, const char* otherwise) const {
+    const CONFIG_OID_T* found =
+        lookup(catalogue_, object.group.empty() ? rules().group : object.group, object.name);
+    return found == nullptr ? otherwise : found->oidstr;
 }
 
 void ConfigPage::refuse(const CheckFailure& failure, QWidget* focus) const {
@@ -230,7 +185,8 @@ void ConfigPage::refuse(const CheckFailure& failure, QWidget* focus) const {
 }
 
 void ConfigPage::helpBtnClick() {
-    openPageHelp(messageText(rules_.helpKeyId), currentHelpIndex(), messageText(message::helpFile));
+    openPageHelp(messageText(rules().helpKeyId), currentHelpIndex(),
+                 messageText(message::helpFile));
 }
 
 } // namespace onudesk

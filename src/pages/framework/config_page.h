@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The life cycle that every configuration page shares: read, show, check, write, confirm.
+// What every configuration page is: panels, buttons and fields, and how they read, show, check,
+// write and confirm.
 //
 //     class TOnuExample : public ConfigPage { … };
 //
@@ -9,16 +10,15 @@
 #pragma once
 
 #include "bridge/session.h"
-#include "env/message_ids.h"
 #include "pages/framework/controls.h"
 #include "pages/framework/field_set.h"
+#include "pages/framework/life_cycle.h"
 #include "pages/framework/page_frame.h"
+#include "pages/framework/page_rules.h"
 #include "pages/framework/write_request.h"
-#include "platform/window_messages.h"
 #include "window/object_catalogue.h"
 #include "window/reply.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -30,67 +30,34 @@
 
 namespace onudesk {
 
-// What a decoded reply, or one that could not be decoded, does to the configuration buttons.
-enum class OnDecoded { enables, followsFlag };
-enum class OnFailedDecode { enables, disables, leaves };
-enum class OnWriteReply { refreshesAndNotifies, refreshes, notifies, ignored };
-// waiting: request buttons disabled and Timer1 running; ready: everything usable.
-enum class StartState { waiting, ready };
-
-struct PageButton {
-    const char* name = nullptr; // object name; null: the page has no such button
-    int captionId = 0;
-};
-
-struct PageRules {
-    int helpKeyId = 0;               // message whose text is the page's key in the help index
-    std::string group = "maintable"; // of objects named without one
-    PageButton config{"configBtn", message::config};
-    PageButton refresh{"refreshBtn", message::refresh};
-    StartState start = StartState::waiting;
-    bool rereadsWhenShown = false;
-
-    bool refreshEmpties = false; // the fields
-
-    OnDecoded onDecoded = OnDecoded::enables;
-    OnFailedDecode onFailedDecode = OnFailedDecode::enables;
-    bool flagSetsRefresh = false;  // refreshBtn follows the completion flag, too
-    std::string resultText{};      // other result texts go to otherReply(); empty: none do
-    std::size_t minimumValues = 0; // shorter replies are not shown
-
-    OnWriteReply onWriteReply = OnWriteReply::refreshesAndNotifies;
-};
-
-class ConfigPage : public PageFrame, public platform::WindowReceiver {
+class ConfigPage : public PageFrame {
     Q_OBJECT
 public:
     // Loads the catalogue module of the item type, which the page keeps for all its requests.
     // The session outlives the page.
     ConfigPage(Session& session, std::int32_t itemType, PageRules rules, QWidget* parent);
-    // Withdraws the window's handle and every route that leads to it.
-    ~ConfigPage() override;
-    ConfigPage(const ConfigPage&) = delete;
-    ConfigPage& operator=(const ConfigPage&) = delete;
 
     QPushButton* configBtn = nullptr;  // null when the rules name none
     QPushButton* refreshBtn = nullptr; // likewise
     QPushButton* helpBtn = nullptr;
     QTimer* Timer1; // 4000 ms after a request, gives refreshBtn back
 
-    [[nodiscard]] std::int32_t itemType() const { return itemType_; }
-    [[nodiscard]] Session& session() const { return session_; }
+    [[nodiscard]] std::int32_t itemType() const { return cycle_.itemType(); }
+    [[nodiscard]] Session& session() const { return cycle_.session(); }
     [[nodiscard]] const ObjectCatalogue& catalogue() const { return catalogue_; }
     [[nodiscard]] const FieldSet& fields() const { return fields_; }
-    [[nodiscard]] const PageRules& rules() const { return rules_; }
+    [[nodiscard]] const PageRules& rules() const { return cycle_.rules(); }
     // The handle under which replies reach this page.
-    [[nodiscard]] std::uint32_t replyHandle() const { return registration_.handle(); }
+    [[nodiscard]] std::uint32_t replyHandle() const { return cycle_.handle(); }
 
+    // Registers the page for its first reply and reads.
+    void readFirst() { cycle_.readFirst(); }
     // Called when a page that already exists is shown again.
     void updatePage();
     virtual void configBtnClick() { checkAndWrite(); }
-    virtual void refreshBtnClick();
+    virtual void refreshBtnClick() { cycle_.refresh(); }
     void helpBtnClick();
-    void Timer1Timer();
+    void Timer1Timer() { cycle_.timeOut(); }
 
     // The steps of a write, for the page and its dialogs: makes the request, which is false when it
     // cannot be made; disables the write buttons and starts the timer (both in one: beginWrite);
@@ -98,9 +65,11 @@ public:
     [[nodiscard]] WriteRequest newRequest() const;
     void markWriting();
     [[nodiscard]] WriteRequest beginWrite();
-    void finishWrite(WriteRequest request);
+    void finishWrite(WriteRequest request) { cycle_.finishWrite(std::move(request)); }
+    // The same for one binding. False when the request could not be made.
+    bool writeOne(const ObjectName& object, const std::string& value);
 
-    void handleMessage(const platform::WindowMessage& message) override;
+    void handleMessage(const platform::WindowMessage& message) { cycle_.handleMessage(message); }
 
 protected:
     // Writes what bindWrite() binds, unless mayWrite() stops it.
@@ -110,12 +79,15 @@ protected:
     virtual void bindWrite(WriteRequest& request);
     // Page-specific preparation of a read: emptying tables, choosing a port.
     virtual void prepareRefresh() {}
-    // Everything that can stop a decoded reply with enough values from being shown.
-    [[nodiscard]] virtual bool mayShow(const ReadResult& /*result*/) { return true; }
-    // Shows a decoded reply with enough values. Fields are shown before.
-    virtual void fillPage(const ReadResult& result);
-    // Takes a decoded reply of another group than that of the rules.
-    virtual void otherReply(const ReadResult& result);
+    // Every reply, when it has set the buttons.
+    virtual void handleReply(const ReadResult& result);
+    // Shows a decoded reply of the group of the rules with enough values, in the fields.
+    virtual void showReply(const ReadResult& result);
+    // Reads again, then tells how the write ended.
+    virtual void handleWriteReply(void* reply);
+
+    // Calls it for decoded replies with values of a further group.
+    void onGroup(std::string resultText, std::function<void(const ReadResult& result)> handler);
 
     // A form of the fields, one below the other, in the middle of listPanel or in a centred panel.
     // Returns its widget, whose layout is a grid. With titles as many fields stand side by side,
@@ -130,24 +102,27 @@ protected:
                const std::vector<QAbstractButton*>& write = {});
 
     [[nodiscard]] FieldSet& fields() { return fields_; }
+    [[nodiscard]] LifeCycle& cycle() { return cycle_; }
+    // The catalogue as it is now: the page may have been open for long.
+    void reloadCatalogue() { catalogue_ = loadCatalogue(itemType()); }
+    // The object's OID in the catalogue; `otherwise` where it does not have the object.
+    [[nodiscard]] std::string oidOf(const ObjectName& object, const char* otherwise) const;
     void refuse(const CheckFailure& failure, QWidget* focus) const;
-    void startTimer();
 
 private:
-    void readReply(void* reply);
-    void writeReply(void* reply);
-    void enableRequestButtons(bool enabled);
-    void enableRefresh(bool enabled);
+    struct OtherGroup {
+        std::string resultText;
+        std::function<void(const ReadResult& result)> handler;
+    };
 
-    Session& session_;
-    const std::int32_t itemType_;
-    const PageRules rules_;
-    const ObjectCatalogue catalogue_;
-    platform::WindowRegistration registration_;
-    std::vector<QAbstractButton*> requestButtons_;
-    std::vector<QAbstractButton*> writeButtons_;
+    ObjectCatalogue catalogue_;
     FieldSet fields_;
+    std::vector<OtherGroup> otherGroups_;
+    LifeCycle cycle_;
 };
+
+// The property in which buttons keep the message id of their caption.
+inline constexpr const char* kCaptionId = "captionId";
 
 // A push button that calls a function; Enter in a field never presses it.
 QPushButton* makeButton(QWidget* parent, const char* name, int captionId,

@@ -43,7 +43,7 @@ public:
     int characters = -1; // likewise
     bool digits = false;
 
-    void takeProgramText(const QString& text) { accepted_ = text; }
+    void setProgramText(const QString& text) { accepted_ = text; }
 
     State validate(QString& text, int& /*cursor*/) const override {
         if (!fits(text.toUtf8().size(), accepted_.toUtf8().size(), bytes) ||
@@ -73,7 +73,7 @@ TypingRule& typingRule(QLineEdit& edit) {
         return *rule;
     }
     auto* rule = new TypingRule(edit);
-    rule->takeProgramText(edit.text());
+    rule->setProgramText(edit.text());
     edit.setValidator(rule);
     return *rule;
 }
@@ -208,7 +208,7 @@ void setControlText(QWidget& control, std::string_view text) {
     QString made;
     if (auto* edit = qobject_cast<QLineEdit*>(&control)) {
         if (TypingRule* rule = findTypingRule(*edit)) {
-            rule->takeProgramText(wanted);
+            rule->setProgramText(wanted);
         }
         edit->setText(wanted);
         edit->setCursorPosition(0);
@@ -299,7 +299,7 @@ bool confirmDelete(std::uint32_t owner, const std::string& what) {
                    owner);
 }
 
-void tellNotANumber(std::string_view text, std::uint32_t owner) {
+void refuseNotANumber(std::string_view text, std::uint32_t owner) {
     refuse({message::notANumber, {std::string(text)}}, nullptr, owner);
 }
 

@@ -79,8 +79,8 @@ void refuse(const CheckFailure& failure, QWidget* focus, std::uint32_t owner);
                            std::uint32_t owner);
 // Asks whether to delete (message 11057, caption 11058 followed by what goes).
 [[nodiscard]] bool confirmDelete(std::uint32_t owner, const std::string& what = {});
-// The toolkit's answer to a text that should be a number and is not: a warning that quotes it.
-void tellNotANumber(std::string_view text, std::uint32_t owner);
+// Refuses a text that should be a number: a warning that quotes it.
+void refuseNotANumber(std::string_view text, std::uint32_t owner);
 
 // The window's text font: its own family first, then one that has the Chinese characters.
 [[nodiscard]] QFont textFont();

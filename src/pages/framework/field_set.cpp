@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/framework/field_set.h"
 
+#include "base/text.h"
 #include "pages/framework/controls.h"
 
 #include <algorithm>
@@ -13,8 +14,36 @@ void FieldSet::add(FormGrid& form, std::vector<Field> fields) {
     bound_.reserve(bound_.size() + fields.size());
     for (Field& field : fields) {
         auto* control = form.find<QWidget>(field.control);
-        auto* tick = form.find<QAbstractButton>(field.tick.button);
-        bound_.push_back({std::move(field), control, tick});
+        auto* tick = form.find<QAbstractButton>(field.enabledBy.tick);
+        auto* list = form.find<QComboBox>(field.enabledBy.list);
+        bound_.push_back({std::move(field), control, tick, list});
+        follow(bound_.back());
+    }
+}
+
+void FieldSet::follow(const Bound& bound) const {
+    if (bound.field.enabledBy.tickEnables) {
+        bound.control->setEnabled(bound.tick->isChecked());
+        QObject::connect(bound.tick, &QAbstractButton::toggled, bound.control,
+                         &QWidget::setEnabled);
+    }
+    if (bound.list != nullptr) {
+        // Several fields can follow one list: each enables all, which is what a chain of lists
+        // needs, too.
+        QObject::connect(bound.list, &QComboBox::activated, bound.control, [this] { enable(); });
+        QObject::connect(bound.list, &QComboBox::currentIndexChanged, bound.control,
+                         [this] { enable(); });
+    }
+}
+
+void FieldSet::enable() const {
+    for (const Bound& bound : bound_) {
+        const EnabledBy& by = bound.field.enabledBy;
+        const auto chosen = bound.list == nullptr ? std::nullopt : selectedCode(*bound.list);
+        if (bound.list != nullptr && (chosen || !by.keepsUnchosen)) {
+            bound.control->setEnabled(bound.list->isEnabled() && chosen &&
+                                      std::ranges::count(by.codes, *chosen) != 0);
+        }
     }
 }
 
@@ -23,7 +52,7 @@ QWidget* FieldSet::find(const std::string& name) const {
         if (bound.field.control == name) {
             return bound.control;
         }
-        if (bound.field.tick.button == name) {
+        if (bound.field.enabledBy.tick == name) {
             return bound.tick;
         }
     }
@@ -39,15 +68,13 @@ Field& FieldSet::at(const std::string& control) {
     return found->field;
 }
 
-std::vector<ObjectName> FieldSet::objects() const {
-    std::vector<ObjectName> names;
-    names.reserve(bound_.size());
+std::vector<Field> FieldSet::list() const {
+    std::vector<Field> fields;
+    fields.reserve(bound_.size());
     for (const Bound& bound : bound_) {
-        if (!bound.field.object.name.empty()) {
-            names.push_back(bound.field.object);
-        }
+        fields.push_back(bound.field);
     }
-    return names;
+    return fields;
 }
 
 void FieldSet::show(const ReadResult& result) const {
@@ -56,12 +83,13 @@ void FieldSet::show(const ReadResult& result) const {
         if (!text) {
             continue;
         }
-        if (bound.field.codes.map != nullptr) {
-            showValue(*bound.control, *bound.field.codes.map, result.values[bound.field.position]);
+        if (!bound.field.codes.empty()) {
+            showValue(*bound.control, bound.field.codes, result.values[bound.field.position]);
         } else {
             setControlText(*bound.control, *text);
         }
     }
+    enable();
 }
 
 void FieldSet::showRow(const RowTable& table, int row) const {
@@ -77,6 +105,7 @@ void FieldSet::showRow(const RowTable& table, int row) const {
             setControlText(*bound.control, cells[bound.field.position]);
         }
     }
+    enable();
 }
 
 void FieldSet::empty() const {
@@ -96,6 +125,9 @@ FieldState FieldSet::stateOf(const Bound& bound) {
     FieldState state = bound.control == nullptr ? FieldState{} : onudesk::stateOf(*bound.control);
     if (bound.tick != nullptr) {
         state.ticked = bound.tick->isChecked();
+    }
+    if (bound.field.kind == ControlKind::listMemo) {
+        state.text = std::string(trimmed(state.text));
     }
     return state;
 }

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QWidget>
 
 namespace onudesk {
@@ -35,15 +36,16 @@ public:
 
     // The field of a control, to change its bounds.
     [[nodiscard]] Field& at(const std::string& control);
-
-    // The objects that the fields write.
-    [[nodiscard]] std::vector<ObjectName> objects() const;
+    // All of them, in order.
+    [[nodiscard]] std::vector<Field> list() const;
 
     // Shows a decoded reply; fields it has no value for stay as they are.
     void show(const ReadResult& result) const;
     // Shows the row of a table: cells as they stand, in combos what their values choose; a value
     // that is no code of its combo leaves the combo as it is.
     void showRow(const RowTable& table, int row) const;
+    // Enables each control as its declaration says; the operator's choices and ticks do so, too.
+    void enable() const;
     // Empties edits and memos and clears selections of all fields that replies fill.
     void empty() const;
     // Checks in order. The first bad field is told, in a box owned by that window, and gets the
@@ -59,7 +61,9 @@ private:
         Field field;
         QWidget* control = nullptr; // null for a constant
         QAbstractButton* tick = nullptr;
+        QComboBox* list = nullptr; // that it is enabled by
     };
+    void follow(const Bound& bound) const;
     [[nodiscard]] static FieldState stateOf(const Bound& bound);
     [[nodiscard]] QWidget* find(const std::string& name) const; // null when there is none
 

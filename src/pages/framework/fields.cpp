@@ -23,13 +23,27 @@ FieldCheck hexIn(std::int64_t minimum, std::int64_t maximum, EmptyText empty) {
 }
 
 FieldCheck macAddress() {
-    return {.function = [](std::string_view text) {
-        return checkMac(text, message::badMac, platform::PromptIcon::warning).failure;
-    }};
+    return {.function =
+                [](std::string_view text) {
+                    return checkMac(text, message::badMac, platform::PromptIcon::warning).failure;
+                },
+            .messageIds = {message::badMac, message::allZeroMac}};
 }
 
 FieldCheck dottedQuad() {
-    return {.function = checkDottedQuad};
+    return {.function = checkDottedQuad, .messageIds = {message::badDottedQuad}};
+}
+
+EnabledBy checkBox(const char* name) {
+    return {.tick = name};
+}
+
+EnabledBy radioButton(const char* name, bool tickEnables) {
+    return {.tick = name, .isRadio = true, .tickEnables = tickEnables};
+}
+
+EnabledBy choiceIn(const char* list, std::vector<std::string> codes, bool keepsUnchosen) {
+    return {.list = list, .codes = std::move(codes), .keepsUnchosen = keepsUnchosen};
 }
 
 Field constant(ObjectName object, std::string value) {
@@ -37,6 +51,10 @@ Field constant(ObjectName object, std::string value) {
             .object = std::move(object),
             .written = Written::always,
             .constant = std::move(value)};
+}
+
+Field rowStatus(ObjectName object, RowStatus status) {
+    return constant(std::move(object), rowStatusText(status));
 }
 
 Field addressField(const char* control, int labelId, std::size_t position, const char* object) {
@@ -53,12 +71,12 @@ std::optional<std::string> shownText(const Field& field, const ReadResult& resul
         return std::nullopt;
     }
     const std::string& value = result.values[field.position];
-    if (field.codes.map != nullptr) {
-        const bool keeps =
-            field.codes.unknown == UnknownCode::keeps && !field.codes.map->hasValue(value);
-        return keeps ? std::nullopt : std::optional(field.codes.map->textOf(value));
+    if (!field.codes.empty()) {
+        const bool keeps = field.codes.keepsUnknown() && !field.codes.hasValue(value);
+        return keeps ? std::nullopt : std::optional(field.codes.textOf(value));
     }
-    return field.show != nullptr ? field.show(value) : std::string(textUpToZero(value));
+    return field.show.through != nullptr ? field.show.through(value)
+                                         : std::string(textUpToZero(value));
 }
 
 bool isWritten(const Field& field, const FieldState& state) {
@@ -79,7 +97,7 @@ std::optional<CheckFailure> checkField(const Field& field, const FieldState& sta
     }
     const FieldCheck& check = *field.check;
     if (countsAsEmpty(check.empty, state.text)) {
-        return check.empty == EmptyText::passes ? std::nullopt : std::optional(CheckFailure{});
+        return CheckFailure{};
     }
     if (check.range) {
         if (auto failure = checkRange(state.text, check.range->minimum, check.range->maximum,
@@ -100,7 +118,7 @@ std::string writtenValue(const Field& field, const FieldState& state) {
     if (field.check && field.check->range && field.check->range->base != 10) {
         return decimalOf(state.text, field.check->range->base);
     }
-    return field.codes.map == nullptr ? state.text : state.code.value_or(std::string());
+    return field.codes.empty() ? state.text : state.code.value_or(std::string());
 }
 
 std::size_t writtenLength(const Field& field) {

@@ -7,12 +7,13 @@
 //         {.control = "numgeEdit", .labelId = 20018, .position = 5},
 //         {.control = "ipEdt", .labelId = 50001, .position = 1, .object = {"onuIPAddress"},
 //          .check = dottedQuad(), .written = Written::always},
-//         constant({"onuIPRowStatus"}, "4"),
+//         rowStatus({"onuIPRowStatus"}),
 //     };
 #pragma once
 
 #include "pages/framework/checks.h"
 #include "pages/framework/value_map.h"
+#include "snmp/row_status.h"
 #include "window/reply.h"
 
 #include <cstddef>
@@ -32,25 +33,19 @@ struct ObjectName {
 };
 
 // A field without control only writes a constant; with a tick it shows a check box of its own.
-// `mac` is an edit masked for a MAC address, which is written as its six bytes.
-enum class ControlKind { none, edit, memo, combo, mac };
+// `mac` is an edit masked for a MAC address, which is written as its six bytes. The text of a
+// `listMemo` is taken without blanks and line breaks at its ends.
+enum class ControlKind { none, edit, memo, listMemo, combo, mac };
 
 // What the operator may type.
 struct Typing {
     int bytes = -1; // of UTF-8; -1 for any number
     bool digitsOnly = false;
-};
-
-// What a code outside the map does to the control.
-enum class UnknownCode { clears, keeps };
-
-struct Codes {
-    const ValueMap* map = nullptr; // outlives the field
-    UnknownCode unknown = UnknownCode::clears;
+    int characters = -1; // likewise
 };
 
 // blankTakesFocus counts a text of blanks as empty.
-enum class EmptyText { fails, takesFocus, blankTakesFocus, passes };
+enum class EmptyText { fails, takesFocus, blankTakesFocus };
 
 // What a field's text must be before it is written. Bounds may be changed by the page at run time.
 struct FieldCheck {
@@ -61,8 +56,9 @@ struct FieldCheck {
         int base = 10; // what is typed in another base is written in decimal
     };
     using Function = std::function<std::optional<CheckFailure>(std::string_view text)>;
-    std::optional<Range> range{}; // of its number
-    Function function{};          // any other check, after the range
+    std::optional<Range> range{};  // of its number; message 11068
+    Function function{};           // any other check, after the range
+    std::vector<int> messageIds{}; // with which the function refuses
 };
 
 [[nodiscard]] FieldCheck numberIn(std::int64_t minimum, std::int64_t maximum,
@@ -76,11 +72,30 @@ struct FieldCheck {
 
 enum class Written { never, always, whileEnabled };
 
-// A check box, or one of the radio buttons of the form, in place of the field's label: the field is
-// written and checked only while it is ticked. Fields that follow each other can share one.
-struct Tick {
-    std::string button{}; // object name; empty: none
-    bool radio = false;
+// What besides itself decides whether a field takes part: a tick, a choice in a list, or both.
+struct EnabledBy {
+    // A check box, or one of the radio buttons of the form, in place of the field's label: the
+    // field is written and checked only while it is ticked. Fields that follow each other can share
+    // one. Object name; empty: none.
+    std::string tick{};
+    bool isRadio = false;
+    bool tickEnables = false; // unticked, the control is disabled
+    // A combo of the form: the control is enabled while the combo is, and has one of the codes.
+    std::string list{};
+    std::vector<std::string> codes{};
+    bool keepsUnchosen = false; // without a choice the control stays what it is; else disabled
+};
+
+[[nodiscard]] EnabledBy checkBox(const char* name);
+[[nodiscard]] EnabledBy radioButton(const char* name, bool tickEnables = false);
+[[nodiscard]] EnabledBy choiceIn(const char* list, std::vector<std::string> codes,
+                                 bool keepsUnchosen = false);
+
+// How a value is shown: through a function where it is not shown as it came; and the unit behind
+// the control.
+struct Shown {
+    std::string (*through)(const std::string& value) = nullptr;
+    const char* unit = nullptr;
 };
 
 inline constexpr std::size_t kNotRead = static_cast<std::size_t>(-1);
@@ -90,19 +105,20 @@ struct Field {
     int labelId = 0;       // message id of its label
     ControlKind kind = ControlKind::edit;
     Typing typing{};
-    std::size_t position = kNotRead; // of its value in the reply, or of its cell in the row
+    std::size_t position = kNotRead; // of its value: in the reply; in the row that a dialog edits
     ObjectName object{};
-    Codes codes{};
+    ValueMap codes{}; // of a combo, or of an edit that only shows
     std::optional<FieldCheck> check{};
     // Of what is never written, edits are read-only, and combos that replies fill are disabled.
     Written written = Written::never;
-    Tick tick{};
-    std::string (*show)(const std::string& value) = nullptr; // how a value is shown
-    std::string constant{};                                  // what a field without control writes
+    EnabledBy enabledBy{};
+    Shown show{};
+    std::string constant{}; // what a field without control writes
 };
 
 // A binding that is always written with the same value, at its place among the fields.
 [[nodiscard]] Field constant(ObjectName object, std::string value);
+[[nodiscard]] Field rowStatus(ObjectName object, RowStatus status = RowStatus::createAndGo);
 
 // An edit of an IPv4 address, checked as dottedQuad() and written while it is enabled.
 [[nodiscard]] Field addressField(const char* control, int labelId, std::size_t position,

@@ -51,12 +51,13 @@ void FormGrid::add(const std::vector<Field>& fields) {
 
 void FormGrid::addField(const Field& field) {
     if (field.kind == ControlKind::none) {
-        if (!field.tick.button.empty()) {
+        if (!field.enabledBy.tick.empty()) {
             place(makeTick(field), nullptr, false);
         }
         return;
     }
-    if (field.kind == ControlKind::memo) {
+    const bool isMemo = field.kind == ControlKind::memo || field.kind == ControlKind::listMemo;
+    if (isMemo) {
         newRow();
     }
     // Before the control: the order of making is the order of tabs.
@@ -68,25 +69,34 @@ void FormGrid::addField(const Field& field) {
         lastLabel_->setBuddy(&control);
         setCaption(*lastLabel_, field.labelId);
     }
-    place(caption, &control, field.kind == ControlKind::memo);
+    place(caption, &control, isMemo);
+    if (field.show.unit != nullptr) {
+        auto* unit = new QLabel(&parent_);
+        setCaption(*unit, QString::fromUtf8(field.show.unit));
+        unit->setObjectName(control.objectName() + QStringLiteral("Unit"));
+        beside(*unit);
+    }
 }
 
 QWidget* FormGrid::makeControl(const Field& field) {
     const bool readOnly = field.written == Written::never;
     if (field.kind == ControlKind::combo) {
         auto* combo = new QComboBox(&parent_);
-        if (field.codes.map != nullptr) {
-            fillCombo(*combo, *field.codes.map);
+        if (!field.codes.empty()) {
+            fillCombo(*combo, field.codes);
         }
         combo->setEnabled(!readOnly || field.position == kNotRead);
         return combo;
     }
-    if (field.kind == ControlKind::memo) {
+    if (field.kind == ControlKind::memo || field.kind == ControlKind::listMemo) {
         auto* memo = new QPlainTextEdit(&parent_);
         memo->setReadOnly(readOnly);
         memo->setTabChangesFocus(true);
         if (field.typing.bytes >= 0) {
             limitTyping(*memo, field.typing.bytes);
+        }
+        if (field.typing.characters >= 0) {
+            limitCharacters(*memo, field.typing.characters);
         }
         const int lines = memo->fontMetrics().lineSpacing() * kMemoLines;
         memo->setFixedHeight(lines + 2 * memo->frameWidth() + 10);
@@ -96,6 +106,9 @@ QWidget* FormGrid::makeControl(const Field& field) {
     edit->setReadOnly(readOnly);
     if (field.typing.bytes >= 0) {
         limitTyping(*edit, field.typing.bytes);
+    }
+    if (field.typing.characters >= 0) {
+        limitCharacters(*edit, field.typing.characters);
     }
     if (field.typing.digitsOnly) {
         digitsOnly(*edit);
@@ -131,22 +144,22 @@ void FormGrid::beside(QWidget& widget) {
 
 QWidget* FormGrid::makeTick(const Field& field) {
     QAbstractButton* tick = nullptr;
-    if (field.tick.radio) {
+    if (field.enabledBy.isRadio) {
         tick = new QRadioButton(&parent_);
         tick->setChecked(!hasRadio_);
         hasRadio_ = true;
     } else {
         tick = new QCheckBox(&parent_);
     }
-    tick->setObjectName(QString::fromStdString(field.tick.button));
+    tick->setObjectName(QString::fromStdString(field.enabledBy.tick));
     setCaption(*tick, field.labelId);
     return tick;
 }
 
 QWidget* FormGrid::makeCaption(const Field& field) {
     lastLabel_ = nullptr;
-    const bool shared = find(field.tick.button) != nullptr;
-    if (!field.tick.button.empty() && !shared) {
+    const bool shared = find(field.enabledBy.tick) != nullptr;
+    if (!field.enabledBy.tick.empty() && !shared) {
         tickLabelId_ = field.labelId;
         return makeTick(field);
     }
@@ -177,21 +190,6 @@ void FormGrid::place(QWidget* caption, QWidget* control, bool wholeRow) {
     lastPair_ = pair_;
     pair_ = wholeRow ? 0 : (pair_ + 1) % pairs_;
     row_ += pair_ == 0 ? 1 : 0;
-}
-
-void addUnit(QWidget& form, const char* control, const char* unit) {
-    auto* grid = static_cast<QGridLayout*>(form.layout());
-    const QString name = QString::fromLatin1(control);
-    int row = 0;
-    int column = 0;
-    int rows = 0;
-    int columns = 0;
-    grid->getItemPosition(grid->indexOf(form.findChild<QWidget*>(name)), &row, &column, &rows,
-                          &columns);
-    auto* label = new QLabel(&form);
-    setCaption(*label, QString::fromUtf8(unit));
-    label->setObjectName(name + QStringLiteral("Unit"));
-    grid->addWidget(label, row, column + 1);
 }
 
 void addNote(QWidget& form, int messageId) {

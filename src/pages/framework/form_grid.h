@@ -73,8 +73,6 @@ private:
     int lastPair_ = 0;
 };
 
-// The unit behind a control of a form.
-void addUnit(QWidget& form, const char* control, const char* unit);
 // A line of text, noteLabel, below a form of one pair.
 void addNote(QWidget& form, int messageId);
 

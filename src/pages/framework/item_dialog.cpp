@@ -18,7 +18,9 @@ const QColor kDialogColour(232, 240, 247);
 ItemDialog::ItemDialog(ListPage& page, ItemRules rules, int row)
     : QDialog(&page, Qt::Dialog | Qt::FramelessWindowHint),
       TitlePanel(new TitleBar(this, kDialogTitle)), WorkPanel(new QWidget(this)), page_(page),
-      rules_(std::move(rules)), buttons_(new QHBoxLayout) {
+      rules_(std::move(rules)), rowIndex_(page.mainTable->rowIndex(row)),
+      buttons_(new QHBoxLayout) {
+    setObjectName(QString::fromStdString(rules_.name));
     setFont(textFont());
     paintPlain(*this, kDialogColour);
     setCaption(*this, rules_.titleId);
@@ -26,7 +28,11 @@ ItemDialog::ItemDialog(ListPage& page, ItemRules rules, int row)
     TitlePanel->onClose = [this] { ClosePanelClick(); };
     new QVBoxLayout(WorkPanel);
     if (!rules_.fields.empty()) {
-        addFields(*new QWidget(WorkPanel), rules_.fields, rules_.pairs);
+        auto* area = new QWidget(WorkPanel);
+        addFields(*area, rules_.fields, rules_.pairs);
+        if (rules_.noteId != 0) {
+            addNote(*area, rules_.noteId);
+        }
     }
     buttons_->addStretch();
     if (rules_.ok.name != nullptr) {
@@ -69,12 +75,13 @@ void ItemDialog::bindWrite(WriteRequest& request) {
 }
 
 std::string ItemDialog::instance() const {
-    std::string instance = page_.session().OnuIndexText;
-    if (!rules_.fields.empty()) {
-        instance += '.';
-        instance += stateOf(*fields_.control(rules_.fields.front().control)).text;
+    const std::string& onu = page_.session().OnuIndexText;
+    if (rules_.instance == RowInstance::rowIndex) {
+        return onu + "." + rowIndex_;
     }
-    return instance;
+    return rules_.fields.empty()
+               ? onu
+               : onu + "." + stateOf(*fields_.control(rules_.fields.front().control)).text;
 }
 
 void ItemDialog::okBtnClick() {
@@ -88,13 +95,6 @@ void ItemDialog::okBtnClick() {
     }
 }
 
-void ItemDialog::reject() {
-    if (rules_.refreshesPage) {
-        page_.mainTable->clearRows();
-    }
-    QDialog::reject();
-}
-
 void ItemDialog::done(int result) {
     const bool closing = isVisible();
     QDialog::done(result);
@@ -104,9 +104,7 @@ void ItemDialog::done(int result) {
 }
 
 void ItemDialog::FormClose() {
-    if (rules_.refreshesPage) {
-        page_.refreshBtnClick();
-    }
+    page_.refreshBtnClick(); // which empties its table, too
 }
 
 void ItemDialog::refuse(const CheckFailure& failure, QWidget* focus) const {

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "pages/framework/list_page.h"
 
+#include "pages/framework/item_dialog.h"
+#include "snmp/row_status.h"
+
 #include <utility>
 
 #include <QVBoxLayout>
@@ -24,25 +27,74 @@ int ListPage::requireRow() {
     return row;
 }
 
-std::optional<ListPage::RowCopy> ListPage::rowToDelete(std::size_t instanceColumn,
-                                                       const std::string& what) {
+void ListPage::editRowsIn(const ItemRules& rules) {
+    makeDialog_ = [this, rules](int row) { return new ItemDialog(*this, rules, row); };
+}
+
+void ListPage::editRowsIn(std::function<ItemDialog*(int row)> make) {
+    makeDialog_ = std::move(make);
+}
+
+std::unique_ptr<ItemDialog> ListPage::makeDialog(int row) {
+    return std::unique_ptr<ItemDialog>(makeDialog_ ? makeDialog_(row) : nullptr);
+}
+
+void ListPage::openRow(int row) {
+    const auto dialog = makeDialog(row);
+    if (dialog->rules().registersWhenShown) {
+        registerWriteRoute(session(), itemType(), replyHandle());
+    }
+    dialog->exec();
+}
+
+void ListPage::deleteRowsBy(Deletion deletion) {
+    deletion_ = std::make_unique<const Deletion>(std::move(deletion));
+    deleteBtn =
+        addRequestButton("deleteBtn", deletion_->captionId, [this] { deleteSelectedRow(); });
+    cycle().addWriteButton(deleteBtn);
+}
+
+void ListPage::deleteSelectedRow() {
     const int row = requireRow();
     if (row < 0) {
-        return std::nullopt;
+        return;
     }
-    RowCopy copy{.row = row, .cells = mainTable->cells(row), .values = mainTable->values(row)};
-    if (copy.cells[instanceColumn].empty()) {
+    const RowCopy copy{mainTable->rowIndex(row), mainTable->cells(row), mainTable->values(row)};
+    const std::string instance =
+        deletion_->instance ? deletion_->instance(copy) : session().OnuIndexText + "." + copy.index;
+    if (instance.empty()) {
         refuse({message::noRowSelected}, mainTable);
-        return std::nullopt;
+        return;
     }
-    return confirmDelete(replyHandle(), what) ? std::optional(std::move(copy)) : std::nullopt;
+    if (deletion_->asks && !confirmDelete(replyHandle(), deletion_->what)) {
+        return;
+    }
+    if (deletion_->remembersRow) {
+        mainTable->rememberRow(row);
+    }
+    WriteRequest request = beginWrite();
+    if (!request) {
+        return;
+    }
+    for (const auto& [object, column, take] : deletion_->bindings) {
+        if (take == Deletion::Take::mac) {
+            request.bind({object}, bytesOfHex(copy.cells[column]), instance, kMacBytes);
+        } else {
+            const auto& texts = take == Deletion::Take::cell ? copy.cells : copy.values;
+            request.bind({object}, texts[column], instance);
+        }
+    }
+    request.bind(deletion_->rowStatus, rowStatusText(RowStatus::destroy), instance);
+    finishWrite(std::move(request));
 }
 
 void ListPage::configBtnClick() {
     const int row = requireRow();
     if (row >= 0) {
         mainTable->rememberRow(row);
-        openRow(row);
+        if (mayOpen()) {
+            openRow(row);
+        }
     }
 }
 
@@ -56,7 +108,7 @@ void ListPage::prepareRefresh() {
     mainTable->clearRows();
 }
 
-void ListPage::fillPage(const ReadResult& result) {
+void ListPage::showReply(const ReadResult& result) {
     const int row = mainTable->putReply(result);
     if (row >= 0) {
         rowArrived(row, result);

@@ -15,7 +15,6 @@ namespace onudesk {
 
 namespace {
 
-constexpr const char* kAllPorts = "all";
 constexpr std::int64_t kMostPorts = 255; // no ONU has more, whatever its reply says
 constexpr int kPortWidth = 80;
 
@@ -42,12 +41,8 @@ PortListPage::PortListPage(Session& session, std::int32_t itemType, PageRules ru
     static_cast<QVBoxLayout*>(listPanel->layout())->insertWidget(0, area);
 }
 
-bool PortListPage::showsAllPorts() const {
-    return portComb->currentText() == QLatin1String(kAllPorts);
-}
-
 std::string PortListPage::port() const {
-    return showsAllPorts() ? "1" : bytesOf(portComb->currentText());
+    return bytesOf(portComb->currentText());
 }
 
 void PortListPage::prepareRefresh() {
@@ -66,9 +61,6 @@ void PortListPage::fillPorts(const std::string& count) {
     const QSignalBlocker quiet(portComb);
     for (std::int64_t number = 1; number <= last; ++number) {
         portComb->addItem(QString::number(number));
-    }
-    if (last > 0 && ports_.offersAll) {
-        portComb->addItem(QString::fromLatin1(kAllPorts));
     }
 }
 

@@ -15,7 +15,6 @@ namespace onudesk {
 
 struct PortRules {
     std::size_t countPosition = 0; // of the ONU's number of ports in every reply
-    bool offersAll = false;        // behind the ports; what is read then is port 1
 };
 
 // Above the list stands portComb, which the first reply with a port count fills. A change of the
@@ -28,10 +27,9 @@ public:
 
     QComboBox* portComb = nullptr;
 
-    // "all" is chosen.
-    [[nodiscard]] bool showsAllPorts() const;
-    // The port of reads and writes: "1" for all, empty before the ports are known.
-    [[nodiscard]] std::string port() const;
+    [[nodiscard]] const PortRules& ports() const { return ports_; }
+    // The port of reads and writes, empty before the ports are known.
+    [[nodiscard]] virtual std::string port() const;
 
     void portCombChange() { refreshBtnClick(); }
 

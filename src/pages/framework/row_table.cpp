@@ -20,15 +20,85 @@ constexpr int kCellMargin = 12; // beside a text, both sides together
 constexpr int kWidestColumn = 260;
 
 std::string cellText(const Column& column, const std::string& value) {
-    if (column.map != nullptr) {
-        return column.map->textOf(value);
+    if (!column.codes.empty()) {
+        return column.codes.textOf(value);
     }
-    return column.show != nullptr ? column.show(value) : value;
+    return column.show ? column.show(value) : value;
 }
 
 } // namespace
 
-RowTable::RowTable(QWidget* parent) : QTableWidget(parent), painting_(new QTimer(this)) {
+Column instanceColumn(std::string prefix) {
+    return {.position = kWholeOid,
+            .show = [prefix = std::move(prefix)](
+                        const std::string& oid) { return instanceBelow(prefix, oid); },
+            .hidden = true};
+}
+
+void RowModel::setColumns(std::vector<Column> columns) {
+    beginResetModel();
+    columns_ = std::move(columns);
+    rows_.clear();
+    rowOfKey_.clear();
+    endResetModel();
+}
+
+int RowModel::put(Row row, const std::string& key) {
+    const int count = rowCount();
+    const int at = key.empty() ? count : rowOfKey_.try_emplace(key, count).first->second;
+    if (at == count) {
+        beginInsertRows({}, at, at);
+        rows_.push_back(std::move(row));
+        endInsertRows();
+    } else {
+        rows_[static_cast<std::size_t>(at)] = std::move(row);
+        Q_EMIT dataChanged(index(at, 0), index(at, columnCount() - 1));
+    }
+    return at;
+}
+
+void RowModel::clear() {
+    rowOfKey_.clear();
+    if (!rows_.empty()) {
+        beginRemoveRows({}, 0, rowCount() - 1);
+        rows_.clear();
+        endRemoveRows();
+    }
+}
+
+const RowModel::Row* RowModel::find(int row) const {
+    const auto at = static_cast<std::size_t>(row);
+    return 0 <= row && at < rows_.size() ? &rows_[at] : nullptr;
+}
+
+std::string RowModel::cell(const Row& row, std::size_t column) const {
+    return column < columns_.size() ? cellText(columns_[column], row.values[column])
+                                    : std::string();
+}
+
+int RowModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+}
+
+int RowModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(columns_.size());
+}
+
+QVariant RowModel::data(const QModelIndex& index, int role) const {
+    const Row* row = find(index.row());
+    return role == Qt::DisplayRole && row != nullptr
+               ? shown(cell(*row, static_cast<std::size_t>(index.column())))
+               : QVariant();
+}
+
+QVariant RowModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    const auto at = static_cast<std::size_t>(section);
+    return role == Qt::DisplayRole && orientation == Qt::Horizontal && at < columns_.size()
+               ? shown(messageText(columns_[at].titleId))
+               : QVariant();
+}
+
+RowTable::RowTable(QWidget* parent) : QTableView(parent), painting_(new QTimer(this)) {
     setObjectName(QStringLiteral("mainTable"));
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);
@@ -38,6 +108,7 @@ RowTable::RowTable(QWidget* parent) : QTableWidget(parent), painting_(new QTimer
     verticalHeader()->setDefaultSectionSize(kRowHeight);
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setHighlightSections(false);
+    setModel(&model_);
     painting_->setObjectName(QStringLiteral("PaintTimer"));
     painting_->setSingleShot(true);
     painting_->setInterval(kPaintMilliseconds);
@@ -45,15 +116,9 @@ RowTable::RowTable(QWidget* parent) : QTableWidget(parent), painting_(new QTimer
 }
 
 void RowTable::setColumns(std::vector<Column> columns) {
-    columns_ = std::move(columns);
-    setColumnCount(static_cast<int>(columns_.size()));
-    QStringList titles;
-    for (std::size_t at = 0; at < columns_.size(); ++at) {
-        titles << shown(messageText(columns_[at].titleId));
-        setColumnHidden(static_cast<int>(at), columns_[at].hidden);
-    }
-    setHorizontalHeaderLabels(titles);
-    for (int column = 0; column < columnCount(); ++column) {
+    model_.setColumns(std::move(columns));
+    for (int column = 0; column < model_.columnCount(); ++column) {
+        setColumnHidden(column, this->columns()[static_cast<std::size_t>(column)].hidden);
         const int titleWidth = horizontalHeader()->sectionSizeHint(column);
         setColumnWidth(column, std::max(columnWidth(column), titleWidth));
     }
@@ -68,38 +133,30 @@ void RowTable::widen(int column, const QString& text) {
 
 int RowTable::putReply(const ReadResult& result) {
     const std::string oid = result.oids.empty() ? std::string() : result.oids.front();
-    const std::string index = rowIndexOf(oid);
-    std::string key = index;
-    std::vector<std::string> cells;
-    std::vector<std::string> values;
-    cells.reserve(columns_.size());
-    values.reserve(columns_.size());
-    for (const Column& column : columns_) {
-        values.push_back(column.position == kRowIndex   ? index
-                         : column.position == kWholeOid ? oid
-                                                        : valueAt(result, column.position));
-        if (column.required && values.back().empty()) {
+    RowModel::Row row{rowIndexOf(oid), {}};
+    row.values.reserve(columns().size());
+    std::string key = row.index;
+    for (const Column& column : columns()) {
+        row.values.push_back(column.position == kRowIndex   ? row.index
+                             : column.position == kWholeOid ? oid
+                                                            : valueAt(result, column.position));
+        if (column.required && row.values.back().empty()) {
             return -1;
         }
-        cells.push_back(cellText(column, values.back()));
-        key = column.isKey ? cells.back() : key;
+        key = column.isKey ? cellText(column, row.values.back()) : key;
     }
-    const int row = rowOf(key);
-    if (row == rowCount()) {
-        insertRow(row);
-        rows_.resize(static_cast<std::size_t>(rowCount()));
-        paintLater(row);
+    const int count = rowCount();
+    const int at = model_.put(std::move(row), key);
+    if (at == count) {
+        paintLater(at);
     }
-    for (std::size_t at = 0; at < cells.size(); ++at) {
-        const QString text = shown(cells[at]);
-        setItem(row, static_cast<int>(at), new QTableWidgetItem(text));
-        widen(static_cast<int>(at), text);
+    for (int column = 0; column < model_.columnCount(); ++column) {
+        widen(column, model_.index(at, column).data().toString());
     }
-    rows_[static_cast<std::size_t>(row)] = {index, std::move(cells), std::move(values)};
     if (0 <= remembered_ && remembered_ < rowCount() && selectedRow() != remembered_) {
         selectRow(remembered_);
     }
-    return row;
+    return at;
 }
 
 // A new row makes the table paint all that can be seen. Of a flood of rows, those below need not.
@@ -115,39 +172,32 @@ void RowTable::paintNow() {
     viewport()->setUpdatesEnabled(true);
 }
 
-int RowTable::rowOf(const std::string& key) {
-    return key.empty() ? rowCount() : rowOfKey_.try_emplace(key, rowCount()).first->second;
-}
-
 void RowTable::clearRows() {
-    rowOfKey_.clear();
-    rows_.clear();
-    setRowCount(0);
+    model_.clear();
     paintNow();
 }
 
-const RowTable::Row* RowTable::find(int row) const {
-    const auto at = static_cast<std::size_t>(row);
-    return 0 <= row && at < rows_.size() ? &rows_[at] : nullptr;
-}
-
 std::string RowTable::cell(int row, std::size_t column) const {
-    const Row* found = find(row);
-    return found == nullptr || column >= found->cells.size() ? std::string() : found->cells[column];
+    const RowModel::Row* found = model_.find(row);
+    return found == nullptr ? std::string() : model_.cell(*found, column);
 }
 
 std::vector<std::string> RowTable::cells(int row) const {
-    const Row* found = find(row);
-    return found == nullptr ? std::vector<std::string>() : found->cells;
+    const RowModel::Row* found = model_.find(row);
+    std::vector<std::string> cells;
+    for (std::size_t column = 0; found != nullptr && column < columns().size(); ++column) {
+        cells.push_back(model_.cell(*found, column));
+    }
+    return cells;
 }
 
 std::vector<std::string> RowTable::values(int row) const {
-    const Row* found = find(row);
+    const RowModel::Row* found = model_.find(row);
     return found == nullptr ? std::vector<std::string>() : found->values;
 }
 
 std::string RowTable::rowIndex(int row) const {
-    const Row* found = find(row);
+    const RowModel::Row* found = model_.find(row);
     return found == nullptr ? std::string() : found->index;
 }
 
@@ -167,19 +217,19 @@ void RowTable::clearSelected() {
 
 void RowTable::keyPressEvent(QKeyEvent* event) {
     const int before = selectedRow();
-    QTableWidget::keyPressEvent(event);
+    QTableView::keyPressEvent(event);
     if (selectedRow() != before && onClick) {
         onClick();
     }
 }
 
 void RowTable::mousePressEvent(QMouseEvent* event) {
-    QTableWidget::mousePressEvent(event);
+    QTableView::mousePressEvent(event);
     pressedBeside_ = isBeside(*event);
 }
 
 void RowTable::mouseReleaseEvent(QMouseEvent* event) {
-    QTableWidget::mouseReleaseEvent(event);
+    QTableView::mouseReleaseEvent(event);
     if (pressedBeside_ && isBeside(*event)) {
         clearSelected();
     }
@@ -189,7 +239,7 @@ void RowTable::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void RowTable::mouseDoubleClickEvent(QMouseEvent* event) {
-    QTableWidget::mouseDoubleClickEvent(event);
+    QTableView::mouseDoubleClickEvent(event);
     if (isBeside(*event)) {
         clearSelected();
     }

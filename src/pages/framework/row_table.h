@@ -3,7 +3,7 @@
 // The table of a list page: columns as data, rows keyed, one row per reply.
 //
 //     mainTable->setColumns({{.titleId = 20018, .position = kRowIndex},
-//                            {.titleId = 20013, .position = 1, .map = &modes}});
+//                            {.titleId = 20013, .position = 1, .codes = modes}});
 //     mainTable->putReply(result);
 #pragma once
 
@@ -16,7 +16,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include <QTableWidget>
+#include <QAbstractTableModel>
+#include <QTableView>
 #include <QTimer>
 
 namespace onudesk {
@@ -29,20 +30,58 @@ inline constexpr std::size_t kWholeOid = static_cast<std::size_t>(-3);
 struct Column {
     int titleId = 0; // message id
     std::size_t position = kRowIndex;
-    const ValueMap* map = nullptr; // outlives the table; unknown codes show nothing
-    std::string (*show)(const std::string& value) = nullptr;
+    ValueMap codes{}; // unknown ones show nothing
+    std::function<std::string(const std::string& value)> show{};
     bool hidden = false;
     bool isKey = false;    // at most one; without one the row index is the key
     bool required = false; // a reply without this value gives no row
 };
 
+// A hidden column: what follows that prefix in the OID.
+[[nodiscard]] Column instanceColumn(std::string prefix);
+
+// The rows of a table: the values that replies brought. What cells show of them is made on demand.
+class RowModel : public QAbstractTableModel {
+    Q_OBJECT
+public:
+    using QAbstractTableModel::QAbstractTableModel;
+
+    struct Row {
+        std::string index;               // its number in its table on the agent
+        std::vector<std::string> values; // whole bytes, one per column
+    };
+
+    void setColumns(std::vector<Column> columns);
+    [[nodiscard]] const std::vector<Column>& columns() const { return columns_; }
+    // Adds the row or replaces the one that has its key; returns its place. An empty key is no key.
+    int put(Row row, const std::string& key);
+    void clear();
+    // Null when there is no such row.
+    [[nodiscard]] const Row* find(int row) const;
+    // Whole bytes of a cell as it is shown.
+    [[nodiscard]] std::string cell(const Row& row, std::size_t column) const;
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
+                                      int role) const override;
+
+private:
+    std::vector<Column> columns_;
+    std::vector<Row> rows_;
+    std::unordered_map<std::string, int> rowOfKey_;
+};
+
 // Report-style list with one selected row at most; a click beside the rows selects none.
-class RowTable : public QTableWidget {
+class RowTable : public QTableView {
     Q_OBJECT
 public:
     explicit RowTable(QWidget* parent);
 
     void setColumns(std::vector<Column> columns);
+    [[nodiscard]] const std::vector<Column>& columns() const { return model_.columns(); }
+    [[nodiscard]] int rowCount() const { return model_.rowCount(); }
     // Adds the reply's row, or replaces the one that has its key, and selects the remembered row.
     // Returns the row, or -1 when the reply lacks a required value.
     int putReply(const ReadResult& result);
@@ -72,15 +111,6 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
-    struct Row {
-        std::string index;
-        std::vector<std::string> cells; // whole bytes, whatever of them can be shown
-        std::vector<std::string> values;
-    };
-
-    [[nodiscard]] const Row* find(int row) const;
-    // The row with the key, or where a new one goes; an empty key is no key.
-    [[nodiscard]] int rowOf(const std::string& key);
     // Columns grow with their texts, but never shrink or become as wide as the window.
     void widen(int column, const QString& text);
     [[nodiscard]] bool isBeside(const QMouseEvent& event) const;
@@ -88,9 +118,7 @@ private:
     void paintLater(int row);
     void paintNow();
 
-    std::vector<Column> columns_;
-    std::vector<Row> rows_;
-    std::unordered_map<std::string, int> rowOfKey_;
+    RowModel model_;
     int remembered_ = -1;
     bool pressedBeside_ = false;
     QTimer* painting_ = nullptr; // runs while the rows are not painted

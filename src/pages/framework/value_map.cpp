@@ -6,45 +6,44 @@
 
 namespace onudesk {
 
-ValueMap::ValueMap(const std::vector<ValuePair>& pairs) {
-    for (const ValuePair& pair : pairs) {
-        addPair(pair.text, pair.value);
-    }
-    complete();
+ValueMap::ValueMap(std::vector<ValuePair> pairs) {
+    std::ranges::stable_sort(pairs, {}, &ValuePair::text);
+    *this = inOrder(std::move(pairs));
 }
 
-ValueMap ValueMap::numbers(int first, int last) {
+ValueMap ValueMap::inOrder(std::vector<ValuePair> pairs) {
     ValueMap map;
-    for (int number = first; number <= last; ++number) {
-        map.addPair(std::to_string(number), std::to_string(number));
-    }
+    map.pairs_ = std::make_shared<const std::vector<ValuePair>>(std::move(pairs));
     return map;
 }
 
-void ValueMap::addPair(std::string text, std::string value) {
-    entries_.try_emplace(text, value);
-    pairs_.push_back({std::move(text), std::move(value)});
-}
-
-void ValueMap::complete() {
-    for (const ValuePair& pair : pairs_) {
-        entries_.try_emplace(pair.value, pair.text);
+ValueMap ValueMap::numbers(int first, int last) {
+    std::vector<ValuePair> pairs;
+    for (int number = first; number <= last; ++number) {
+        pairs.push_back({std::to_string(number), std::to_string(number)});
     }
-    std::ranges::stable_sort(pairs_, {}, &ValuePair::text);
+    return inOrder(std::move(pairs));
 }
 
-std::optional<std::string> ValueMap::translate(const std::string& key) const {
-    const auto found = entries_.find(key);
-    return found == entries_.end() ? std::nullopt : std::optional(found->second);
+ValueMap ValueMap::keepingUnknown() const {
+    ValueMap map = *this;
+    map.keepsUnknown_ = true;
+    return map;
 }
 
-bool ValueMap::hasValue(const std::string& value) const {
-    return std::ranges::find(pairs_, value, &ValuePair::value) != pairs_.end();
+const std::vector<ValuePair>& ValueMap::pairs() const {
+    static const std::vector<ValuePair> none;
+    return pairs_ == nullptr ? none : *pairs_;
+}
+
+const ValuePair* ValueMap::find(const std::string& value) const {
+    const auto found = std::ranges::find(pairs(), value, &ValuePair::value);
+    return found == pairs().end() ? nullptr : &*found;
 }
 
 std::string ValueMap::textOf(const std::string& value) const {
-    const auto found = std::ranges::find(pairs_, value, &ValuePair::value);
-    return found == pairs_.end() ? std::string() : found->text;
+    const ValuePair* found = find(value);
+    return found == nullptr ? std::string() : found->text;
 }
 
 } // namespace onudesk

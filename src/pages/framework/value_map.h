@@ -6,8 +6,7 @@
 //     "1"}});
 #pragma once
 
-#include <map>
-#include <optional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -18,32 +17,36 @@ struct ValuePair {
     std::string value; // decimal text of the SNMP integer
 };
 
-// Display texts must not coincide with codes of other pairs. The pairs are kept beside the two-way
-// map, so that codes stay right when texts are missing or equal.
+// Never changes once it is made, so copies share one list. Texts may be missing or equal: codes
+// stay right all the same.
 class ValueMap {
 public:
+    // Of no codes at all.
     ValueMap() = default;
-    // All pairs, completed.
-    explicit ValueMap(const std::vector<ValuePair>& pairs);
+    // In the order in which boxes list them: that of the bytes of their texts.
+    explicit ValueMap(std::vector<ValuePair> pairs);
 
+    // In the order given.
+    [[nodiscard]] static ValueMap inOrder(std::vector<ValuePair> pairs);
     // The numbers from `first` to `last`, each its own display text, in their order.
     [[nodiscard]] static ValueMap numbers(int first, int last);
 
-    void addPair(std::string text, std::string value);
-    // Adds the reverse entry of every pair and sorts the pairs by the bytes of their texts.
-    void complete();
+    // The same codes, of which an unknown one leaves a control as it is; else it clears it.
+    [[nodiscard]] ValueMap keepingUnknown() const;
+    [[nodiscard]] bool keepsUnknown() const { return keepsUnknown_; }
 
-    // The other half of a pair: the text of a code or the code of a text.
-    [[nodiscard]] std::optional<std::string> translate(const std::string& key) const;
-    [[nodiscard]] bool hasValue(const std::string& value) const;
+    [[nodiscard]] bool empty() const { return pairs().empty(); }
+    [[nodiscard]] bool hasValue(const std::string& value) const { return find(value) != nullptr; }
     // The display text of a code, empty when the map does not have it.
     [[nodiscard]] std::string textOf(const std::string& value) const;
     // The rows of a combo, in order.
-    [[nodiscard]] const std::vector<ValuePair>& pairs() const { return pairs_; }
+    [[nodiscard]] const std::vector<ValuePair>& pairs() const;
 
 private:
-    std::map<std::string, std::string> entries_;
-    std::vector<ValuePair> pairs_;
+    [[nodiscard]] const ValuePair* find(const std::string& value) const;
+
+    std::shared_ptr<const std::vector<ValuePair>> pairs_;
+    bool keepsUnknown_ = false;
 };
 
 } // namespace onudesk

@@ -21,13 +21,13 @@ TOnuLTPonSet::TOnuLTPonSet(Session& session, std::int32_t itemType, QWidget* par
                 .labelId = 81701,
                 .kind = ControlKind::combo,
                 .object = {"vgonuworkponset"},
-                .codes = {&ports_},
+                .codes = ValueMap::numbers(1, 2),
                 .written = Written::always}});
     ponComb = fields().control<QComboBox>("ponComb");
     start();
 }
 
-void TOnuLTPonSet::fillPage(const ReadResult& result) {
+void TOnuLTPonSet::showReply(const ReadResult& result) {
     const bool isChoice = result.values.front() != kNoChoice;
     ponComb->setEnabled(isChoice);
     if (isChoice) {

@@ -17,10 +17,7 @@ public:
 
 protected:
     [[nodiscard]] bool mayWrite() override { return ponComb->isEnabled(); }
-    void fillPage(const ReadResult& result) override;
-
-private:
-    const ValueMap ports_ = ValueMap::numbers(1, 2);
+    void showReply(const ReadResult& result) override;
 };
 
 } // namespace onudesk

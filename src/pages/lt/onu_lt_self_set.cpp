@@ -43,16 +43,17 @@ TOnuLTSelfSet::TOnuLTSelfSet(Session& session, std::int32_t itemType, QWidget* p
                   .onFailedDecode = OnFailedDecode::disables,
                   .minimumValues = 3},
                  parent) {
-    QWidget* form = buildForm(
-        {timePart("hourEdit", 81301, 23),
-         timePart("minuteEdit", 81302, 59),
-         timePart("secondsEdit", 81303, 59),
-         {.control = "gateEdit",
-          .labelId = 81304,
-          .typing = {.bytes = 4},
-          .check = FieldCheck{.empty = EmptyText::blankTakesFocus, .function = checkThreshold},
-          .written = Written::always}});
-    addUnit(*form, "gateEdit", "V");
+    buildForm({timePart("hourEdit", 81301, 23),
+               timePart("minuteEdit", 81302, 59),
+               timePart("secondsEdit", 81303, 59),
+               {.control = "gateEdit",
+                .labelId = 81304,
+                .typing = {.bytes = 4},
+                .check = FieldCheck{.empty = EmptyText::blankTakesFocus,
+                                    .function = checkThreshold,
+                                    .messageIds = {message::outOfRange}},
+                .written = Written::always,
+                .show = {.unit = "V"}}});
     hourEdit = fields().control<QLineEdit>("hourEdit");
     minuteEdit = fields().control<QLineEdit>("minuteEdit");
     secondsEdit = fields().control<QLineEdit>("secondsEdit");
@@ -60,7 +61,7 @@ TOnuLTSelfSet::TOnuLTSelfSet(Session& session, std::int32_t itemType, QWidget* p
     start();
 }
 
-void TOnuLTSelfSet::fillPage(const ReadResult& result) {
+void TOnuLTSelfSet::showReply(const ReadResult& result) {
     if (const auto start = leadingNumber(result.values[0])) {
         setControlText(*hourEdit, std::to_string(*start / kHour));
         setControlText(*minuteEdit, std::to_string(*start % kHour / kMinute));
@@ -80,7 +81,7 @@ void TOnuLTSelfSet::bindWrite(WriteRequest& request) {
     request.bind({"vgonustarttime"}, std::to_string(start), onu);
     request.bind({"vgonuvalarmgate"}, tenthsOf(decimalNumber(stateOf(*gateEdit).text).value_or(0)),
                  onu);
-    request.bind({"valarmRowStatus"}, "4", onu);
+    request.bind({"valarmRowStatus"}, rowStatusText(RowStatus::createAndGo), onu);
 }
 
 } // namespace onudesk

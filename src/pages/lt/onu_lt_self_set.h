@@ -20,7 +20,7 @@ public:
 
 protected:
     void bindWrite(WriteRequest& request) override;
-    void fillPage(const ReadResult& result) override;
+    void showReply(const ReadResult& result) override;
 };
 
 } // namespace onudesk

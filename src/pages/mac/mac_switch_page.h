@@ -3,7 +3,6 @@
 
 #include "pages/framework/config_page.h"
 
-#include <cstdint>
 #include <string>
 
 #include <QComboBox>
@@ -17,21 +16,24 @@ struct MacSwitchRules {
     Field value{};    // position and writing are the same for all
 };
 
+// How many MAC addresses the ONU learns.
+[[nodiscard]] MacSwitchRules onuMacLimit();
+// How long the ONU keeps a MAC address that it no longer sees.
+[[nodiscard]] MacSwitchRules onuMacAge();
+
 // One number of the ONU that is switched off by writing 0.
 class MacSwitchPage : public ConfigPage {
     Q_OBJECT
 public:
-    QComboBox* enableComb = nullptr;
-
-    void enableCombChange();
-
-protected:
     MacSwitchPage(Session& session, std::int32_t itemType, MacSwitchRules rules, QWidget* parent);
 
-    void fillPage(const ReadResult& result) override;
+protected:
+    void showReply(const ReadResult& result) override;
 
 private:
-    const ValueMap switches_;
+    void enableCombChange();
+
+    QComboBox* enableComb_;
     QLineEdit* valueEdit_;
     std::string received_; // last value
 };

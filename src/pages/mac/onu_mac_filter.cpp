@@ -12,8 +12,8 @@ namespace {
 
 constexpr int kListFull = 3038;
 
-constexpr const char* kMacColumn = "1.3.6.1.4.1.27315.1.9.5.2.1.1";
-constexpr const char* kDeleted = "MAC"; // in the question
+constexpr const char* kMacColumn = "1.3.6.1.4.1.27315.1.9.5.2.1.1"; // without catalogue
+constexpr const char* kDeleted = "MAC";                             // in the question
 
 // Columns; the first two have the values of these positions.
 constexpr std::size_t kMac = 0;
@@ -24,10 +24,6 @@ constexpr std::size_t kFullPosition = 2; // in the reply
 constexpr const char* kMacObject = "onuMacBlackHoleMac";
 constexpr const char* kVlanObject = "onuMacBlackHoleVlan";
 constexpr const char* kRowStatusObject = "onuMacBlackHoleRowStatus";
-
-std::string instanceCell(const std::string& oid) {
-    return instanceBelow(kMacColumn, oid);
-}
 
 } // namespace
 
@@ -43,13 +39,20 @@ TOnuMacFilter::TOnuMacFilter(Session& session, std::int32_t itemType, QWidget* p
                parent) {
     mainTable->setColumns({{.titleId = 61901, .position = kMac, .show = macText},
                            {.titleId = 61902, .position = kVlan},
-                           {.position = kWholeOid, .show = instanceCell, .hidden = true}});
-    deleteBtn = addRequestButton("deleteBtn", 61907, [this] { deleteBtnClick(); });
-    start({}, {deleteBtn});
+                           instanceColumn(oidOf({kMacObject}, kMacColumn))});
+    editRowsIn([this](int /*row*/) { return new TOnuMacFilterItem(*this); });
+    deleteRowsBy({.captionId = 61907,
+                  .asks = true,
+                  .what = kDeleted,
+                  .remembersRow = false,
+                  .bindings = {{kMacObject, kMac, Deletion::Take::mac}, {kVlanObject, kVlan}},
+                  .rowStatus = {kRowStatusObject},
+                  .instance = [](const RowCopy& row) { return row.cells[kInstance]; }});
+    start();
 }
 
-void TOnuMacFilter::fillPage(const ReadResult& result) {
-    ListPage::fillPage(result);
+void TOnuMacFilter::showReply(const ReadResult& result) {
+    ListPage::showReply(result);
     listFull_ = leadingNumber(result.values[kFullPosition]) == 1;
 }
 
@@ -57,27 +60,14 @@ void TOnuMacFilter::configBtnClick() {
     if (listFull_) {
         refuse({kListFull}, mainTable);
     } else {
-        TOnuMacFilterItem(*this).exec();
-    }
-}
-
-void TOnuMacFilter::deleteBtnClick() {
-    const auto row = rowToDelete(kInstance, kDeleted);
-    if (!row) {
-        return;
-    }
-    if (WriteRequest request = beginWrite()) {
-        const std::string& instance = row->cells[kInstance];
-        request.bind({kMacObject}, bytesOfHex(row->cells[kMac]), instance, kMacBytes);
-        request.bind({kVlanObject}, row->cells[kVlan], instance);
-        request.bind({kRowStatusObject}, "6", instance);
-        finishWrite(std::move(request));
+        openRow(-1);
     }
 }
 
 TOnuMacFilterItem::TOnuMacFilterItem(TOnuMacFilter& page)
     : ItemDialog(page,
-                 {.titleId = 61903,
+                 {.name = "TOnuMacFilterItem",
+                  .titleId = 61903,
                   .fields = {{.control = "macMaskEdit",
                               .labelId = 61904,
                               .kind = ControlKind::mac,
@@ -90,7 +80,7 @@ TOnuMacFilterItem::TOnuMacFilterItem(TOnuMacFilter& page)
                               .object = {kVlanObject},
                               .check = numberIn(1, 4094),
                               .written = Written::always},
-                             constant({kRowStatusObject}, "4")},
+                             rowStatus({kRowStatusObject})},
                   .ok = {"OK", message::ok},
                   .cancel = {"Cancel", message::cancel}},
                  -1),

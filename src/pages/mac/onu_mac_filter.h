@@ -6,8 +6,6 @@
 
 #include <string>
 
-#include <QPushButton>
-
 namespace onudesk {
 
 // The MAC addresses whose frames the ONU drops. Entries are added and deleted, never changed.
@@ -16,14 +14,11 @@ class TOnuMacFilter : public ListPage {
 public:
     TOnuMacFilter(Session& session, std::int32_t itemType, QWidget* parent);
 
-    QPushButton* deleteBtn = nullptr;
-
     void configBtnClick() override; // adds
-    void deleteBtnClick();
     void mainTableDblClick() override {}
 
 protected:
-    void fillPage(const ReadResult& result) override;
+    void showReply(const ReadResult& result) override;
 
 private:
     bool listFull_ = false; // as the last row says

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "pages/management/onu_cpu_car.h"
 
-#include "onudesk/messages.h"
-
 namespace onudesk {
 
 TOnuCpuCar::TOnuCpuCar(Session& session, std::int32_t itemType, QWidget* parent)
@@ -31,11 +29,9 @@ void TOnuCpuCar::refreshBtnClick() {
     configBtn->setEnabled(mayConfigure);
 }
 
-void TOnuCpuCar::handleMessage(const platform::WindowMessage& message) {
-    if (message.number == WM_CODEPARA_READ_REPLY) {
-        digitsOnly(*cpuEdit);
-    }
-    ConfigPage::handleMessage(message);
+void TOnuCpuCar::handleReply(const ReadResult& result) {
+    digitsOnly(*cpuEdit);
+    ConfigPage::handleReply(result);
 }
 
 } // namespace onudesk

@@ -16,7 +16,9 @@ public:
     QLineEdit* cpuEdit = nullptr; // accepts digits only from the first reply on
 
     void refreshBtnClick() override;
-    void handleMessage(const platform::WindowMessage& message) override;
+
+protected:
+    void handleReply(const ReadResult& result) override;
 };
 
 } // namespace onudesk

@@ -2,6 +2,7 @@
 #include "pages/multicast/onu_control_multi.h"
 
 #include "env/language_module.h"
+#include "pages/framework/field_kinds.h"
 
 #include <utility>
 
@@ -16,7 +17,7 @@ constexpr int kPreview = 3101;
 
 constexpr const char* kMulticastMacs = "01:00:5e:"; // what their addresses begin with
 constexpr const char* kNewMac = "01:00:5E:  :  :  ";
-constexpr const char* kFirstColumn = "1.3.6.1.4.1.27315.1.9.6.3.1.1";
+constexpr const char* kFirstColumn = "1.3.6.1.4.1.27315.1.9.6.3.1.1"; // without catalogue
 
 // Columns; the shown ones have the first values of the reply.
 constexpr std::size_t kIndex = 0;
@@ -29,8 +30,8 @@ constexpr std::size_t kInstance = 4; // not shown
 constexpr std::size_t kPortCount = 4;
 constexpr std::size_t kControllable = 5;
 
-std::string rowInstance(const std::string& oid) {
-    return instanceBelow(kFirstColumn, oid);
+ValueMap types() {
+    return ValueMap({{messageText(kPermit), "0"}, {messageText(kPreview), "1"}});
 }
 
 } // namespace
@@ -41,19 +42,25 @@ TOnuControlMulti::TOnuControlMulti(Session& session, std::int32_t itemType, QWid
                     .config = {"cfgBtn", message::config},
                     .resultText = "maintable",
                     .minimumValues = 7},
-                   {.countPosition = kPortCount}, parent),
-      types_({{messageText(kPermit), "0"}, {messageText(kPreview), "1"}}) {
+                   {.countPosition = kPortCount}, parent) {
     mainTable->setColumns({{.titleId = 62101, .position = kIndex},
                            {.titleId = 62102, .position = kMac, .show = macText},
                            {.titleId = 62103, .position = kVlan},
-                           {.titleId = 62104, .position = kType, .map = &types_},
-                           {.position = kWholeOid, .show = rowInstance, .hidden = true}});
-    deleteBtn = addRequestButton("deleteBtn", message::remove, [this] { deleteBtnClick(); });
-    start({}, {deleteBtn});
+                           {.titleId = 62104, .position = kType, .codes = types()},
+                           instanceColumn(oidOf({"multiMacIndex"}, kFirstColumn))});
+    editRowsIn([this](int row) { return new TOnuControlMultiItem(*this, row); });
+    deleteRowsBy({.asks = true,
+                  .bindings = {{"multiMacIndex", kIndex},
+                               {"multiMac", kMac, Deletion::Take::mac},
+                               {"multiVlan", kVlan},
+                               {"multiType", kType, Deletion::Take::value}},
+                  .rowStatus = {"multiRowStatus"},
+                  .instance = [](const RowCopy& row) { return row.cells[kInstance]; }});
+    start();
 }
 
-void TOnuControlMulti::fillPage(const ReadResult& result) {
-    PortListPage::fillPage(result);
+void TOnuControlMulti::showReply(const ReadResult& result) {
+    PortListPage::showReply(result);
     controllable_ = leadingNumber(result.values[kControllable]) == 1;
 }
 
@@ -65,59 +72,28 @@ void TOnuControlMulti::configBtnClick() {
     }
 }
 
-void TOnuControlMulti::openRow(int row) {
-    TOnuControlMultiItem(*this, row).exec();
-}
-
-void TOnuControlMulti::deleteBtnClick() {
-    const auto row = rowToDelete(kInstance);
-    if (!row) {
-        return;
-    }
-    mainTable->rememberRow(row->row);
-    if (WriteRequest request = beginWrite()) {
-        const std::string& instance = row->cells[kInstance];
-        request.bind({"multiMacIndex"}, row->cells[kIndex], instance);
-        request.bind({"multiMac"}, bytesOfHex(row->cells[kMac]), instance, kMacBytes);
-        request.bind({"multiVlan"}, row->cells[kVlan], instance);
-        request.bind({"multiType"}, row->values[kType], instance);
-        request.bind({"multiRowStatus"}, "6", instance);
-        finishWrite(std::move(request));
-    }
-}
-
 TOnuControlMultiItem::TOnuControlMultiItem(TOnuControlMulti& page, int row)
-    : ItemDialog(page,
-                 {.titleId = 62105,
-                  .fields = {{.control = "portEdit", .labelId = message::portNumber},
-                             {.control = "indexEdit",
-                              .labelId = 62101,
-                              .position = kIndex,
-                              .object = {"multiMacIndex"},
-                              .written = Written::always},
-                             {.control = "macMaskEdit",
-                              .labelId = 62102,
-                              .kind = ControlKind::mac,
-                              .object = {"multiMac"},
-                              .written = Written::always},
-                             {.control = "vlanEdit",
-                              .labelId = 62106,
-                              .typing = {.digitsOnly = true},
-                              .position = kVlan,
-                              .object = {"multiVlan"},
-                              .check = numberIn(1, 4094),
-                              .written = Written::always},
-                             {.control = "typeComb",
-                              .labelId = 62107,
-                              .kind = ControlKind::combo,
-                              .position = kType,
-                              .object = {"multiType"},
-                              .codes = {&page.types()},
-                              .written = Written::always},
-                             constant({"multiRowStatus"}, "4")},
-                  .ok = {"OKBtn", message::ok},
-                  .cancel = {"CancelBtn", message::cancel}},
-                 row),
+    : ItemDialog(
+          page,
+          {.name = "TOnuControlMultiItem",
+           .titleId = 62105,
+           .fields = {{.control = "portEdit", .labelId = message::portNumber},
+                      {.control = "indexEdit",
+                       .labelId = 62101,
+                       .position = kIndex,
+                       .object = {"multiMacIndex"},
+                       .written = Written::always},
+                      {.control = "macMaskEdit",
+                       .labelId = 62102,
+                       .kind = ControlKind::mac,
+                       .object = {"multiMac"},
+                       .written = Written::always},
+                      numberField("vlanEdit", 62106, -1, kVlan, "multiVlan", numberIn(1, 4094)),
+                      comboField("typeComb", 62107, kType, "multiType", types()),
+                      rowStatus({"multiRowStatus"})},
+           .ok = {"OKBtn", message::ok},
+           .cancel = {"CancelBtn", message::cancel}},
+          row),
       macMaskEdit(fields().control<QLineEdit>("macMaskEdit")), page_(page),
       indexEdit_(fields().control<QLineEdit>("indexEdit")) {
     auto* portEdit = fields().control<QLineEdit>("portEdit");

@@ -5,7 +5,6 @@
 #include "pages/framework/port_list_page.h"
 
 #include <QLineEdit>
-#include <QPushButton>
 
 namespace onudesk {
 
@@ -16,19 +15,12 @@ class TOnuControlMulti : public PortListPage {
 public:
     TOnuControlMulti(Session& session, std::int32_t itemType, QWidget* parent);
 
-    QPushButton* deleteBtn = nullptr;
-
-    [[nodiscard]] const ValueMap& types() const { return types_; }
-
     void configBtnClick() override;
-    void deleteBtnClick();
 
 protected:
-    void openRow(int row) override;
-    void fillPage(const ReadResult& result) override;
+    void showReply(const ReadResult& result) override;
 
 private:
-    const ValueMap types_;
     bool controllable_ = false; // the port of the last row
 };
 

@@ -36,13 +36,11 @@ TOnuMultiIGMP::TOnuMultiIGMP(Session& session, std::int32_t itemType, QWidget* p
     mainTable->setColumns({{.titleId = message::portNumber, .required = true},
                            {.titleId = 62601, .position = 0},
                            {.titleId = 62602, .position = 1}});
-    start();
-}
-
-void TOnuMultiIGMP::otherReply(const ReadResult& result) {
-    if (result.resultText == "group1" && !result.values.empty()) {
+    editRowsIn([this](int row) { return new TOnuMultiIGMPItem(*this, row); });
+    onGroup("group1", [this](const ReadResult& result) {
         locked_ = leadingNumber(result.values.front()).value_or(0) != 0;
-    }
+    });
+    start();
 }
 
 void TOnuMultiIGMP::configBtnClick() {
@@ -53,14 +51,11 @@ void TOnuMultiIGMP::configBtnClick() {
     }
 }
 
-void TOnuMultiIGMP::openRow(int row) {
-    TOnuMultiIGMPItem(*this, row).exec();
-}
-
 TOnuMultiIGMPItem::TOnuMultiIGMPItem(TOnuMultiIGMP& page, int row)
     : ItemDialog(
           page,
-          {.titleId = 62604,
+          {.name = "TOnuMultiIGMPItem",
+           .titleId = 62604,
            .fields = {{.control = "portEdit", .labelId = message::portNumber, .position = kPort},
                       {.control = "maxGroupEdit",
                        .labelId = 62601,
@@ -69,47 +64,41 @@ TOnuMultiIGMPItem::TOnuMultiIGMPItem(TOnuMultiIGMP& page, int row)
                        .object = {"lanMultiMaxGrp"},
                        .check = numberIn(1, 255),
                        .written = Written::always,
-                       .tick = {.button = "maxGroupRabtn", .radio = true}},
+                       .enabledBy = radioButton("maxGroupRabtn", true)},
                       {.control = "vlanlistMemo",
                        .labelId = 62603,
-                       .kind = ControlKind::memo,
+                       .kind = ControlKind::listMemo,
                        .position = kVlans,
                        .object = {"lanMultiVlanList"},
                        .written = Written::always,
-                       .tick = {.button = "vlanlistRabtn", .radio = true}}},
+                       .enabledBy = radioButton("vlanlistRabtn", true)}},
            .ok = {"okBtn", message::okay}},
           row),
-      maxGroupEdit(fields().control<QLineEdit>("maxGroupEdit")),
-      vlanlistRabtn(fields().control<QRadioButton>("vlanlistRabtn")),
-      vlanlistMemo(fields().control<QPlainTextEdit>("vlanlistMemo")),
       deleteBtn(addButton("deleteBtn", message::remove, [this] { deleteBtnClick(); })), page_(page),
+      maxGroupEdit_(fields().control<QLineEdit>("maxGroupEdit")),
+      vlanlistRabtn_(fields().control<QRadioButton>("vlanlistRabtn")),
+      vlanlistMemo_(fields().control<QPlainTextEdit>("vlanlistMemo")),
       listed_(vlansOf(page.mainTable->cell(row, kVlans))) {
-    connect(vlanlistRabtn, &QRadioButton::toggled, this, &TOnuMultiIGMPItem::chooseVlanList);
-    chooseVlanList(false);
-}
-
-void TOnuMultiIGMPItem::chooseVlanList(bool chosen) {
-    maxGroupEdit->setEnabled(!chosen);
-    vlanlistMemo->setEnabled(chosen);
-    deleteBtn->setEnabled(chosen);
+    connect(vlanlistRabtn_, &QRadioButton::toggled, deleteBtn, &QWidget::setEnabled);
+    deleteBtn->setEnabled(false);
 }
 
 std::optional<std::set<int>> TOnuMultiIGMPItem::typedVlans() const {
-    const std::string text = stateOf(*vlanlistMemo).text;
+    const std::string text = stateOf(*vlanlistMemo_).text;
     std::optional<std::set<int>> vlans = parseVlanList(text);
     if (text.empty()) {
-        vlanlistMemo->setFocus();
+        vlanlistMemo_->setFocus();
     } else if (!vlans) {
-        refuse({kBadVlanList}, vlanlistMemo);
+        refuse({kBadVlanList}, vlanlistMemo_);
     } else if (vlans->size() > kMostVlans) {
-        refuse({kTooManyVlans}, vlanlistMemo);
+        refuse({kTooManyVlans}, vlanlistMemo_);
         vlans.reset();
     }
     return vlans;
 }
 
 bool TOnuMultiIGMPItem::mayWrite() {
-    if (!vlanlistRabtn->isChecked()) {
+    if (!vlanlistRabtn_->isChecked()) {
         return ItemDialog::mayWrite();
     }
     std::optional<std::set<int>> vlans = typedVlans();
@@ -117,18 +106,18 @@ bool TOnuMultiIGMPItem::mayWrite() {
         return false;
     }
     vlans->insert(listed_.begin(), listed_.end());
-    const std::int64_t maximum = leadingNumber(stateOf(*maxGroupEdit).text).value_or(0);
+    const std::int64_t maximum = leadingNumber(stateOf(*maxGroupEdit_).text).value_or(0);
     const bool fits = std::ssize(*vlans) <= maximum;
     if (!fits) {
-        refuse({.textId = kTooManyGroups, .after = std::to_string(maximum)}, vlanlistMemo);
+        refuse({.textId = kTooManyGroups, .after = std::to_string(maximum)}, vlanlistMemo_);
     }
     return fits;
 }
 
 void TOnuMultiIGMPItem::bindWrite(WriteRequest& request) {
     ItemDialog::bindWrite(request);
-    if (vlanlistRabtn->isChecked()) {
-        request.bind({"lanMultiRowStatus"}, "4", instance());
+    if (vlanlistRabtn_->isChecked()) {
+        request.bind({"lanMultiRowStatus"}, rowStatusText(RowStatus::createAndGo), instance());
     }
 }
 
@@ -139,7 +128,7 @@ void TOnuMultiIGMPItem::deleteBtnClick() {
     }
     if (WriteRequest request = page_.beginWrite()) {
         request.bind({"lanMultiVlanList"}, vlanListText(*vlans), instance());
-        request.bind({"lanMultiRowStatus"}, "6", instance());
+        request.bind({"lanMultiRowStatus"}, rowStatusText(RowStatus::destroy), instance());
         page_.finishWrite(std::move(request));
         accept();
     }

@@ -23,10 +23,6 @@ public:
 
     void configBtnClick() override;
 
-protected:
-    void openRow(int row) override;
-    void otherReply(const ReadResult& result) override;
-
 private:
     bool locked_ = false;
 };
@@ -37,9 +33,6 @@ class TOnuMultiIGMPItem : public ItemDialog {
 public:
     TOnuMultiIGMPItem(TOnuMultiIGMP& page, int row);
 
-    QLineEdit* maxGroupEdit = nullptr;
-    QRadioButton* vlanlistRabtn = nullptr;
-    QPlainTextEdit* vlanlistMemo = nullptr;
     QPushButton* deleteBtn = nullptr;
 
     void deleteBtnClick();
@@ -49,11 +42,13 @@ protected:
     void bindWrite(WriteRequest& request) override;
 
 private:
-    void chooseVlanList(bool chosen);
     // The VLANs of the memo; nothing after telling what is wrong with them.
     [[nodiscard]] std::optional<std::set<int>> typedVlans() const;
 
     TOnuMultiIGMP& page_;
+    QLineEdit* maxGroupEdit_;
+    QRadioButton* vlanlistRabtn_;
+    QPlainTextEdit* vlanlistMemo_;
     const std::set<int> listed_; // the port's VLANs
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "pages/multicast/onu_multicast_base.h"
-
 #include "env/language_module.h"
+#include "pages/framework/field_kinds.h"
+#include "pages/multicast/plain_pages.h"
 
 namespace onudesk {
 
@@ -11,26 +11,13 @@ constexpr int kControllable = 3116;
 
 } // namespace
 
-TOnuMulticastBase::TOnuMulticastBase(Session& session, std::int32_t itemType, QWidget* parent)
-    : ConfigPage(session, itemType,
-                 {.helpKeyId = 6227, .resultText = "maintable", .minimumValues = 2}, parent),
-      modes_({{"IGMP", "0"}, {messageText(kControllable), "1"}}),
-      fastLeave_({{messageText(message::off), "1"}, {messageText(message::on), "2"}}) {
-    buildForm({{.control = "modeComb",
-                .labelId = 62401,
-                .kind = ControlKind::combo,
-                .position = 0,
-                .object = {"onuMultiMode"},
-                .codes = {&modes_},
-                .written = Written::always},
-               {.control = "fastleaveComb",
-                .labelId = 62402,
-                .kind = ControlKind::combo,
-                .position = 1,
-                .object = {"onuMultiFastLeave"},
-                .codes = {&fastLeave_},
-                .written = Written::always}});
-    start();
+RecordPage onuMulticastBase() {
+    return {.rules = {.helpKeyId = 6227, .resultText = "maintable", .minimumValues = 2},
+            .fields = {comboField("modeComb", 62401, 0, "onuMultiMode",
+                                  ValueMap({{"IGMP", "0"}, {messageText(kControllable), "1"}})),
+                       comboField("fastleaveComb", 62402, 1, "onuMultiFastLeave",
+                                  ValueMap({{messageText(message::off), "1"},
+                                            {messageText(message::on), "2"}}))}};
 }
 
 } // namespace onudesk

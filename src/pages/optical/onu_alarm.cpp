@@ -1,25 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include "pages/optical/onu_alarm.h"
-
 #include "env/language_module.h"
+#include "pages/framework/field_kinds.h"
+#include "pages/optical/plain_pages.h"
 
 namespace onudesk {
 
-TOnuAlarm::TOnuAlarm(Session& session, std::int32_t itemType, QWidget* parent)
-    : ConfigPage(session, itemType,
-                 {.helpKeyId = 6258,
-                  .onDecoded = OnDecoded::followsFlag,
-                  .onFailedDecode = OnFailedDecode::disables},
-                 parent),
-      switches_({{messageText(message::off), "1"}, {messageText(message::on), "2"}}) {
-    buildForm({{.control = "enableComb",
-                .labelId = 66501,
-                .kind = ControlKind::combo,
-                .position = 0,
-                .object = {"onuOpmAlarmSwitch"},
-                .codes = {&switches_, UnknownCode::keeps},
-                .written = Written::always}});
-    start();
+RecordPage onuAlarm() {
+    const ValueMap switches({{messageText(message::off), "1"}, {messageText(message::on), "2"}});
+    return {.rules = {.helpKeyId = 6258,
+                      .onDecoded = OnDecoded::followsFlag,
+                      .onFailedDecode = OnFailedDecode::disables},
+            .fields = {comboField("enableComb", 66501, 0, "onuOpmAlarmSwitch",
+                                  switches.keepingUnknown())}};
 }
 
 } // namespace onudesk

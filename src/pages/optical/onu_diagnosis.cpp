@@ -34,36 +34,29 @@ TOnuDiagnosis::TOnuDiagnosis(Session& session, std::int32_t itemType, QWidget* p
                   .config = {},
                   .start = StartState::ready,
                   .refreshEmpties = true,
-                  .minimumValues = kAvailability + 1,
-                  .onWriteReply = OnWriteReply::ignored},
+                  .minimumValues = kAvailability + 1},
                  parent) {
-    buildReadings();
-    start();
-}
-
-void TOnuDiagnosis::buildReadings() {
     std::vector<Field> readings;
     for (const Reading& reading : kReadings) {
         const std::size_t position = readings.size();
         readings.push_back({.control = reading.control,
                             .labelId = kFirstLabel + static_cast<int>(position),
-                            .position = position});
+                            .position = position,
+                            .show = {.unit = reading.unit}});
     }
-    QWidget* form = buildForm(std::move(readings));
-    for (const Reading& reading : kReadings) {
-        addUnit(*form, reading.control, reading.unit);
-    }
+    buildForm(std::move(readings));
+    start();
 }
 
-bool TOnuDiagnosis::mayShow(const ReadResult& result) {
+void TOnuDiagnosis::showReply(const ReadResult& result) {
     const std::string& availability = result.values[kAvailability];
     const int notice = availability == "1" ? kNotSupported : availability == "2" ? kNoReadings : 0;
     if (notice == 0) {
-        return true;
+        ConfigPage::showReply(result);
+    } else {
+        fields().empty();
+        refuse({notice}, nullptr);
     }
-    fields().empty();
-    refuse({notice}, nullptr);
-    return false;
 }
 
 } // namespace onudesk

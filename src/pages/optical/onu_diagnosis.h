@@ -12,10 +12,7 @@ public:
     TOnuDiagnosis(Session& session, std::int32_t itemType, QWidget* parent);
 
 protected:
-    bool mayShow(const ReadResult& result) override;
-
-private:
-    void buildReadings();
+    void showReply(const ReadResult& result) override;
 };
 
 } // namespace onudesk

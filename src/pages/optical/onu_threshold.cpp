@@ -71,8 +71,8 @@ Field threshold(std::size_t position) {
             .position = position,
             .object = {object + (isLow ? "Low" : "High") + (isWarning ? "Warning" : "Alarm")},
             .written = Written::always,
-            .tick = {control + (isWarning ? "HWCheckBox" : "HACheckBox")},
-            .show = quantity.isPower ? inDbm : nullptr};
+            .enabledBy = {.tick = control + (isWarning ? "HWCheckBox" : "HACheckBox")},
+            .show = {quantity.isPower ? inDbm : nullptr}};
 }
 
 } // namespace
@@ -83,8 +83,7 @@ TOnuThreshold::TOnuThreshold(Session& session, std::int32_t itemType, QWidget* p
                   .onDecoded = OnDecoded::followsFlag,
                   .onFailedDecode = OnFailedDecode::disables,
                   .resultText = "maintable",
-                  .minimumValues = kLeastValues,
-                  .onWriteReply = OnWriteReply::refreshes},
+                  .minimumValues = kLeastValues},
                  parent) {
     std::vector<Field> thresholds;
     for (std::size_t position = 0; position < kRowStatus; ++position) {
@@ -102,7 +101,8 @@ void TOnuThreshold::configBtnClick() {
         return;
     }
     if (thresholdRowPending_) {
-        request.bind({"ThresholdRowStatus"}, "4", session().OnuIndexText);
+        request.bind({"ThresholdRowStatus"}, rowStatusText(RowStatus::createAndGo),
+                     session().OnuIndexText);
     } else if (bindThresholds(request) == 0) {
         configBtn->setEnabled(true);
         refuse({kNothingToWrite}, nullptr);
@@ -117,7 +117,7 @@ int TOnuThreshold::bindThresholds(WriteRequest& request) {
     for (std::size_t position = 0; position < kRowStatus; ++position) {
         const Field field = threshold(position);
         const std::string text = stateOf(*fields().control(field.control)).text;
-        if (fields().control<QCheckBox>(field.tick.button)->isChecked() &&
+        if (fields().control<QCheckBox>(field.enabledBy.tick)->isChecked() &&
             text.find_first_not_of(' ') != std::string::npos) {
             request.bind(field.object, text, session().OnuIndexText);
             ++writeCount;
@@ -153,12 +153,23 @@ bool TOnuThreshold::mayShow(const ReadResult& result) {
     return false;
 }
 
-void TOnuThreshold::fillPage(const ReadResult& /*result*/) {
-    thresholdRowPending_ = false;
+void TOnuThreshold::showReply(const ReadResult& result) {
+    if (mayShow(result)) {
+        ConfigPage::showReply(result);
+        thresholdRowPending_ = false;
+    }
 }
 
-void TOnuThreshold::otherReply(const ReadResult& /*result*/) {
-    thresholdRowPending_ = false;
+void TOnuThreshold::handleReply(const ReadResult& result) {
+    if (cycle().isOfOtherGroup(result)) {
+        thresholdRowPending_ = false;
+    }
+    ConfigPage::handleReply(result);
+}
+
+void TOnuThreshold::handleWriteReply(void* reply) {
+    refreshBtnClick();
+    BorrowedReply(session(), reply).giveBack();
 }
 
 // Before the box: replies come while it is open.

@@ -17,11 +17,14 @@ public:
     void configBtnClick() override;
 
 protected:
-    bool mayShow(const ReadResult& result) override;
-    void fillPage(const ReadResult& result) override;
-    void otherReply(const ReadResult& result) override;
+    void handleReply(const ReadResult& result) override;
+    void showReply(const ReadResult& result) override;
+    // Only reads again: what became of the write shows in its reply.
+    void handleWriteReply(void* reply) override;
 
 private:
+    // Ends the sequence of writes by the state of the row; false when the values are not shown.
+    [[nodiscard]] bool mayShow(const ReadResult& result);
     // Thresholds of ticked rows, but for blank ones. Returns how many there are.
     int bindThresholds(WriteRequest& request);
     void endSequence();

@@ -13,17 +13,11 @@ public:
 
 protected:
     void prepareRefresh() override;
-    void fillPage(const ReadResult& result) override;
-    void otherReply(const ReadResult& result) override;
+    void showReply(const ReadResult& result) override;
 
 private:
     // What the boxes say while no entry is selected.
     void nameUnselected(const QString& text);
-
-    const ValueMap types_;
-    const ValueMap protection_;
-    const ValueMap batteries_;
-    const ValueMap interfaces_;
 };
 
 } // namespace onudesk

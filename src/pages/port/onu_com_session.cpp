@@ -10,7 +10,9 @@ namespace onudesk {
 
 namespace {
 
-constexpr const char* kServer = "2"; // session types
+constexpr const char* kClient = "1"; // session types
+constexpr const char* kServer = "2";
+constexpr const char* kDatagrams = "3";
 constexpr const char* kNoSession = "0";
 constexpr int kFirstTitle = 76301; // of the columns, in their order
 constexpr std::size_t kComId = 0;  // positions in the reply
@@ -18,50 +20,51 @@ constexpr std::size_t kType = 1;
 
 // Rates as they are listed; the code of each is its place.
 ValueMap rateMap() {
-    ValueMap map;
-    int place = 0;
+    std::vector<ValuePair> rates;
     for (const char* rate : {"300", "600", "1200", "2400", "4800", "9600", "14400", "19200",
                              "38400", "57600", "115200"}) {
-        map.addPair(rate, std::to_string(place++));
+        rates.push_back({rate, std::to_string(rates.size())});
     }
-    return map;
+    return ValueMap::inOrder(std::move(rates));
 }
 
 // Without map the texts are the codes.
-Field choice(const char* control, std::size_t column, const char* object, const ValueMap* map) {
+Field choice(const char* control, std::size_t column, const char* object, const ValueMap& map) {
     return {.control = control,
             .labelId = kFirstTitle + static_cast<int>(column),
             .kind = ControlKind::combo,
             .object = {object},
-            .codes = {map},
+            .codes = map,
             .written = Written::always};
 }
 
 std::vector<Field> itemFields(const ComSessionMaps& maps) {
-    return {choice("comidComb", 0, "ComID", nullptr),
-            choice("typeComb", 1, "ComSessionType", &maps.types),
+    return {choice("comidComb", 0, "ComID", {}),
+            choice("typeComb", 1, "ComSessionType", maps.types),
             {.control = "ipEdit",
              .labelId = kFirstTitle + 2,
              .object = {"ComSessionDestIP"},
              .check = dottedQuad(),
-             .written = Written::whileEnabled},
+             .written = Written::whileEnabled,
+             .enabledBy = choiceIn("typeComb", {kClient, kDatagrams})}, // a server has none
             {.control = "portEdit",
              .labelId = 76311,
              .typing = {.digitsOnly = true},
              .object = {"ComSessionPort"},
              .check = numberIn(1, 65535),
              .written = Written::always},
-            choice("rateComb", 4, "ComSessionBaudrate", &maps.rates),
-            choice("parityComb", 5, "ComSessionParitytype", &maps.parities),
-            choice("dataComb", 6, "ComSessionDatabits", &maps.dataBits),
-            choice("stopComb", 7, "ComSessionStopbits", &maps.stopBits),
-            constant({"ComSessionRowStatus"}, "4")};
+            choice("rateComb", 4, "ComSessionBaudrate", maps.rates),
+            choice("parityComb", 5, "ComSessionParitytype", maps.parities),
+            choice("dataComb", 6, "ComSessionDatabits", maps.dataBits),
+            choice("stopComb", 7, "ComSessionStopbits", maps.stopBits),
+            rowStatus({"ComSessionRowStatus"})};
 }
 
 } // namespace
 
 ComSessionMaps::ComSessionMaps()
-    : types({{"tcpclient", "1"}, {"tcpserver", kServer}, {"udp", "3"}}), rates(rateMap()),
+    : types({{"tcpclient", kClient}, {"tcpserver", kServer}, {"udp", kDatagrams}}),
+      rates(rateMap()),
       parities({{"none", "0"}, {"even", "1"}, {"odd", "2"}, {"mark", "3"}, {"space", "4"}}),
       dataBits({{"5 (0)", "0"}, {"6 (1)", "1"}, {"7 (2)", "2"}, {"8 (3)", "3"}}),
       stopBits({{"1 (0)", "0"}, {"1.5 (1)", "1"}, {"2 (2)", "2"}}) {}
@@ -74,19 +77,24 @@ TOnuComSession::TOnuComSession(Session& session, std::int32_t itemType, QWidget*
                 .flagSetsRefresh = true,
                 .resultText = "maintable",
                 .minimumValues = 11},
-               parent),
-      deleteBtn(addRequestButton("deleteBtn", message::remove, [this] { deleteBtnClick(); })) {
+               parent) {
     mainTable->setColumns({{.titleId = kFirstTitle, .position = kComId},
-                           {.titleId = kFirstTitle + 1, .position = kType, .map = &maps_.types},
+                           {.titleId = kFirstTitle + 1, .position = kType, .codes = maps_.types},
                            {.titleId = kFirstTitle + 2, .position = 3},
                            {.titleId = kFirstTitle + 3, .position = 2},
-                           {.titleId = kFirstTitle + 4, .position = 4, .map = &maps_.rates},
-                           {.titleId = kFirstTitle + 5, .position = 5, .map = &maps_.parities},
-                           {.titleId = kFirstTitle + 6, .position = 6, .map = &maps_.dataBits},
-                           {.titleId = kFirstTitle + 7, .position = 7, .map = &maps_.stopBits},
+                           {.titleId = kFirstTitle + 4, .position = 4, .codes = maps_.rates},
+                           {.titleId = kFirstTitle + 5, .position = 5, .codes = maps_.parities},
+                           {.titleId = kFirstTitle + 6, .position = 6, .codes = maps_.dataBits},
+                           {.titleId = kFirstTitle + 7, .position = 7, .codes = maps_.stopBits},
                            {.titleId = kFirstTitle + 8, .position = 9},
                            {.titleId = kFirstTitle + 9, .position = 10}});
-    start({}, {deleteBtn});
+    editRowsIn([this](int /*row*/) { return new TOnuComSessionItem(*this); });
+    deleteRowsBy({.bindings = {{"ComID", kComId}},
+                  .rowStatus = {"ComSessionRowStatus"},
+                  .instance = [this](const RowCopy& row) {
+                      return this->session().OnuIndexText + "." + row.cells[kComId];
+                  }});
+    start();
 }
 
 void TOnuComSession::prepareRefresh() {
@@ -94,8 +102,8 @@ void TOnuComSession::prepareRefresh() {
     freeComIds_.clear();
 }
 
-void TOnuComSession::fillPage(const ReadResult& result) {
-    ListPage::fillPage(result);
+void TOnuComSession::showReply(const ReadResult& result) {
+    ListPage::showReply(result);
     if (result.values[kType] == kNoSession) {
         freeComIds_.insert(leadingNumber(result.values[kComId]).value_or(0));
     }
@@ -103,33 +111,17 @@ void TOnuComSession::fillPage(const ReadResult& result) {
 
 void TOnuComSession::configBtnClick() {
     if (!freeComIds_.empty()) {
-        TOnuComSessionItem(*this).exec();
-    }
-}
-
-void TOnuComSession::deleteBtnClick() {
-    const int row = requireRow();
-    if (row < 0) {
-        return;
-    }
-    mainTable->rememberRow(row);
-    if (WriteRequest request = beginWrite()) {
-        const std::string port = mainTable->cell(row, kComId);
-        const std::string instance = session().OnuIndexText + "." + port;
-        request.bind({"ComID"}, port, instance);
-        request.bind({"ComSessionRowStatus"}, "6", instance);
-        finishWrite(std::move(request));
+        openRow(-1);
     }
 }
 
 TOnuComSessionItem::TOnuComSessionItem(TOnuComSession& page)
     : ItemDialog(page,
-                 {.fields = itemFields(page.maps()),
+                 {.name = "TOnuComSessionItem",
+                  .fields = itemFields(page.maps()),
                   .ok = {"OKBtn", message::ok},
                   .cancel = {"CancelBtn", message::cancel}},
-                 -1),
-      typeComb(fields().control<QComboBox>("typeComb")),
-      ipEdit(fields().control<QLineEdit>("ipEdit")) {
+                 -1) {
     auto* comidComb = fields().control<QComboBox>("comidComb");
     for (const std::int64_t port : page.freeComIds()) {
         comidComb->addItem(QString::number(port));
@@ -140,12 +132,7 @@ TOnuComSessionItem::TOnuComSessionItem(TOnuComSession& page)
           Choice("parityComb", "none"), Choice("dataComb", "8 (3)"), Choice("stopComb", "1 (0)")}) {
         selectByText(*fields().control<QComboBox>(name), text);
     }
-    connect(typeComb, &QComboBox::activated, this, &TOnuComSessionItem::typeCombChange);
-    typeCombChange();
-}
-
-void TOnuComSessionItem::typeCombChange() {
-    ipEdit->setEnabled(selectedCode(*typeComb) != kServer);
+    fields().enable();
 }
 
 } // namespace onudesk

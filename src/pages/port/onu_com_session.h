@@ -24,19 +24,16 @@ class TOnuComSession : public ListPage {
 public:
     TOnuComSession(Session& session, std::int32_t itemType, QWidget* parent);
 
-    QPushButton* deleteBtn = nullptr;
-
     [[nodiscard]] const ComSessionMaps& maps() const { return maps_; }
     // The ports that replies since the last refresh named without session.
     [[nodiscard]] const std::set<std::int64_t>& freeComIds() const { return freeComIds_; }
 
     // Makes a session on a free port, whatever row is selected; without free port it does nothing.
     void configBtnClick() override;
-    void deleteBtnClick();
 
 protected:
     void prepareRefresh() override;
-    void fillPage(const ReadResult& result) override;
+    void showReply(const ReadResult& result) override;
 
 private:
     const ComSessionMaps maps_;
@@ -47,12 +44,6 @@ class TOnuComSessionItem : public ItemDialog {
     Q_OBJECT
 public:
     explicit TOnuComSessionItem(TOnuComSession& page);
-
-    QComboBox* typeComb = nullptr;
-    QLineEdit* ipEdit = nullptr;
-
-    // A server has no destination.
-    void typeCombChange();
 };
 
 } // namespace onudesk

@@ -2,6 +2,7 @@
 #include "pages/port/onu_encription.h"
 
 #include "env/language_module.h"
+#include "pages/framework/field_kinds.h"
 
 namespace onudesk {
 
@@ -21,20 +22,14 @@ TOnuEncription::TOnuEncription(Session& session, std::int32_t itemType, QWidget*
                   .onDecoded = OnDecoded::followsFlag,
                   .resultText = "maintable",
                   .minimumValues = 2},
-                 parent),
-      switches_({{messageText(message::off), "0"}, {messageText(message::on), kOn}}) {
-    buildForm({{.control = "enableComb",
-                .labelId = 64901,
-                .kind = ControlKind::combo,
-                .position = 0,
-                .object = {"onuEncrypEnable"},
-                .codes = {&switches_},
-                .written = Written::always}});
-    enableComb = fields().control<QComboBox>("enableComb");
+                 parent) {
+    const ValueMap switches({{messageText(message::off), "0"}, {messageText(message::on), kOn}});
+    buildForm({comboField("enableComb", 64901, 0, "onuEncrypEnable", switches)});
     start();
 }
 
-void TOnuEncription::fillPage(const ReadResult& result) {
+void TOnuEncription::showReply(const ReadResult& result) {
+    ConfigPage::showReply(result);
     state_ = leadingNumber(result.values[1]).value_or(0);
 }
 
@@ -42,7 +37,7 @@ bool TOnuEncription::mayWrite() {
     const int notice = state_ == kNoEncryption ? kNoEncryptionNotice
                        : state_ == kNoKeys     ? kNoKeysNotice
                                                : 0;
-    if (notice == 0 || selectedCode(*enableComb) != kOn) {
+    if (notice == 0 || selectedCode(*fields().control<QComboBox>("enableComb")) != kOn) {
         return true;
     }
     refuse({notice, {}, message::refusalCaption, platform::PromptIcon::information}, nullptr);

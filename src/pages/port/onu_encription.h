@@ -11,14 +11,11 @@ class TOnuEncription : public ConfigPage {
 public:
     TOnuEncription(Session& session, std::int32_t itemType, QWidget* parent);
 
-    QComboBox* enableComb = nullptr;
-
 protected:
     [[nodiscard]] bool mayWrite() override;
-    void fillPage(const ReadResult& result) override;
+    void showReply(const ReadResult& result) override;
 
 private:
-    const ValueMap switches_;
     std::int64_t state_ = 0; // of the last reply
 };
 

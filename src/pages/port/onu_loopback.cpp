@@ -1,27 +1,19 @@
 // SPDX-License-Identifier: MIT
-#include "pages/port/onu_loopback.h"
-
 #include "env/language_module.h"
+#include "pages/framework/field_kinds.h"
+#include "pages/port/plain_pages.h"
 
 namespace onudesk {
 
-TOnuLoopback::TOnuLoopback(Session& session, std::int32_t itemType, QWidget* parent)
-    : ConfigPage(session, itemType,
-                 {.helpKeyId = 6255,
-                  .onDecoded = OnDecoded::followsFlag,
-                  .onFailedDecode = OnFailedDecode::disables,
-                  .resultText = "maintable",
-                  .minimumValues = 1},
-                 parent),
-      switches_({{messageText(message::off), "0"}, {messageText(message::on), "1"}}) {
-    buildForm({{.control = "enableComb",
-                .labelId = 77201,
-                .kind = ControlKind::combo,
-                .position = 0,
-                .object = {"onuloopbackoam"},
-                .codes = {&switches_, UnknownCode::keeps},
-                .written = Written::always}});
-    start();
+RecordPage onuLoopback() {
+    const ValueMap switches({{messageText(message::off), "0"}, {messageText(message::on), "1"}});
+    return {.rules = {.helpKeyId = 6255,
+                      .onDecoded = OnDecoded::followsFlag,
+                      .onFailedDecode = OnFailedDecode::disables,
+                      .resultText = "maintable",
+                      .minimumValues = 1},
+            .fields = {
+                comboField("enableComb", 77201, 0, "onuloopbackoam", switches.keepingUnknown())}};
 }
 
 } // namespace onudesk

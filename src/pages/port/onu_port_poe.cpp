@@ -2,6 +2,7 @@
 #include "pages/port/onu_port_poe.h"
 
 #include "env/language_module.h"
+#include "pages/framework/field_kinds.h"
 
 namespace onudesk {
 
@@ -20,8 +21,12 @@ TOnuPortPoE::TOnuPortPoE(Session& session, std::int32_t itemType, QWidget* paren
       states_({{messageText(message::no), "0"}, {messageText(message::yes), "1"}}),
       modes_({{messageText(message::on), "0"}, {messageText(message::off), "1"}}) {
     mainTable->setColumns({{.titleId = message::portNumber},
-                           {.titleId = 88801, .position = kState, .map = &states_},
-                           {.titleId = 88802, .position = kMode, .map = &modes_}});
+                           {.titleId = 88801, .position = kState, .codes = states_},
+                           {.titleId = 88802, .position = kMode, .codes = modes_}});
+    editRowsIn({.name = "TOnuPortPoEItem",
+                .fields = {{.control = "portNoEdt", .labelId = message::portNumber, .position = 0},
+                           comboField("enableComb", 88802, 2, "onuportpoemode", modes_)},
+                .registersWhenShown = true});
     start();
 }
 
@@ -30,9 +35,9 @@ void TOnuPortPoE::prepareRefresh() {
     ListPage::prepareRefresh();
 }
 
-void TOnuPortPoE::fillPage(const ReadResult& result) {
+void TOnuPortPoE::showReply(const ReadResult& result) {
     if (modes_.hasValue(result.values[kMode]) && states_.hasValue(result.values[kState])) {
-        ListPage::fillPage(result);
+        ListPage::showReply(result);
     } else if (!poeUnsupported_) {
         poeUnsupported_ = true;
         refuse({kUnsupported}, nullptr);
@@ -52,23 +57,5 @@ void TOnuPortPoE::configBtnClick() {
     }
     ListPage::configBtnClick();
 }
-
-void TOnuPortPoE::openRow(int row) {
-    registerWriteRoute(session(), itemType(), replyHandle());
-    TOnuPortPoEItem(*this, row).exec();
-}
-
-TOnuPortPoEItem::TOnuPortPoEItem(TOnuPortPoE& page, int row)
-    : ItemDialog(
-          page,
-          {.fields = {{.control = "portNoEdt", .labelId = message::portNumber, .position = 0},
-                      {.control = "enableComb",
-                       .labelId = 88802,
-                       .kind = ControlKind::combo,
-                       .position = 2,
-                       .object = {"onuportpoemode"},
-                       .codes = {&page.modes()},
-                       .written = Written::always}}},
-          row) {}
 
 } // namespace onudesk

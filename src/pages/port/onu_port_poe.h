@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "pages/framework/item_dialog.h"
 #include "pages/framework/list_page.h"
 
 namespace onudesk {
@@ -12,25 +11,16 @@ class TOnuPortPoE : public ListPage {
 public:
     TOnuPortPoE(Session& session, std::int32_t itemType, QWidget* parent);
 
-    [[nodiscard]] const ValueMap& modes() const { return modes_; }
-
     void configBtnClick() override;
 
 protected:
-    void openRow(int row) override;
     void prepareRefresh() override;
-    void fillPage(const ReadResult& result) override;
+    void showReply(const ReadResult& result) override;
 
 private:
     const ValueMap states_;
     const ValueMap modes_;
     bool poeUnsupported_ = false; // a row since the last refresh had a code that there is not
-};
-
-class TOnuPortPoEItem : public ItemDialog {
-    Q_OBJECT
-public:
-    TOnuPortPoEItem(TOnuPortPoE& page, int row);
 };
 
 } // namespace onudesk

@@ -2,6 +2,7 @@
 #include "pages/port/onu_port_status.h"
 
 #include "env/language_module.h"
+#include "pages/port/port_maps.h"
 
 #include <QMouseEvent>
 
@@ -27,12 +28,27 @@ TOnuPortStatus::TOnuPortStatus(Session& session, std::int32_t itemType, QWidget*
     : ListPage(session, itemType,
                {.helpKeyId = 6219, .config = {"cfgBtn", message::config}, .minimumValues = 5},
                parent) {
+    const PortMaps maps;
     mainTable->setColumns({{.titleId = kFirstTitle, .required = true},
-                           {.titleId = kFirstTitle + 1, .position = 0, .map = &maps_.states},
-                           {.titleId = kFirstTitle + 2, .position = 1, .map = &maps_.flowControl},
-                           {.titleId = kFirstTitle + 3, .position = 2, .map = &maps_.switches},
-                           {.titleId = kFirstTitle + 4, .position = 3, .map = &maps_.switches},
+                           {.titleId = kFirstTitle + 1, .position = 0, .codes = maps.states},
+                           {.titleId = kFirstTitle + 2, .position = 1, .codes = maps.flowControl},
+                           {.titleId = kFirstTitle + 3, .position = 2, .codes = maps.switches},
+                           {.titleId = kFirstTitle + 4, .position = 3, .codes = maps.switches},
                            {.titleId = kFirstTitle + 5, .position = 4, .show = advertised}});
+    // Writes the one setting that is chosen.
+    editRowsIn({.name = "TOnuPortStatusItem",
+                .titleId = 61711,
+                .fields = {{.control = "IndexEdit",
+                            .labelId = kFirstTitle,
+                            .typing = {.bytes = 4},
+                            .position = 0},
+                           portSetting("flowconComb", "flowconRabtn", kFirstTitle + 2, 2,
+                                       "lanFlowControl", maps.flowControl),
+                           portSetting("shutdownComb", "shutdownRabtn", kFirstTitle + 3, 3,
+                                       "lanShutDown", maps.switches),
+                           portSetting("autonegComb", "autonegRabtn", kFirstTitle + 4, 4,
+                                       "lanautoNeg", maps.switches)},
+                .ok = {"okBtn", message::okay}});
     mainTable->setMouseTracking(true);
     mainTable->viewport()->installEventFilter(this);
     start();
@@ -55,25 +71,5 @@ void TOnuPortStatus::mainTableMouseMove(const QPoint& position) {
     }
     mainTable->setToolTip(hint);
 }
-
-void TOnuPortStatus::openRow(int row) {
-    TOnuPortStatusItem(*this, row).exec();
-}
-
-TOnuPortStatusItem::TOnuPortStatusItem(TOnuPortStatus& page, int row)
-    : ItemDialog(page,
-                 {.titleId = 61711,
-                  .fields = {{.control = "IndexEdit",
-                              .labelId = kFirstTitle,
-                              .typing = {.bytes = 4},
-                              .position = 0},
-                             portSetting("flowconComb", "flowconRabtn", kFirstTitle + 2, 2,
-                                         "lanFlowControl", page.maps().flowControl),
-                             portSetting("shutdownComb", "shutdownRabtn", kFirstTitle + 3, 3,
-                                         "lanShutDown", page.maps().switches),
-                             portSetting("autonegComb", "autonegRabtn", kFirstTitle + 4, 4,
-                                         "lanautoNeg", page.maps().switches)},
-                  .ok = {"okBtn", message::okay}},
-                 row) {}
 
 } // namespace onudesk

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pages/port/onu_port_status_p.h"
 
+#include "pages/port/port_maps.h"
+
 #include <utility>
 
 #include <QScrollBar>
@@ -22,16 +24,17 @@ TOnuPortStatusP::TOnuPortStatusP(Session& session, std::int32_t itemType, QWidge
                   .minimumValues = 5},
                  parent) {
     setObjectName(QStringLiteral("TOnuPortStatusP"));
+    const PortMaps maps;
     buildForm({
         {.control = "IndexEdit", .labelId = message::portNumber},
         {.control = "stateComb",
          .labelId = 61707,
          .kind = ControlKind::combo,
          .position = 0,
-         .codes = {&maps_.states, UnknownCode::keeps}},
-        portSetting("flowconComb", "flowconRabtn", 61708, 1, "lanFlowControl", maps_.flowControl),
-        portSetting("shutdownComb", "shutdownRabtn", 61709, 2, "lanShutDown", maps_.switches),
-        portSetting("autonegComb", "autonegRabtn", 61710, 3, "lanautoNeg", maps_.switches),
+         .codes = maps.states.keepingUnknown()},
+        portSetting("flowconComb", "flowconRabtn", 61708, 1, "lanFlowControl", maps.flowControl),
+        portSetting("shutdownComb", "shutdownRabtn", 61709, 2, "lanShutDown", maps.switches),
+        portSetting("autonegComb", "autonegRabtn", 61710, 3, "lanautoNeg", maps.switches),
         {.control = "noticeMemo", .labelId = 61712, .kind = ControlKind::memo},
     });
     IndexEdit = fields().control<QLineEdit>("IndexEdit");
@@ -45,7 +48,8 @@ void TOnuPortStatusP::prepareRefresh() {
     noticeMemo->clear();
 }
 
-void TOnuPortStatusP::fillPage(const ReadResult& result) {
+void TOnuPortStatusP::showReply(const ReadResult& result) {
+    ConfigPage::showReply(result);
     setControlText(*IndexEdit, std::to_string(session().SubIndex));
     for (const std::string& text : capabilities(result.values[kAdvertised])) {
         notices_ << (text == kNoCapability ? QString() : shown(text));
@@ -59,9 +63,8 @@ void TOnuPortStatusP::bindWrite(WriteRequest& request) {
 }
 
 void TOnuPortStatusP::configBtnClick() {
-    // The catalogue as it is now: this window may have been open for long.
-    const ObjectCatalogue now = loadCatalogue(itemType());
-    if (WriteRequest request(session(), now, itemType(), rules().group); request) {
+    reloadCatalogue();
+    if (WriteRequest request = newRequest()) {
         bindWrite(request);
         finishWrite(std::move(request));
     }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "pages/framework/config_page.h"
-#include "pages/port/port_maps.h"
 
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -25,10 +24,9 @@ public:
 protected:
     void bindWrite(WriteRequest& request) override;
     void prepareRefresh() override;
-    void fillPage(const ReadResult& result) override;
+    void showReply(const ReadResult& result) override;
 
 private:
-    const PortMaps maps_;
     QStringList notices_; // since the last refresh
 };
 

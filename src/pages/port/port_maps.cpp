@@ -55,9 +55,9 @@ Field portSetting(const char* control, const char* radio, int labelId, std::size
             .kind = ControlKind::combo,
             .position = position,
             .object = {object},
-            .codes = {&map, UnknownCode::keeps},
+            .codes = map.keepingUnknown(),
             .written = Written::always,
-            .tick = {.button = radio, .radio = true}};
+            .enabledBy = radioButton(radio)};
 }
 
 std::vector<std::string> capabilities(std::string_view value) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "pages/framework/item_dialog.h"
 #include "pages/framework/list_page.h"
 
 namespace onudesk {
@@ -12,21 +11,11 @@ class TOnuPortQinQ : public ListPage {
 public:
     TOnuPortQinQ(Session& session, std::int32_t itemType, QWidget* parent);
 
-    [[nodiscard]] const ValueMap& roles() const { return roles_; }
-
 protected:
-    void openRow(int row) override;
-    void otherReply(const ReadResult& result) override;
+    bool mayOpen() override;
 
 private:
-    const ValueMap roles_{{{"uplink", "1"}, {"customer", "2"}}};
     bool isQinQOn_ = false;
-};
-
-class TOnuPortQinQItem : public ItemDialog {
-    Q_OBJECT
-public:
-    TOnuPortQinQItem(TOnuPortQinQ& page, int row);
 };
 
 } // namespace onudesk

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "pages/qinq/onu_svlan_pass_through.h"
+#include "pages/qinq/svlan_page.h"
 
 namespace onudesk {
 
@@ -20,24 +20,20 @@ int refusalOf(const std::string& state) {
 
 } // namespace
 
-TOnuSVlanPassThrough::TOnuSVlanPassThrough(Session& session, std::int32_t itemType, QWidget* parent)
-    : SVlanPage(session, itemType,
-                {.helpKeyId = 6218,
-                 .minimumValues = 9,
-                 .numbers = {{"startvlanEdt", "QinQPassVlanStart", 64801, 64804},
-                             {"endvlanEdt", "QinQPassVlanEnd", 64802, 64805}},
-                 .otherRange = 3,
-                 .portBlocked = 6,
-                 .portCount = 8,
-                 .mode = 5,
-                 .modeRefusal = refusalOf,
-                 .rowStatus = "QinQPassRowStatus",
-                 .dialogTitleId = 64803,
-                 .typedBytes = 4},
-                parent) {}
-
-void TOnuSVlanPassThrough::openRow(int /*row*/) {
-    TOnuSVlanPassThroughItem(*this).exec();
+SVlanRules onuSVlanPassThrough() {
+    return {.helpKeyId = 6218,
+            .minimumValues = 9,
+            .numbers = {{"startvlanEdt", "QinQPassVlanStart", 64801, 64804},
+                        {"endvlanEdt", "QinQPassVlanEnd", 64802, 64805}},
+            .otherRange = 3,
+            .portBlocked = 6,
+            .portCount = 8,
+            .mode = 5,
+            .modeRefusal = refusalOf,
+            .dialogName = "TOnuSVlanPassThroughItem",
+            .rowStatus = "QinQPassRowStatus",
+            .dialogTitleId = 64803,
+            .typedBytes = 4};
 }
 
 } // namespace onudesk

@@ -3,6 +3,8 @@
 
 #include "env/language_module.h"
 
+#include <QRadioButton>
+
 namespace onudesk {
 
 namespace {
@@ -13,16 +15,17 @@ constexpr const char* kOff = "0";
 } // namespace
 
 TOnuSwichQinQ::TOnuSwichQinQ(Session& session, std::int32_t itemType, QWidget* parent)
-    : ConfigPage(session, itemType, {.helpKeyId = 6215, .minimumValues = 2}, parent),
-      modes_({{messageText(message::off), kOff}, {"static-QinQ", "1"}, {"flexible-QinQ", "2"}}) {
+    : ConfigPage(session, itemType, {.helpKeyId = 6215, .minimumValues = 2}, parent) {
+    const ValueMap modes(
+        {{messageText(message::off), kOff}, {"static-QinQ", "1"}, {"flexible-QinQ", "2"}});
     buildForm({{.control = "modeComb",
                 .labelId = 64501,
                 .kind = ControlKind::combo,
                 .position = 0,
                 .object = {"onuGlobalQinQMode"},
-                .codes = {&modes_},
+                .codes = modes,
                 .written = Written::always,
-                .tick = {.button = "modeRaBtn", .radio = true}},
+                .enabledBy = radioButton("modeRaBtn", true)},
                {.control = "outerTpidEdt",
                 .labelId = 64502,
                 .typing = {.bytes = 5, .digitsOnly = true},
@@ -30,20 +33,15 @@ TOnuSwichQinQ::TOnuSwichQinQ(Session& session, std::int32_t itemType, QWidget* p
                 .object = {"onuGlobalQinQOuterTpid"},
                 .check = numberIn(1501, 65535),
                 .written = Written::always,
-                .tick = {.button = "vlanRaBtn", .radio = true}}});
-    modeRaBtn = fields().control<QRadioButton>("modeRaBtn");
-    modeComb = fields().control<QComboBox>("modeComb");
-    vlanRaBtn = fields().control<QRadioButton>("vlanRaBtn");
-    outerTpidEdt = fields().control<QLineEdit>("outerTpidEdt");
-    outerTpidEdt->setEnabled(false);
-    connect(modeRaBtn, &QRadioButton::toggled, modeComb, &QWidget::setEnabled);
-    connect(vlanRaBtn, &QRadioButton::toggled, outerTpidEdt, &QWidget::setEnabled);
+                .enabledBy = radioButton("vlanRaBtn", true)}});
     start();
 }
 
 bool TOnuSwichQinQ::mayWrite() {
-    if (vlanRaBtn->isChecked() && selectedCode(*modeComb) == kOff) {
-        refuse({.textId = kQinQIsOff, .icon = platform::PromptIcon::information}, outerTpidEdt);
+    if (fields().control<QRadioButton>("vlanRaBtn")->isChecked() &&
+        selectedCode(*fields().control<QComboBox>("modeComb")) == kOff) {
+        refuse({.textId = kQinQIsOff, .icon = platform::PromptIcon::information},
+               fields().control("outerTpidEdt"));
         return false;
     }
     return ConfigPage::mayWrite();

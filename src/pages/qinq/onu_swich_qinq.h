@@ -3,10 +3,6 @@
 
 #include "pages/framework/config_page.h"
 
-#include <QComboBox>
-#include <QLineEdit>
-#include <QRadioButton>
-
 namespace onudesk {
 
 // How the ONU tags frames twice, and the protocol identifier of its outer tags. One of the two is
@@ -16,16 +12,8 @@ class TOnuSwichQinQ : public ConfigPage {
 public:
     TOnuSwichQinQ(Session& session, std::int32_t itemType, QWidget* parent);
 
-    QRadioButton* modeRaBtn = nullptr; // chosen at first
-    QComboBox* modeComb = nullptr;
-    QRadioButton* vlanRaBtn = nullptr;
-    QLineEdit* outerTpidEdt = nullptr;
-
 protected:
     bool mayWrite() override;
-
-private:
-    const ValueMap modes_;
 };
 
 } // namespace onudesk

@@ -43,8 +43,9 @@ std::vector<Field> fieldsOf(const SVlanPage& page) {
         fields[end].check->function = [&page](std::string_view vlan) {
             return page.isUsed(vlan) ? std::optional(CheckFailure{kVlanUsed}) : std::nullopt;
         };
+        fields[end].check->messageIds = {kVlanUsed};
     }
-    fields.push_back(constant({page.ranges().rowStatus}, "4"));
+    fields.push_back(rowStatus({page.ranges().rowStatus}));
     return fields;
 }
 
@@ -63,8 +64,15 @@ SVlanPage::SVlanPage(Session& session, std::int32_t itemType, SVlanRules ranges,
                    {.countPosition = ranges.portCount}, parent),
       ranges_(std::move(ranges)) {
     mainTable->setColumns(columns(ranges_));
-    deleteBtn = addRequestButton("deleteBtn", message::remove, [this] { deleteBtnClick(); });
-    start({}, {deleteBtn});
+    editRowsIn([this](int /*row*/) { return new SVlanItem(*this); });
+    Deletion deletion{.rowStatus = {ranges_.rowStatus}, .instance = [this](const RowCopy& row) {
+                          return this->session().OnuIndexText + "." + port() + "." + row.index;
+                      }};
+    for (const SVlanNumber& number : ranges_.numbers) {
+        deletion.bindings.push_back({number.object, deletion.bindings.size() + kFirst});
+    }
+    deleteRowsBy(std::move(deletion));
+    start();
 }
 
 void SVlanPage::prepareRefresh() {
@@ -106,27 +114,10 @@ void SVlanPage::configBtnClick() {
     openRow(-1);
 }
 
-void SVlanPage::deleteBtnClick() {
-    const int row = requireRow();
-    if (row < 0) {
-        return;
-    }
-    mainTable->rememberRow(row);
-    if (WriteRequest request = beginWrite()) {
-        const std::string instance =
-            session().OnuIndexText + "." + port() + "." + mainTable->rowIndex(row);
-        std::size_t column = kFirst;
-        for (const SVlanNumber& number : ranges_.numbers) {
-            request.bind({number.object}, mainTable->cell(row, column++), instance);
-        }
-        request.bind({ranges_.rowStatus}, "6", instance);
-        finishWrite(std::move(request));
-    }
-}
-
 SVlanItem::SVlanItem(SVlanPage& page)
     : ItemDialog(page,
-                 {.titleId = page.ranges().dialogTitleId,
+                 {.name = page.ranges().dialogName,
+                  .titleId = page.ranges().dialogTitleId,
                   .fields = fieldsOf(page),
                   .ok = {"okBtn", message::okay}},
                  -1),

@@ -14,8 +14,6 @@
 #include <string_view>
 #include <vector>
 
-#include <QPushButton>
-
 namespace onudesk {
 
 // A VLAN of a row: a column, an edit of the dialog, an object that is written.
@@ -38,10 +36,15 @@ struct SVlanRules {
     std::size_t portCount = 0;
     std::size_t mode = 0;
     int (*modeRefusal)(const std::string& mode) = nullptr; // message id; 0: ranges can be added
+    const char* dialogName = nullptr;
     const char* rowStatus = nullptr;
     int dialogTitleId = 0;
     int typedBytes = -1; // in the edits of the dialog
 };
+
+// The VLAN ranges of a port that get an outer VLAN, and those that pass untouched.
+[[nodiscard]] SVlanRules onuSVlanInsert();
+[[nodiscard]] SVlanRules onuSVlanPassThrough();
 
 // Config adds a range, whatever row is selected; Delete removes the selected one.
 class SVlanPage : public PortListPage {
@@ -49,15 +52,12 @@ class SVlanPage : public PortListPage {
 public:
     SVlanPage(Session& session, std::int32_t itemType, SVlanRules ranges, QWidget* parent);
 
-    QPushButton* deleteBtn = nullptr;
-
     [[nodiscard]] const SVlanRules& ranges() const { return ranges_; }
     [[nodiscard]] bool isUsed(std::string_view vlan) const { return used_.contains(vlan); }
     // The range that begins with this VLAN was added: its row is selected once it arrives.
     void setAdded(const std::string& firstVlan) { added_ = rowId(decimalOf(firstVlan, 10)); }
 
     void configBtnClick() override;
-    void deleteBtnClick();
 
 protected:
     void prepareRefresh() override;

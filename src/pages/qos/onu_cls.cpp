@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pages/qos/onu_cls.h"
 
+#include "pages/framework/field_kinds.h"
+
 #include <algorithm>
 
 #include <QGroupBox>
@@ -8,6 +10,8 @@
 namespace onudesk {
 
 namespace {
+
+constexpr const char* kAllPorts = "all";
 
 constexpr int kNothingChosen = 3021;
 constexpr int kSameRule = 11157;
@@ -91,16 +95,6 @@ std::vector<Column> columns() {
     return all;
 }
 
-Field rate(const char* control, const char* object, int labelId, std::size_t column) {
-    return {.control = control,
-            .labelId = labelId,
-            .typing = {.bytes = kDigits, .digitsOnly = true},
-            .position = column,
-            .object = {object},
-            .check = upTo(7),
-            .written = Written::always};
-}
-
 std::vector<Field> slotFields() {
     return {{.control = "portEdit", .labelId = message::portNumber},
             {.control = "clsEdit", .labelId = kFirstTitle, .position = kIndex},
@@ -109,13 +103,13 @@ std::vector<Field> slotFields() {
              .position = kIndex,
              .object = {"clsPrecedenceIndex"},
              .written = Written::always},
-            rate("QuemappedEdit", "clsQuemapped", 61319, 2),
-            rate("EthPriorityEdt", "clsEthPriority", 61320, 3),
+            numberField("QuemappedEdit", 61319, kDigits, 2, "clsQuemapped", upTo(7)),
+            numberField("EthPriorityEdt", 61320, kDigits, 3, "clsEthPriority", upTo(7)),
             {.labelId = 61321,
              .kind = ControlKind::none,
              .object = {"clsPhyPort"},
              .written = Written::always,
-             .tick = {"PhyPortChBox"},
+             .enabledBy = checkBox("PhyPortChBox"),
              .constant = "1"}};
 }
 
@@ -133,7 +127,7 @@ std::vector<Field> matchFields() {
                           .object = {"cls" + name},
                           .check = match.check,
                           .written = Written::whileEnabled,
-                          .tick = {name + "ChBox"}});
+                          .enabledBy = {.tick = name + "ChBox"}});
     }
     return fields;
 }
@@ -148,12 +142,29 @@ TOnuCls::TOnuCls(Session& session, std::int32_t itemType, QWidget* parent)
                     .onDecoded = OnDecoded::followsFlag,
                     .resultText = "maingroup",
                     .minimumValues = 18},
-                   {.countPosition = kPortCount, .offersAll = true}, parent) {
+                   {.countPosition = kPortCount}, parent) {
     mainTable->setColumns(columns());
     // Neither reads nor writes take it away.
     deleteBtn = makeButton(bottomPanel, "deleteBtn", message::remove, [this] { deleteBtnClick(); });
     buttonRow().insertWidget(1, deleteBtn);
+    editRowsIn([this](int row) { return new TOnuClsItem(*this, row); });
     start();
+}
+
+bool TOnuCls::showsAllPorts() const {
+    return portComb->currentText() == QLatin1String(kAllPorts);
+}
+
+std::string TOnuCls::port() const {
+    return showsAllPorts() ? "1" : PortListPage::port();
+}
+
+void TOnuCls::rowArrived(int row, const ReadResult& result) {
+    const bool isFilled = portComb->count() > 0;
+    PortListPage::rowArrived(row, result);
+    if (!isFilled && portComb->count() > 0) {
+        portComb->addItem(QString::fromLatin1(kAllPorts));
+    }
 }
 
 bool TOnuCls::isFilled(int row) const {
@@ -191,10 +202,6 @@ void TOnuCls::configBtnClick() {
     }
 }
 
-void TOnuCls::openRow(int row) {
-    TOnuClsItem(*this, row).exec();
-}
-
 void TOnuCls::deleteBtnClick() {
     const int row = requireRow();
     if (row < 0) {
@@ -209,16 +216,19 @@ void TOnuCls::deleteBtnClick() {
         // The ONU finds the rule by its precedence, whatever slot is named.
         const std::string slot = session().OnuIndexText + "." + port() + ".1";
         request.bind({"clsPrecedenceIndex"}, mainTable->cell(row, kPrecedence), slot);
-        request.bind({"clsRowStatus", "rowstat"}, "6", slot);
+        request.bind({"clsRowStatus", "rowstat"}, rowStatusText(RowStatus::destroy), slot);
         finishWrite(std::move(request));
     }
 }
 
 TOnuClsItem::TOnuClsItem(TOnuCls& page, int row)
-    : ItemDialog(
-          page,
-          {.titleId = 61317, .fields = slotFields(), .pairs = 2, .ok = {"OKBtn", message::ok}},
-          row),
+    : ItemDialog(page,
+                 {.name = "TOnuClsItem",
+                  .titleId = 61317,
+                  .fields = slotFields(),
+                  .pairs = 2,
+                  .ok = {"OKBtn", message::ok}},
+                 row),
       PhyPortChBox(fields().control<QCheckBox>("PhyPortChBox")), page_(page) {
     auto* matchGroup = new QGroupBox(WorkPanel);
     matchGroup->setObjectName(QStringLiteral("matchGroup"));
@@ -308,7 +318,7 @@ void TOnuClsItem::bindWrite(WriteRequest& request) {
     if (page_.showsAllPorts()) {
         request.bind({"clsAllPort"}, "1", instance());
     }
-    request.bind({"clsRowStatus", "rowstat"}, "4", instance());
+    request.bind({"clsRowStatus", "rowstat"}, rowStatusText(RowStatus::createAndGo), instance());
 }
 
 std::string TOnuClsItem::instance() const {

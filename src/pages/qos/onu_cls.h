@@ -10,7 +10,6 @@
 
 #include <QCheckBox>
 #include <QLineEdit>
-#include <QPushButton>
 
 namespace onudesk {
 
@@ -21,8 +20,9 @@ class TOnuCls : public PortListPage {
 public:
     TOnuCls(Session& session, std::int32_t itemType, QWidget* parent);
 
-    QPushButton* deleteBtn = nullptr;
-
+    // "all" is chosen behind the ports; reads and writes then name port 1.
+    [[nodiscard]] bool showsAllPorts() const;
+    [[nodiscard]] std::string port() const override;
     // A rule listed matches any traffic, or the fields of that signature: twelve texts in the order
     // of the columns, each with ";" behind it.
     [[nodiscard]] bool listsAnyRule() const;
@@ -32,7 +32,7 @@ public:
     void deleteBtnClick();
 
 protected:
-    void openRow(int row) override;
+    void rowArrived(int row, const ReadResult& result) override;
 
 private:
     [[nodiscard]] bool isFilled(int row) const;

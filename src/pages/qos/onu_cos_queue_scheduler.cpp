@@ -1,35 +1,22 @@
 // SPDX-License-Identifier: MIT
-#include "pages/qos/onu_cos_queue_scheduler.h"
+#include "pages/framework/field_kinds.h"
+#include "pages/qos/cos_of_row.h"
+#include "pages/qos/plain_pages.h"
 
 namespace onudesk {
 
-TOnuCOSQueueScheduler::TOnuCOSQueueScheduler(Session& session, std::int32_t itemType,
-                                             QWidget* parent)
-    : ListPage(session, itemType,
-               {.helpKeyId = 6232, .config = {"cfgBtn", message::config}, .minimumValues = 1},
-               parent) {
-    mainTable->setColumns(
-        {{.titleId = 65101, .show = cosOfRow}, {.titleId = 65102, .position = 0}});
-    start();
+TablePage onuCOSQueueScheduler() {
+    return {
+        .rules = {.helpKeyId = 6232, .config = {"cfgBtn", message::config}, .minimumValues = 1},
+        .columns = {{.titleId = 65101, .show = cosOfRow}, {.titleId = 65102, .position = 0}},
+        .dialog = {
+            .name = "TOnuCOSQueueSchedulerItem",
+            .titleId = 65103,
+            .fields =
+                {{.control = "cosEdit", .labelId = 65101, .typing = {.bytes = 4}, .position = 0},
+                 comboField("queueComb", 65102, 1, "onuQueueClass", ValueMap::numbers(0, 3))},
+            .ok = {"okBtn", message::okay},
+            .instance = RowInstance::rowIndex}};
 }
-
-void TOnuCOSQueueScheduler::openRow(int row) {
-    TOnuCOSQueueSchedulerItem(*this, row).exec();
-}
-
-TOnuCOSQueueSchedulerItem::TOnuCOSQueueSchedulerItem(TOnuCOSQueueScheduler& page, int row)
-    : CosItem(page,
-              {.titleId = 65103,
-               .fields =
-                   {{.control = "cosEdit", .labelId = 65101, .typing = {.bytes = 4}, .position = 0},
-                    {.control = "queueComb",
-                     .labelId = 65102,
-                     .kind = ControlKind::combo,
-                     .position = 1,
-                     .object = {"onuQueueClass"},
-                     .codes = {&page.queues()},
-                     .written = Written::always}},
-               .ok = {"okBtn", message::okay}},
-              row) {}
 
 } // namespace onudesk

@@ -4,9 +4,8 @@
 #include "env/language_module.h"
 
 #include <optional>
+#include <string>
 #include <utility>
-
-#include <QLineEdit>
 
 namespace onudesk {
 
@@ -21,44 +20,52 @@ constexpr const char* kBoth = "2";
 constexpr const char* kIngressObjects = "lanIngress";
 constexpr const char* kEgressObjects = "lanEgress";
 
-// Positions are columns of the page.
+ValueMap switches() {
+    return ValueMap({{messageText(message::off), "0"}, {messageText(message::on), kOn}});
+}
+
+// Of a direction, written while that direction is chosen. Positions are columns of the page.
 Field enabling(const char* control, int labelId, std::size_t position, const char* object,
-               const ValueMap& switches) {
+               const char* direction) {
     return {.control = control,
             .labelId = labelId,
             .kind = ControlKind::combo,
             .position = position,
             .object = {object},
-            .codes = {&switches},
-            .written = Written::always};
+            .codes = switches(),
+            .written = Written::always,
+            .enabledBy = choiceIn("choiceComb", {direction, kBoth})};
 }
 
 Field rate(const char* control, int labelId, std::size_t position, const char* object,
-           std::int64_t minimum, std::int64_t maximum) {
+           const char* enabling, std::int64_t minimum, std::int64_t maximum) {
     return {.control = control,
             .labelId = labelId,
             .typing = {.digitsOnly = true},
             .position = position,
             .object = {object},
             .check = numberIn(minimum, maximum, EmptyText::takesFocus),
-            .written = Written::whileEnabled};
+            .written = Written::whileEnabled,
+            .enabledBy = choiceIn(enabling, {kOn})};
 }
 
-std::vector<Field> itemFields(const TOnuLangress& page) {
+std::vector<Field> itemFields() {
+    const ValueMap directions(
+        {{messageText(3125), kIngress}, {messageText(3117), kEgress}, {messageText(3118), kBoth}});
     return {{.control = "IndexEdit", .labelId = 60709, .typing = {.bytes = 4}, .position = 0},
             {.control = "choiceComb",
              .labelId = 60710,
              .kind = ControlKind::combo,
-             .codes = {&page.directions()}},
-            constant({"lanIngressRowStatus", "rowstat"}, "4"),
-            enabling("enEnableComb", 60702, 1, "lanIngressEnable", page.switches()),
-            rate("inCirEdit", 60711, 2, "lanIngressCir", 64, 1024000),
-            rate("inCbsEdit", 60712, 3, "lanIngressCbs", 1523, 1000000),
-            rate("inEbsEdt", 60713, 4, "lanIngressEbs", 0, 1522),
-            constant({"lanEgressRowStatus", "rowstat"}, "4"),
-            enabling("exEnableComb", 60706, 5, "lanEgressEnable", page.switches()),
-            rate("exCirEdit", 60714, 6, "lanEgressCir", 64, 1024000),
-            rate("exPirEdit", 60715, 7, "lanEgressPir", 64, 1024000)};
+             .codes = directions},
+            rowStatus({"lanIngressRowStatus", "rowstat"}),
+            enabling("enEnableComb", 60702, 1, "lanIngressEnable", kIngress),
+            rate("inCirEdit", 60711, 2, "lanIngressCir", "enEnableComb", 64, 1024000),
+            rate("inCbsEdit", 60712, 3, "lanIngressCbs", "enEnableComb", 1523, 1000000),
+            rate("inEbsEdt", 60713, 4, "lanIngressEbs", "enEnableComb", 0, 1522),
+            rowStatus({"lanEgressRowStatus", "rowstat"}),
+            enabling("exEnableComb", 60706, 5, "lanEgressEnable", kEgress),
+            rate("exCirEdit", 60714, 6, "lanEgressCir", "exEnableComb", 64, 1024000),
+            rate("exPirEdit", 60715, 7, "lanEgressPir", "exEnableComb", 64, 1024000)};
 }
 
 } // namespace
@@ -70,72 +77,37 @@ TOnuLangress::TOnuLangress(Session& session, std::int32_t itemType, QWidget* par
                 .config = {"cfgBtn", message::config},
                 .resultText = "maingroup",
                 .minimumValues = 7},
-               parent),
-      switches_({{messageText(message::off), "0"}, {messageText(message::on), kOn}}),
-      directions_({{messageText(3125), kIngress},
-                   {messageText(3117), kEgress},
-                   {messageText(3118), kBoth}}) {
+               parent) {
     mainTable->setColumns({{.titleId = 60701},
-                           {.titleId = 60702, .position = 0, .map = &switches_},
+                           {.titleId = 60702, .position = 0, .codes = switches()},
                            {.titleId = 60703, .position = 1},
                            {.titleId = 60704, .position = 2},
                            {.titleId = 60705, .position = 3},
-                           {.titleId = 60706, .position = 4, .map = &switches_},
+                           {.titleId = 60706, .position = 4, .codes = switches()},
                            {.titleId = 60707, .position = 5},
                            {.titleId = 60708, .position = 6}});
+    editRowsIn([this](int row) { return new TOnuLangressItem(*this, row); });
     start();
-}
-
-void TOnuLangress::openRow(int row) {
-    TOnuLangressItem(*this, row).exec();
 }
 
 TOnuLangressItem::TOnuLangressItem(TOnuLangress& page, int row)
     : ItemDialog(page,
-                 {.titleId = 60716, .fields = itemFields(page), .ok = {"okBtn", message::okay}},
+                 {.name = "TOnuLangressItem",
+                  .titleId = 60716,
+                  .fields = itemFields(),
+                  .ok = {"okBtn", message::okay}},
                  row),
-      choiceComb(fields().control<QComboBox>("choiceComb")),
-      enEnableComb(fields().control<QComboBox>("enEnableComb")),
-      exEnableComb(fields().control<QComboBox>("exEnableComb")), page_(page) {
-    connect(choiceComb, &QComboBox::activated, this, &TOnuLangressItem::choiceCombChange);
-    connect(enEnableComb, &QComboBox::activated, this, &TOnuLangressItem::enEnableCombChange);
-    connect(exEnableComb, &QComboBox::activated, this, &TOnuLangressItem::exEnableCombChange);
-    selectOrClear(*choiceComb, kBoth);
-    choiceCombChange();
-}
-
-std::string TOnuLangressItem::direction() const {
-    return selectedCode(*choiceComb).value_or(kBoth);
-}
-
-void TOnuLangressItem::choiceCombChange() {
-    enEnableComb->setEnabled(direction() != kEgress);
-    exEnableComb->setEnabled(direction() != kIngress);
-    enEnableCombChange();
-    exEnableCombChange();
-}
-
-void TOnuLangressItem::enEnableCombChange() {
-    enableRates(*enEnableComb, {"inCirEdit", "inCbsEdit", "inEbsEdt"});
-}
-
-void TOnuLangressItem::exEnableCombChange() {
-    enableRates(*exEnableComb, {"exCirEdit", "exPirEdit"});
-}
-
-void TOnuLangressItem::enableRates(const QComboBox& enable,
-                                   std::initializer_list<const char*> edits) {
-    for (const char* edit : edits) {
-        fields().control<QLineEdit>(edit)->setEnabled(enable.isEnabled() &&
-                                                      selectedCode(enable) == kOn);
-    }
+      page_(page), choiceComb_(fields().control<QComboBox>("choiceComb")) {
+    selectOrClear(*choiceComb_, kBoth);
+    fields().enable();
 }
 
 void TOnuLangressItem::okBtnClick() {
     if (!mayWrite()) {
         return;
     }
-    const bool both = direction() == kBoth;
+    const std::string direction = selectedCode(*choiceComb_).value_or(kBoth);
+    const bool both = direction == kBoth;
     WriteRequest first = page_.newRequest();
     std::optional<WriteRequest> second;
     if (both) {
@@ -145,7 +117,7 @@ void TOnuLangressItem::okBtnClick() {
         return;
     }
     page_.markWriting();
-    fields().bind(first, instance(), direction() == kEgress ? kEgressObjects : kIngressObjects);
+    fields().bind(first, instance(), direction == kEgress ? kEgressObjects : kIngressObjects);
     page_.finishWrite(std::move(first));
     if (second) {
         fields().bind(*second, instance(), kEgressObjects);

@@ -4,9 +4,6 @@
 #include "pages/framework/item_dialog.h"
 #include "pages/framework/list_page.h"
 
-#include <initializer_list>
-#include <string>
-
 #include <QComboBox>
 
 namespace onudesk {
@@ -16,16 +13,6 @@ class TOnuLangress : public ListPage {
     Q_OBJECT
 public:
     TOnuLangress(Session& session, std::int32_t itemType, QWidget* parent);
-
-    [[nodiscard]] const ValueMap& switches() const { return switches_; }
-    [[nodiscard]] const ValueMap& directions() const { return directions_; }
-
-protected:
-    void openRow(int row) override;
-
-private:
-    const ValueMap switches_;
-    const ValueMap directions_;
 };
 
 // Writes one direction or both, each with a request of its own.
@@ -34,20 +21,11 @@ class TOnuLangressItem : public ItemDialog {
 public:
     TOnuLangressItem(TOnuLangress& page, int row);
 
-    QComboBox* choiceComb = nullptr;
-    QComboBox* enEnableComb = nullptr;
-    QComboBox* exEnableComb = nullptr;
-
-    void choiceCombChange();
-    void enEnableCombChange();
-    void exEnableCombChange();
     void okBtnClick() override;
 
 private:
-    [[nodiscard]] std::string direction() const;
-    void enableRates(const QComboBox& enable, std::initializer_list<const char*> edits);
-
     TOnuLangress& page_;
+    QComboBox* choiceComb_;
 };
 
 } // namespace onudesk

@@ -2,6 +2,7 @@
 #include "pages/qos/onu_queue_scheduler.h"
 
 #include "env/language_module.h"
+#include "pages/framework/field_kinds.h"
 
 #include <string>
 #include <string_view>
@@ -19,22 +20,18 @@ Field weight(const char* control, int labelId, int bytes) {
             .labelId = labelId,
             .typing = {.bytes = bytes, .digitsOnly = true},
             .check = numberIn(1, 15, EmptyText::takesFocus),
-            .written = Written::whileEnabled};
+            .written = Written::whileEnabled,
+            .enabledBy = choiceIn("modeComb", {kWeighted}, true)};
 }
 
 } // namespace
 
 TOnuQueueScheduler::TOnuQueueScheduler(Session& session, std::int32_t itemType, QWidget* parent)
-    : ConfigPage(session, itemType, {.helpKeyId = 6231, .minimumValues = 3}, parent),
-      modes_({{messageText(3113), "1"}, {messageText(3114), kWeighted}, {messageText(3115), "4"}}),
-      switches_({{messageText(message::off), "0"}, {messageText(message::on), "1"}}) {
-    buildForm({{.control = "modeComb",
-                .labelId = 65001,
-                .kind = ControlKind::combo,
-                .position = 0,
-                .object = {"onuQueueMode"},
-                .codes = {&modes_},
-                .written = Written::always},
+    : ConfigPage(session, itemType, {.helpKeyId = 6231, .minimumValues = 3}, parent) {
+    const ValueMap modes(
+        {{messageText(3113), "1"}, {messageText(3114), kWeighted}, {messageText(3115), "4"}});
+    const ValueMap switches({{messageText(message::off), "0"}, {messageText(message::on), "1"}});
+    buildForm({comboField("modeComb", 65001, 0, "onuQueueMode", modes),
                weight("queue0Edit", 65002, 5),
                weight("queue1Edit", 65003, 2),
                weight("queue2Edit", 65004, 2),
@@ -44,23 +41,23 @@ TOnuQueueScheduler::TOnuQueueScheduler(Session& session, std::int32_t itemType, 
                 .kind = ControlKind::combo,
                 .position = 2,
                 .object = {"onuQueueCosRemapStats"},
-                .codes = {&switches_},
+                .codes = switches,
                 .written = Written::always,
-                .tick = {"remapCheckB"}}});
-    modeComb = fields().control<QComboBox>("modeComb");
+                .enabledBy = checkBox("remapCheckB")}});
     for (std::size_t queue = 0; queue < queueEdits.size(); ++queue) {
         queueEdits[queue] =
             fields().control<QLineEdit>(std::string("queue") + std::to_string(queue) + "Edit");
         queueEdits[queue]->setEnabled(false);
     }
-    connect(modeComb, &QComboBox::activated, this, &TOnuQueueScheduler::modeCombChange);
+    // This list has no choice of its own to apply: it applies the mode anew.
     connect(fields().control<QComboBox>("enalbeComb"), &QComboBox::activated, this,
-            &TOnuQueueScheduler::modeCombChange);
+            [this] { fields().enable(); });
     start();
 }
 
 // Some ONUs report fewer weights; the other edits keep what they show.
-void TOnuQueueScheduler::fillPage(const ReadResult& result) {
+void TOnuQueueScheduler::showReply(const ReadResult& result) {
+    ConfigPage::showReply(result);
     std::string_view rest = textUpToZero(result.values[kWeights]);
     for (QLineEdit* edit : queueEdits) {
         if (rest.empty()) {
@@ -69,14 +66,6 @@ void TOnuQueueScheduler::fillPage(const ReadResult& result) {
         const std::size_t comma = rest.find(',');
         setControlText(*edit, rest.substr(0, comma));
         rest = comma == std::string_view::npos ? std::string_view() : rest.substr(comma + 1);
-    }
-    modeCombChange();
-}
-
-void TOnuQueueScheduler::modeCombChange() {
-    const auto mode = selectedCode(*modeComb);
-    for (QLineEdit* edit : queueEdits) {
-        edit->setEnabled(mode ? mode == kWeighted : edit->isEnabled());
     }
 }
 

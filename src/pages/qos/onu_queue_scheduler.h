@@ -5,7 +5,6 @@
 
 #include <array>
 
-#include <QComboBox>
 #include <QLineEdit>
 
 namespace onudesk {
@@ -17,18 +16,11 @@ class TOnuQueueScheduler : public ConfigPage {
 public:
     TOnuQueueScheduler(Session& session, std::int32_t itemType, QWidget* parent);
 
-    QComboBox* modeComb = nullptr;
     std::array<QLineEdit*, 4> queueEdits{}; // queue0Edit to queue3Edit
-
-    void modeCombChange();
 
 protected:
     void bindWrite(WriteRequest& request) override;
-    void fillPage(const ReadResult& result) override;
-
-private:
-    const ValueMap modes_;
-    const ValueMap switches_;
+    void showReply(const ReadResult& result) override;
 };
 
 } // namespace onudesk

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "pages/qos/onu_rate.h"
+#include "pages/qos/plain_pages.h"
 
-#include "pages/framework/form_grid.h"
+#include <cstddef>
+#include <iterator>
 
 namespace onudesk {
 
@@ -38,18 +39,17 @@ std::vector<Field> rateFields() {
                           .object = {rate.object},
                           .check = numberIn(255, 1000000, EmptyText::takesFocus),
                           .written = Written::always,
-                          .tick = {.button = rate.radio, .radio = true}});
+                          .enabledBy = radioButton(rate.radio)});
     }
     return fields;
 }
 
 } // namespace
 
-TOnuRate::TOnuRate(Session& session, std::int32_t itemType, QWidget* parent)
-    : ConfigPage(session, itemType, {.helpKeyId = 6222, .minimumValues = std::size(kRates)},
-                 parent) {
-    addNote(*buildForm(rateFields()), kNoLimitNote);
-    start();
+RecordPage onuRate() {
+    return {.rules = {.helpKeyId = 6222, .minimumValues = std::size(kRates)},
+            .fields = rateFields(),
+            .noteId = kNoLimitNote};
 }
 
 } // namespace onudesk

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "pages/qos/onu_repeat_cos_queue.h"
 
+#include "pages/framework/field_kinds.h"
+#include "pages/qos/cos_of_row.h"
+
 namespace onudesk {
 
 namespace {
@@ -18,37 +21,25 @@ TOnuRepeatCOSQueue::TOnuRepeatCOSQueue(Session& session, std::int32_t itemType, 
                parent) {
     mainTable->setColumns(
         {{.titleId = 65201, .show = cosOfRow}, {.titleId = 65202, .position = 0}});
+    editRowsIn(
+        {.name = "TOnuRepeatCOSQueueItem",
+         .titleId = 65203,
+         .fields =
+             {{.control = "oldcosEdit", .labelId = 65201, .typing = {.bytes = 4}, .position = 0},
+              comboField("newcosComb", 65202, 1, "onuQueueNewCos", ValueMap::numbers(0, 7))},
+         .ok = {"okBtn", message::okay},
+         .instance = RowInstance::rowIndex});
+    onGroup("group1", [this](const ReadResult& result) {
+        remapEnabled_ = leadingNumber(result.values.front()).value_or(0) != 0;
+    });
     start();
 }
 
-void TOnuRepeatCOSQueue::otherReply(const ReadResult& result) {
-    if (result.resultText == "group1" && !result.values.empty()) {
-        remapEnabled_ = leadingNumber(result.values.front()).value_or(0) != 0;
-    }
-}
-
-void TOnuRepeatCOSQueue::openRow(int row) {
-    if (remapEnabled_) {
-        TOnuRepeatCOSQueueItem(*this, row).exec();
-    } else {
+bool TOnuRepeatCOSQueue::mayOpen() {
+    if (!remapEnabled_) {
         refuse({kRemapIsOff}, mainTable);
     }
+    return remapEnabled_;
 }
-
-TOnuRepeatCOSQueueItem::TOnuRepeatCOSQueueItem(TOnuRepeatCOSQueue& page, int row)
-    : CosItem(
-          page,
-          {.titleId = 65203,
-           .fields =
-               {{.control = "oldcosEdit", .labelId = 65201, .typing = {.bytes = 4}, .position = 0},
-                {.control = "newcosComb",
-                 .labelId = 65202,
-                 .kind = ControlKind::combo,
-                 .position = 1,
-                 .object = {"onuQueueNewCos"},
-                 .codes = {&page.cosValues()},
-                 .written = Written::always}},
-           .ok = {"okBtn", message::okay}},
-          row) {}
 
 } // namespace onudesk

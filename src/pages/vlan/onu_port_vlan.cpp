@@ -2,7 +2,6 @@
 #include "pages/vlan/onu_port_vlan.h"
 
 #include "env/language_module.h"
-#include "onudesk/messages.h"
 #include "pages/vlan/onu_pvid_item.h"
 #include "pages/vlan/trunk_list.h"
 
@@ -66,11 +65,14 @@ TOnuPortVlan::TOnuPortVlan(Session& session, std::int32_t itemType, QWidget* par
                parent),
       modes_(modePairs(session.context.menuFileName)) {
     mainTable->setColumns({{.titleId = 61201, .position = kPort, .isKey = true},
-                           {.titleId = 61202, .position = kMode, .map = &modes_},
+                           {.titleId = 61202, .position = kMode, .codes = modes_},
                            {.titleId = 61203, .position = kDefaultVlan},
                            {.titleId = 61204, .position = kTpid, .show = tpidText},
                            {.titleId = 61205, .position = kTrunkList, .show = trunkText}});
     buildForm();
+    editRowsIn([this](int /*row*/) { return new TOnuPvidItem(*this); });
+    onGroup("vlan mode",
+            [this](const ReadResult& result) { onuVlanMode_ = result.values.front(); });
     start();
 }
 
@@ -100,12 +102,12 @@ void TOnuPortVlan::buildForm() {
     VlanListEdit->hide();
 }
 
-void TOnuPortVlan::fillPage(const ReadResult& result) {
+void TOnuPortVlan::showReply(const ReadResult& result) {
     ReadResult row = result;
     if (row.values[kMode] != kTrunk) {
         row.values[kTrunkList].clear();
     }
-    ListPage::fillPage(row);
+    ListPage::showReply(row);
     // What is edited is always the selected port, also when a row is selected again.
     const int selected = mainTable->selectedRow();
     if (selected >= 0 && mainTable->cell(selected, kPort) != stateOf(*portEdt).text) {
@@ -113,18 +115,12 @@ void TOnuPortVlan::fillPage(const ReadResult& result) {
     }
 }
 
-void TOnuPortVlan::handleMessage(const platform::WindowMessage& message) {
-    if (message.number == WM_CODEPARA_WRITE_REPLY && findChild<TOnuPvidItem*>() != nullptr) {
+void TOnuPortVlan::handleWriteReply(void* reply) {
+    if (findChild<TOnuPvidItem*>() != nullptr) {
         // The answer to a write of before: the dialog keeps the read route, and its end reads.
-        writeResultNotice(session(), replyHandle(), message.payload, {});
+        writeResultNotice(session(), replyHandle(), reply, {});
     } else {
-        ListPage::handleMessage(message);
-    }
-}
-
-void TOnuPortVlan::otherReply(const ReadResult& result) {
-    if (result.resultText == "vlan mode" && !result.values.empty()) {
-        onuVlanMode_ = result.values.front();
+        ListPage::handleWriteReply(reply);
     }
 }
 
@@ -181,7 +177,7 @@ void TOnuPortVlan::configBtnClick() {
     mainTable->rememberRow(row);
     selectedPort_ = mainTable->cell(row, kPort);
     if (mode() == kTranslation) {
-        TOnuPvidItem(*this).exec();
+        openRow(row);
     } else {
         checkAndWrite();
     }
@@ -215,7 +211,7 @@ void TOnuPortVlan::bindWrite(WriteRequest& request) {
         request.bind({"vlanDefault"}, stateOf(*vlanEdt).text, port);
     }
     request.bind({"vlanTpid"}, decimalOfHex(stateOf(*tpidEdit).text), port);
-    request.bind({"vlanRowStatus"}, "4", port);
+    request.bind({"vlanRowStatus"}, rowStatusText(RowStatus::createAndGo), port);
 }
 
 } // namespace onudesk

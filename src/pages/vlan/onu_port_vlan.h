@@ -34,13 +34,11 @@ public:
     void mainTableDblClick() override;
     void modeCombChange();
 
-    void handleMessage(const platform::WindowMessage& message) override;
-
 protected:
     bool mayWrite() override;
     void bindWrite(WriteRequest& request) override;
-    void fillPage(const ReadResult& result) override;
-    void otherReply(const ReadResult& result) override;
+    void showReply(const ReadResult& result) override;
+    void handleWriteReply(void* reply) override;
 
 private:
     void buildForm();

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "pages/vlan/onu_pvid_item.h"
 
-#include "onudesk/messages.h"
 #include "platform/desktop.h"
 #include "window/request.h"
 
@@ -18,7 +17,6 @@ using namespace std::chrono_literals;
 constexpr std::int64_t kLastVlan = 4094;
 constexpr std::size_t kLeastValues = 5;
 constexpr auto kBetweenWrites = 500ms;
-constexpr int kTimerMilliseconds = 4000;
 constexpr QSize kDialogSize(560, 420);
 
 // Columns, of which all but the first are positions of the reply, too.
@@ -39,16 +37,26 @@ std::string asItStands(const std::string& text) {
 } // namespace
 
 TOnuPvidItem::TOnuPvidItem(TOnuPortVlan& page)
-    : ItemDialog(page, {.titleId = 61208, .ok = {}}, -1), page_(page), registration_(*this) {
+    : ItemDialog(page, {.name = "TOnuPvidItem", .titleId = 61208, .ok = {}}, -1), page_(page),
+      cycle_(*this, page.session(), page.itemType(),
+             {.start = StartState::ready,
+              .onDecoded = OnDecoded::followsFlag,
+              .flagSetsRefresh = true,
+              .resultText = "group2",
+              .minimumValues = kLeastValues},
+             {.prepareRead =
+                  [this] {
+                      mainTable->clearRows();
+                      setPortSegment(page_.session(), stateOf(*portEdit).text);
+                  },
+              .handleReply = [this](const ReadResult& result) { handleReply(result); },
+              .handleWriteReply = [this](void* reply) { handleWriteReply(reply); }}) {
     buildTable();
     buildForm();
     buildButtons();
     resize(kDialogSize);
-    readPort(page.selectedPort());
-}
-
-TOnuPvidItem::~TOnuPvidItem() {
-    unregisterWindow(page_.session(), registration_.handle());
+    setPortSegment(page.session(), page.selectedPort());
+    cycle_.readFirst();
 }
 
 void TOnuPvidItem::buildTable() {
@@ -95,65 +103,23 @@ void TOnuPvidItem::buildButtons() {
     addBtn = addButton("addBtn", message::add, [this] { addBtnClick(); });
     deleteBtn = addButton("deleteBtn", message::remove, [this] { deleteBtnClick(); });
     refreshBtn = addButton("refreshBtn", message::refresh, [this] { refreshBtnClick(); });
-    Timer1 = new QTimer(this);
-    Timer1->setObjectName(QStringLiteral("Timer1"));
-    Timer1->setInterval(kTimerMilliseconds);
-    connect(Timer1, &QTimer::timeout, this, &TOnuPvidItem::Timer1Timer);
-}
-
-void TOnuPvidItem::enableRequests(bool enabled) {
+    cycle_.addRequestButton(addBtn);
+    cycle_.addRequestButton(deleteBtn);
+    cycle_.setRefreshButton(refreshBtn);
     for (QPushButton* button : {addBtn, deleteBtn, refreshBtn}) {
-        button->setEnabled(enabled);
+        cycle_.addWriteButton(button);
     }
 }
 
-void TOnuPvidItem::readPort(const std::string& port) {
-    registerReadRoute(page_.session(), page_.itemType(), registration_.handle());
-    setPortSegment(page_.session(), port);
-    sendReadRequest(page_.session(), page_.itemType());
+void TOnuPvidItem::handleWriteReply(void* reply) {
+    refreshBtnClick();
+    writeResultNotice(page_.session(), cycle_.handle(), reply, {});
 }
 
-void TOnuPvidItem::refreshBtnClick() {
-    enableRequests(false);
-    startTimer();
-    mainTable->clearRows();
-    readPort(stateOf(*portEdit).text);
-}
-
-void TOnuPvidItem::startTimer() {
-    if (!Timer1->isActive()) {
-        Timer1->start();
-    }
-}
-
-void TOnuPvidItem::Timer1Timer() {
-    refreshBtn->setEnabled(true);
-    Timer1->stop();
-}
-
-void TOnuPvidItem::handleMessage(const platform::WindowMessage& message) {
-    if (message.number == WM_CODEPARA_READ_REPLY) {
-        readReply(message.payload);
-    } else if (message.number == WM_CODEPARA_WRITE_REPLY) {
-        refreshBtnClick();
-        writeResultNotice(page_.session(), registration_.handle(), message.payload, {});
-    }
-}
-
-void TOnuPvidItem::readReply(void* reply) {
-    const ReadResult result = readDecode(page_.session(), reply);
-    if (!result.success) {
-        addBtn->setEnabled(true);
-        deleteBtn->setEnabled(true);
+void TOnuPvidItem::handleReply(const ReadResult& result) {
+    if (!cycle_.isShown(result)) {
         return;
     }
-    enableRequests(result.completed);
-    if (result.resultText == "group2" && result.values.size() >= kLeastValues) {
-        addRow(result);
-    }
-}
-
-void TOnuPvidItem::addRow(const ReadResult& result) {
     const int row = mainTable->putReply(result);
     if (selectsByValues_ && stateOf(*vlan1Edit).text == result.values[kOldVlan] &&
         stateOf(*vlan2Edit).text == result.values[kNewVlan]) {
@@ -239,7 +205,7 @@ void TOnuPvidItem::addBtnClick() {
     }
     selectsByValues_ = true;
     mainTable->rememberRow(-1);
-    writeTwice(entryRequest("1", decimalOfHex), "4");
+    writeTwice(entryRequest("1", decimalOfHex), RowStatus::createAndGo);
 }
 
 void TOnuPvidItem::deleteBtnClick() {
@@ -253,12 +219,11 @@ void TOnuPvidItem::deleteBtnClick() {
     }
     selectsByValues_ = false;
     mainTable->rememberRow(row);
-    writeTwice(entryRequest(mainTable->cell(row, kIndex), asItStands), "6");
+    writeTwice(entryRequest(mainTable->cell(row, kIndex), asItStands), RowStatus::destroy);
 }
 
-void TOnuPvidItem::writeTwice(WriteRequest entry, const char* rowStatus) {
-    const Session& session = page_.session();
-    unregisterWriteRoute(session, page_.itemType());
+void TOnuPvidItem::writeTwice(WriteRequest entry, RowStatus status) {
+    unregisterWriteRoute(page_.session(), page_.itemType());
     WriteRequest activation = page_.newRequest();
     if (!entry || !activation) {
         return;
@@ -267,14 +232,13 @@ void TOnuPvidItem::writeTwice(WriteRequest entry, const char* rowStatus) {
     if (!entry.post()) {
         return;
     }
-    enableRequests(false);
+    cycle_.disableForWrite();
     cancelBtn->setEnabled(false);
     platform::pause(kBetweenWrites);
     cancelBtn->setEnabled(true);
-    startTimer();
-    activation.bind({"vlanRowStatus"}, rowStatus, portInstance());
-    registerWriteRoute(session, page_.itemType(), registration_.handle());
-    activation.post();
+    cycle_.startTimer();
+    activation.bind({"vlanRowStatus"}, rowStatusText(status), portInstance());
+    cycle_.finishWrite(std::move(activation));
 }
 
 } // namespace onudesk

@@ -3,6 +3,8 @@
 
 #include "env/language_module.h"
 
+#include <QStyledItemDelegate>
+
 namespace onudesk {
 
 namespace {
@@ -16,6 +18,28 @@ constexpr std::size_t kUniTag = 4;
 
 constexpr const char* kEndMembership = "2"; // a tag
 
+// The sides as the membership of the PON side is written for them.
+ValueMap sides() {
+    return ValueMap({{"PON", "1"}, {"UNI", "0"}});
+}
+
+ValueMap tagging() {
+    return ValueMap({{"Tag", "0"}, {"UnTag", "1"}, {"delete", kEndMembership}});
+}
+
+class CentredDelegate : public QStyledItemDelegate {
+public:
+    explicit CentredDelegate(QObject* parent) : QStyledItemDelegate(parent) {
+        setObjectName(QStringLiteral("centred"));
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->displayAlignment = Qt::AlignCenter;
+    }
+};
+
 } // namespace
 
 TOnuVlanTable::TOnuVlanTable(Session& session, std::int32_t itemType, QWidget* parent)
@@ -25,19 +49,19 @@ TOnuVlanTable::TOnuVlanTable(Session& session, std::int32_t itemType, QWidget* p
                 .onDecoded = OnDecoded::followsFlag,
                 .resultText = "maintable",
                 .minimumValues = 5},
-               parent),
-      membership_({{messageText(message::yes), "1"}}) {
+               parent) {
+    const ValueMap membership({{messageText(message::yes), "1"}});
     mainTable->setColumns({{.titleId = 61101, .position = kVlan, .isKey = true},
-                           {.titleId = 61102, .position = kPon, .map = &membership_},
-                           {.titleId = 61103, .position = kPonTag, .map = &tagging_},
-                           {.titleId = 61104, .position = kUni, .map = &membership_},
-                           {.titleId = 61105, .position = kUniTag, .map = &tagging_}});
+                           {.titleId = 61102, .position = kPon, .codes = membership},
+                           {.titleId = 61103, .position = kPonTag, .codes = tagging()},
+                           {.titleId = 61104, .position = kUni, .codes = membership},
+                           {.titleId = 61105, .position = kUniTag, .codes = tagging()}});
+    mainTable->setItemDelegateForColumn(static_cast<int>(kPon), new CentredDelegate(mainTable));
+    editRowsIn([this](int row) { return new TOnuVlanItem(*this, row); });
     start();
 }
 
-void TOnuVlanTable::fillPage(const ReadResult& result) {
-    const int row = mainTable->putReply(result);
-    mainTable->item(row, kPon)->setTextAlignment(Qt::AlignCenter);
+void TOnuVlanTable::rowArrived(int row, const ReadResult& /*result*/) {
     if (addMode_ && mainTable->cell(row, kVlan) == lastVlan_) {
         mainTable->selectRow(row);
     }
@@ -47,12 +71,13 @@ void TOnuVlanTable::configBtnClick() {
     const int row = mainTable->selectedRow();
     addMode_ = row < 0;
     mainTable->rememberRow(row);
-    TOnuVlanItem(*this, row).exec();
+    openRow(row);
 }
 
 TOnuVlanItem::TOnuVlanItem(TOnuVlanTable& page, int row)
     : ItemDialog(page,
-                 {.titleId = 61109,
+                 {.name = "TOnuVlanItem",
+                  .titleId = 61109,
                   .fields = {{.control = "vlanIdEdt",
                               .labelId = 61106,
                               .typing = {4, true},
@@ -62,13 +87,12 @@ TOnuVlanItem::TOnuVlanItem(TOnuVlanTable& page, int row)
                              {.control = "portComb",
                               .labelId = 61107,
                               .kind = ControlKind::combo,
-                              .codes = {&page.sides()}},
+                              .codes = sides()},
                              {.control = "tagComb",
                               .labelId = 61108,
                               .kind = ControlKind::combo,
-                              .codes = {&page.tagging()}}},
-                  .ok = {"okBtn", message::okay},
-                  .refreshesPage = false},
+                              .codes = tagging()}},
+                  .ok = {"okBtn", message::okay}},
                  row),
       vlanIdEdt(fields().control<QLineEdit>("vlanIdEdt")),
       portComb(fields().control<QComboBox>("portComb")),
@@ -106,13 +130,14 @@ void TOnuVlanItem::bindWrite(WriteRequest& request) {
     const std::string vlan = stateOf(*vlanIdEdt).text;
     const std::string tag = selectedCode(*tagComb).value_or(std::string());
     const bool isPon = selectedCode(*portComb) == "1";
-    request.bind({"rowStatus", "rowstat"}, "4", instance());
+    const ObjectName status{"rowStatus", "rowstat"};
+    request.bind(status, rowStatusText(RowStatus::createAndGo), instance());
     request.bind({"vlanId"}, vlan, instance());
     request.bind({"pon"}, isPon ? "1" : "0", instance());
     request.bind({"uni"}, isPon ? "0" : "1", instance());
     request.bind({"port0Untag"}, isPon ? tag : "0", instance());
     request.bind({"port1Untag"}, isPon ? "0" : tag, instance());
-    request.bind({"rowStatus", "rowstat"}, "5", instance());
+    request.bind(status, rowStatusText(RowStatus::createAndWait), instance());
 }
 
 } // namespace onudesk

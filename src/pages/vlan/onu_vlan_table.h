@@ -18,21 +18,15 @@ class TOnuVlanTable : public ListPage {
 public:
     TOnuVlanTable(Session& session, std::int32_t itemType, QWidget* parent);
 
-    // The sides as the membership of the PON side is written for them.
-    [[nodiscard]] const ValueMap& sides() const { return sides_; }
-    [[nodiscard]] const ValueMap& tagging() const { return tagging_; }
     // The VLAN whose row is selected after it was added.
     void setLastVlan(const std::string& vlan) { lastVlan_ = vlan; }
 
     void configBtnClick() override;
 
 protected:
-    void fillPage(const ReadResult& result) override;
+    void rowArrived(int row, const ReadResult& result) override;
 
 private:
-    const ValueMap membership_;
-    const ValueMap sides_{{{"PON", "1"}, {"UNI", "0"}}};
-    const ValueMap tagging_{{{"Tag", "0"}, {"UnTag", "1"}, {"delete", "2"}}};
     bool addMode_ = false; // the dialog was opened without a row
     std::string lastVlan_;
 };
@@ -50,6 +44,8 @@ public:
 protected:
     bool mayWrite() override;
     void bindWrite(WriteRequest& request) override;
+    // The page reads again when the write is answered.
+    void FormClose() override {}
 
 private:
     void showRow(int row);

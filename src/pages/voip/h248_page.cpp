@@ -20,9 +20,11 @@ bool H248Page::runsH248() const {
     return lastVoiceProtocol_ == "0" || lastVoiceProtocol_ == "255";
 }
 
-bool H248Page::mayShow(const ReadResult& result) {
+void H248Page::showReply(const ReadResult& result) {
     lastVoiceProtocol_ = result.values[protocol_];
-    return runsH248();
+    if (runsH248()) {
+        VoicePage::showReply(result);
+    }
 }
 
 bool H248Page::mayWrite() {

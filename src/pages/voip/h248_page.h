@@ -19,7 +19,7 @@ public:
              std::size_t protocol, QWidget* parent);
 
 protected:
-    bool mayShow(const ReadResult& result) override;
+    void showReply(const ReadResult& result) override;
     bool mayWrite() override;
     bool mayDelete() override { return takesH248(); }
     // Whether the voice module runs H.248; if not, the operator is told.

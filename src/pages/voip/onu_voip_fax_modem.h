@@ -12,11 +12,7 @@ public:
     TOnuVoipFaxModem(Session& session, std::int32_t itemType, QWidget* parent);
 
 protected:
-    void fillPage(const ReadResult& result) override;
-
-private:
-    const ValueMap switches_;
-    const ValueMap modes_{{{"negotiation", "0"}, {"auto", "1"}}};
+    void showReply(const ReadResult& result) override;
 };
 
 } // namespace onudesk

@@ -12,15 +12,17 @@ constexpr const char* kByDomain = "1";
 } // namespace
 
 TOnuVoipH248::TOnuVoipH248(Session& session, std::int32_t itemType, QWidget* parent)
-    : H248Page(session, itemType, voiceRules(6263, 14), "H248ParamRowStatus", 13, parent),
-      active_({{"backup", "0"}, {"primary", "1"}, {messageText(message::unsupported), "255"}}),
-      heartbeats_({{messageText(message::off), "0"}, {messageText(message::on), "1"}}),
-      states_({{"registering", "0"},
-               {"registered", "1"},
-               {"IAD fault", "2"},
-               {"logout", "3"},
-               {"rebooting", "4"},
-               {messageText(message::unsupported), "255"}}) {
+    : H248Page(session, itemType, voiceRules(6263, 14), "H248ParamRowStatus", 13, parent) {
+    const ValueMap active(
+        {{"backup", "0"}, {"primary", "1"}, {messageText(message::unsupported), "255"}});
+    const ValueMap registrations({{"IP", "0"}, {"Domain", kByDomain}, {"Device", "2"}});
+    const ValueMap heartbeats({{messageText(message::off), "0"}, {messageText(message::on), "1"}});
+    const ValueMap states({{"registering", "0"},
+                           {"registered", "1"},
+                           {"IAD fault", "2"},
+                           {"logout", "3"},
+                           {"rebooting", "4"},
+                           {messageText(message::unsupported), "255"}});
     buildForm(
         {voiceNumber("mgEdit", 82401, 5, 0, "H248ParamMGPortNo", needed(0, 65535)),
          addressField("mgcIpEdit", 82402, 1, "H248ParamMGCIp"),
@@ -31,8 +33,8 @@ TOnuVoipH248::TOnuVoipH248(Session& session, std::int32_t itemType, QWidget* par
          {.control = "activeEdit",
           .labelId = 82406,
           .position = 5,
-          .codes = {&active_, UnknownCode::keeps}},
-         ticked("regCheckb", voiceChoice("regComb", 82407, 6, "H248ParamRegMode", registrations_)),
+          .codes = active.keepingUnknown()},
+         ticked("regCheckb", voiceChoice("regComb", 82407, 6, "H248ParamRegMode", registrations)),
          {.control = "midMemo",
           .labelId = 82408,
           .kind = ControlKind::memo,
@@ -40,9 +42,9 @@ TOnuVoipH248::TOnuVoipH248(Session& session, std::int32_t itemType, QWidget* par
           .position = 7,
           .object = {"H248ParamMID"},
           .written = Written::whileEnabled,
-          .tick = {"regCheckb"}},
+          .enabledBy = {.tick = "regCheckb", .list = "regComb", .codes = {kByDomain}}},
          ticked("modeCheckb",
-                voiceChoice("modeComb", 82409, 8, "H248ParamHeartbeatMode", heartbeats_)),
+                voiceChoice("modeComb", 82409, 8, "H248ParamHeartbeatMode", heartbeats)),
          ticked("cycleCheckb", voiceNumber("cycleEdit", 82410, -1, 9, "H248ParamHeartbeatCycle",
                                            needed(0, 65535))),
          ticked("countCheckb",
@@ -50,14 +52,9 @@ TOnuVoipH248::TOnuVoipH248(Session& session, std::int32_t itemType, QWidget* par
          {.control = "statusEdit",
           .labelId = 82412,
           .position = 12,
-          .codes = {&states_, UnknownCode::keeps}},
-         constant({"H248ParamRowStatus"}, "4")});
-    regComb = follow("regComb", [this] { regCombChange(); });
+          .codes = states.keepingUnknown()},
+         rowStatus({"H248ParamRowStatus"})});
     start();
-}
-
-void TOnuVoipH248::regCombChange() {
-    fields().control("midMemo")->setEnabled(selectedCode(*regComb) == kByDomain);
 }
 
 } // namespace onudesk

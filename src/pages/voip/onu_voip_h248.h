@@ -10,16 +10,6 @@ class TOnuVoipH248 : public H248Page {
     Q_OBJECT
 public:
     TOnuVoipH248(Session& session, std::int32_t itemType, QWidget* parent);
-
-    QComboBox* regComb = nullptr;
-
-    void regCombChange();
-
-private:
-    const ValueMap active_;
-    const ValueMap registrations_{{{"IP", "0"}, {"Domain", "1"}, {"Device", "2"}}};
-    const ValueMap heartbeats_;
-    const ValueMap states_;
 };
 
 } // namespace onudesk

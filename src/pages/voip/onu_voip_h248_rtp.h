@@ -11,15 +11,8 @@ class TOnuVoipH248Rtp : public H248Page {
 public:
     TOnuVoipH248Rtp(Session& session, std::int32_t itemType, QWidget* parent);
 
-    QComboBox* enableComb = nullptr;
-
-    void enableCombChange();
-
 protected:
     bool mayWrite() override;
-
-private:
-    const ValueMap alignments_;
 };
 
 } // namespace onudesk

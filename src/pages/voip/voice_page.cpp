@@ -19,7 +19,7 @@ Field voiceChoice(const char* control, int labelId, std::size_t position, const 
             .kind = ControlKind::combo,
             .position = position,
             .object = {object},
-            .codes = {&map, UnknownCode::keeps},
+            .codes = map.keepingUnknown(),
             .written = Written::whileEnabled};
 }
 
@@ -35,7 +35,7 @@ Field voiceNumber(const char* control, int labelId, int digits, std::size_t posi
 }
 
 Field ticked(const char* box, Field field) {
-    field.tick = {box};
+    field.enabledBy.tick = box;
     return field;
 }
 
@@ -45,26 +45,9 @@ VoicePage::VoicePage(Session& session, std::int32_t itemType, PageRules rules,
       deleteBtn(addRequestButton("deleteBtn", message::remove, [this] { deleteBtnClick(); })),
       rowStatus_(std::move(rowStatus)) {}
 
-QComboBox* VoicePage::follow(const char* combo, std::function<void()> adapt) {
-    adapt_ = std::move(adapt);
-    auto* followed = fields().control<QComboBox>(combo);
-    connect(followed, &QComboBox::activated, this, [this] { adapt_(); });
-    return followed;
-}
-
-void VoicePage::fillPage(const ReadResult& /*result*/) {
-    if (adapt_) {
-        adapt_();
-    }
-}
-
 void VoicePage::deleteBtnClick() {
-    if (!mayDelete()) {
-        return;
-    }
-    if (WriteRequest request = beginWrite()) {
-        request.bind({rowStatus_}, "6", session().OnuIndexText);
-        finishWrite(std::move(request));
+    if (mayDelete()) {
+        writeOne({rowStatus_}, rowStatusText(RowStatus::destroy));
     }
 }
 

@@ -5,10 +5,8 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <string>
 
-#include <QComboBox>
 #include <QPushButton>
 
 namespace onudesk {
@@ -17,7 +15,7 @@ namespace onudesk {
 [[nodiscard]] PageRules voiceRules(int helpKeyId, std::size_t minimumValues);
 
 // Fields of the voice module, written while they are enabled. An unknown code leaves a choice as it
-// is; `map` outlives it. Ticked, a field is only written with its box.
+// is. Ticked, a field is only written with its box.
 [[nodiscard]] Field voiceChoice(const char* control, int labelId, std::size_t position,
                                 const char* object, const ValueMap& map);
 // At most so many digits can be typed, or any number with -1.
@@ -41,14 +39,8 @@ protected:
     // Everything that can stop Delete, told to the operator.
     [[nodiscard]] virtual bool mayDelete() { return true; }
 
-    // A combo of the form, made before. `adapt` fits the form to its choice, whenever the operator
-    // or a reply made one.
-    QComboBox* follow(const char* combo, std::function<void()> adapt);
-    void fillPage(const ReadResult& result) override;
-
 private:
     const std::string rowStatus_;
-    std::function<void()> adapt_;
 };
 
 } // namespace onudesk

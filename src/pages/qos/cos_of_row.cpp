@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "pages/qos/cos_item.h"
+#include "pages/qos/cos_of_row.h"
+
+#include "pages/framework/checks.h"
 
 #include <cstdint>
-#include <utility>
 
 namespace onudesk {
 
@@ -10,9 +11,5 @@ std::string cosOfRow(const std::string& rowIndex) {
     const auto number = wholeNumber(rowIndex);
     return number ? std::to_string(std::int64_t{*number} - 1) : std::string();
 }
-
-CosItem::CosItem(ListPage& page, ItemRules rules, int row)
-    : ItemDialog(page, std::move(rules), row),
-      instance_(page.session().OnuIndexText + "." + page.mainTable->rowIndex(row)) {}
 
 } // namespace onudesk

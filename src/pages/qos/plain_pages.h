@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "pages/framework/config_page.h"
+#include "pages/framework/plain_page.h"
 
 namespace onudesk {
 
 // How much multicast, broadcast and unknown unicast traffic the ONU lets through in each direction.
 // One rate at a time is written.
-class TOnuRate : public ConfigPage {
-    Q_OBJECT
-public:
-    TOnuRate(Session& session, std::int32_t itemType, QWidget* parent);
-};
+[[nodiscard]] RecordPage onuRate();
+// Which of the four queues serves each COS.
+[[nodiscard]] TablePage onuCOSQueueScheduler();
 
 } // namespace onudesk
