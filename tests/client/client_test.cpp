@@ -100,7 +100,7 @@ TEST(LanguageModules, HaveEveryTextThatTheWindowNames) {
     const LanguageModule module = language(kLanguages[0]);
     const std::regex literal(R"(\b[0-9]{4,5}\b)");
     std::size_t found = 0;
-    for (const char* part : {"pages", "mainform", "entry", "env", "snmp"}) {
+    for (const char* part : {"pages", "mainform", "entry", "env", "window"}) {
         for (const auto& entry :
              std::filesystem::recursive_directory_iterator(kRoot / "src" / part)) {
             if (!entry.is_regular_file()) {
