@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/desk/agent_lookup.h"
+#include "desk/agent_lookup.h"
 
 #include "desk_test.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
 // The real configuration window on a private simulated agent, through the window of onudesk.
+#include "desk/demo.h"
+#include "desk/desk_window.h"
 #include "desk_test.h"
-#include "host/desk/demo.h"
-#include "host/desk/desk_window.h"
 #include "platform/window_messages.h"
 #include "support/silent_port.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/desk/demo.h"
+#include "desk/demo.h"
 
 #include "support/client_tree.h"
 

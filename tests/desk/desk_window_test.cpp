@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/desk/desk_window.h"
+#include "desk/desk_window.h"
 
 #include "base/file.h"
 #include "desk_test.h"

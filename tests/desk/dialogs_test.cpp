@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "desk/onu_dialog.h"
+#include "desk/profile_dialog.h"
+#include "desk/profiles_dialog.h"
 #include "desk_test.h"
-#include "host/desk/onu_dialog.h"
-#include "host/desk/profile_dialog.h"
-#include "host/desk/profiles_dialog.h"
 #include "sample_entries.h"
 
 #include <QLabel>

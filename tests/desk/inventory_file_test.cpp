@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/desk/inventory_file.h"
+#include "desk/inventory_file.h"
 
 #include "base/file.h"
 #include "sample_entries.h"

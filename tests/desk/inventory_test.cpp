@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/desk/inventory.h"
+#include "desk/inventory.h"
 
 #include "sample_entries.h"
 

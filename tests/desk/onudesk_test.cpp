@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The program itself, as a process.
-#include "host/desk/program.h"
+#include "desk/program.h"
 
 #include "support/client_tree.h"
 #include "support/program_run.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/desk/inventory.h"
+#include "desk/inventory.h"
 
 #include <string>
 

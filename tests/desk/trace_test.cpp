@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "desk/trace_feed.h"
+#include "desk/trace_pane.h"
 #include "desk_test.h"
-#include "host/desk/trace_feed.h"
-#include "host/desk/trace_pane.h"
 #include "sample_entries.h"
 
 #include <string>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "host/desk/profiles_dialog.h"
+#include "desk/profiles_dialog.h"
 
-#include "host/desk/profile_dialog.h"
+#include "desk/profile_dialog.h"
 
 #include <utility>
 

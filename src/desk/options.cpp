@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/desk/options.h"
+#include "desk/options.h"
 
 #include "base/numbers.h"
 #include "platform/files.h"

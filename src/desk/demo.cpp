@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/desk/demo.h"
+#include "desk/demo.h"
 
 #include "base/file.h"
 #include "base/hexadecimal.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "host/desk/onu_dialog.h"
+#include "desk/onu_dialog.h"
 
-#include "host/desk/profiles_dialog.h"
+#include "desk/profiles_dialog.h"
 #include "platform/files.h"
 
 #include <utility>

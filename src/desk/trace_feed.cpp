@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/desk/trace_feed.h"
+#include "desk/trace_feed.h"
 
 #include "host/trace.h"
 

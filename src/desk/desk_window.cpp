@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "host/desk/desk_window.h"
+#include "desk/desk_window.h"
 
-#include "host/desk/onu_dialog.h"
-#include "host/desk/profiles_dialog.h"
+#include "desk/onu_dialog.h"
+#include "desk/profiles_dialog.h"
 
 #include <algorithm>
 #include <iterator>

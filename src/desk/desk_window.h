@@ -4,12 +4,12 @@
 // agents say to each other.
 #pragma once
 
+#include "desk/agent_lookup.h"
+#include "desk/inventory_file.h"
+#include "desk/onu_table.h"
+#include "desk/trace_feed.h"
+#include "desk/trace_pane.h"
 #include "host/client_host.h"
-#include "host/desk/agent_lookup.h"
-#include "host/desk/inventory_file.h"
-#include "host/desk/onu_table.h"
-#include "host/desk/trace_feed.h"
-#include "host/desk/trace_pane.h"
 
 #include <cstdint>
 #include <filesystem>

@@ -10,7 +10,7 @@
 #pragma once
 
 #include "base/result.h"
-#include "host/desk/inventory.h"
+#include "desk/inventory.h"
 
 #include <filesystem>
 #include <optional>

@@ -4,8 +4,8 @@
 #pragma once
 
 #include "base/result.h"
+#include "desk/inventory.h"
 #include "host/agent_launcher.h"
-#include "host/desk/inventory.h"
 #include "snmp/object_schema.h"
 
 #include <cstdint>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/desk/profile_dialog.h"
+#include "desk/profile_dialog.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/desk/entry_dialog.h"
+#include "desk/entry_dialog.h"
 
 #include <functional>
 

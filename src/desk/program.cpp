@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "host/desk/program.h"
+#include "desk/program.h"
 
-#include "host/desk/demo.h"
-#include "host/desk/desk_window.h"
-#include "host/desk/options.h"
+#include "desk/demo.h"
+#include "desk/desk_window.h"
+#include "desk/options.h"
 
 #include <algorithm>
 #include <iostream>

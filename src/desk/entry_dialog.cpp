@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/desk/entry_dialog.h"
+#include "desk/entry_dialog.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>

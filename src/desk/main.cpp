@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/desk/program.h"
+#include "desk/program.h"
 
 int main(int argc, char** argv) {
     return onudesk::desk::runProgram(argc, argv);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "host/desk/trace_pane.h"
+#include "desk/trace_pane.h"
 
-#include "host/desk/trace_feed.h"
+#include "desk/trace_feed.h"
 
 #include <QFontDatabase>
 #include <QHBoxLayout>

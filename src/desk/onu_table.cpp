@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/desk/onu_table.h"
+#include "desk/onu_table.h"
 
 #include <QHeaderView>
 #include <QRegularExpression>
