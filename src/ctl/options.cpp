@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/options.h"
 
+#include "base/command_line.h"
 #include "base/numbers.h"
 
 #include <map>
-#include <utility>
-
-#include <getopt.h>
 
 namespace onudesk::ctl {
 
@@ -14,252 +12,126 @@ namespace {
 
 namespace fs = std::filesystem;
 
-enum LongOption : int {
-    optSim = 256,
-    optAgent,
-    optOnu,
-    optSub,
-    optItem,
-    optMenu,
-    optClient,
-    optLocale,
-    optSecrets,
-    optTrace,
-    optJson,
-    optWatch,
-    optHelp,
-    optVersion,
-};
+constexpr const char* kItemType = "an item type number";
 
-constexpr option kLongOptions[] = {
-    {"sim", optional_argument, nullptr, optSim},
-    {"agent", required_argument, nullptr, optAgent},
-    {"onu", required_argument, nullptr, optOnu},
-    {"sub", required_argument, nullptr, optSub},
-    {"item", required_argument, nullptr, optItem},
-    {"menu", required_argument, nullptr, optMenu},
-    {"client", required_argument, nullptr, optClient},
-    {"locale", required_argument, nullptr, optLocale},
-    {"secrets", required_argument, nullptr, optSecrets},
-    {"trace", required_argument, nullptr, optTrace},
-    {"json", no_argument, nullptr, optJson},
-    {"watch", no_argument, nullptr, optWatch},
-    {"help", no_argument, nullptr, optHelp},
-    {"version", no_argument, nullptr, optVersion},
-    {nullptr, 0, nullptr, 0},
-};
+Result<void> must(bool is, const char* wanted) {
+    return is ? Result<void>() : Error{std::string("must be ") + wanted};
+}
 
 template <typename Number>
-bool readCount(const std::string& text, Number& number) {
-    const auto count = parseNumber<Number>(text);
-    number = count.value_or(number);
-    return count && *count >= 0;
+TakeValue toNumber(Number& number, const char* wanted = "a number", Number least = 0) {
+    return [&number, wanted, least](const std::string& text) {
+        const auto taken = parseNumber<Number>(text);
+        number = taken.value_or(number);
+        return must(taken && *taken >= least, wanted);
+    };
 }
 
-bool readVersion(const std::string& text, host::SnmpVersion& version) {
-    static const std::map<std::string, host::SnmpVersion> versions = {
-        {"1", host::SnmpVersion::v1}, {"2c", host::SnmpVersion::v2c}, {"3", host::SnmpVersion::v3}};
-    const auto found = versions.find(text);
-    if (found == versions.end()) {
-        return false;
-    }
-    version = found->second;
-    return true;
+template <typename Path>
+TakeValue toFileOrStream(Path& path, const char* stream) {
+    return [&path, stream](const std::string& text) {
+        path = text == stream ? fs::path(text) : fs::absolute(text);
+        return Result<void>();
+    };
 }
 
-Result<void> wrong(const std::string& name, const std::string& text, const std::string& wanted) {
-    return Error{name + " " + text + ": must be " + wanted};
-}
-
-fs::path outputPath(const std::string& text) {
-    return text == kStandardOutput ? fs::path(text) : fs::absolute(text);
-}
-
-Result<void> takeOption(int code, const std::string& text, Options& options) {
+void addConnection(CLI::App& line, Options& options) {
     host::OnuTarget& target = options.target;
-    if (text.empty() && optarg != nullptr) {
-        return Error{"an option has an empty value"};
-    }
-    switch (code) {
-    case optSim:
-        options.simulate = true;
-        if (!text.empty()) {
-            options.recording = fs::absolute(text);
-        }
-        return {};
-    case optAgent:
-        return host::parseAgent(text, target);
-    case 'v':
-        return readVersion(text, target.version) ? Result<void>() : wrong("-v", text, "1, 2c or 3");
-    case optOnu:
-        return host::parseOnuIndex(text, target)
-                   ? Result<void>()
-                   : wrong("--onu", text, "numbers as in OLT.PON.ONU");
-    case optSub:
-        return readCount(text, target.subIndex) ? Result<void>() : wrong("--sub", text, "a number");
-    case optItem:
-        return readCount(text, target.subUnitItemType) ? Result<void>()
-                                                       : wrong("--item", text, "a number");
-    case optMenu:
-        target.menuFileName = text;
-        return text.size() <= host::kMaxParamText ? Result<void>()
-                                                  : wrong("--menu", text, "a shorter name");
-    case optClient:
-        options.clientDirectory = fs::absolute(text);
-        return {};
-    case optLocale:
-        return readCount(text, target.localeId) ? Result<void>()
-                                                : wrong("--locale", text, "a number");
-    case optSecrets:
-        options.secretsFile = fs::absolute(text);
-        return {};
-    case optTrace:
-        options.traceFile = outputPath(text);
-        return {};
-    case optJson:
-        options.json = true;
-        return {};
-    case optWatch:
-        options.watch = true;
-        return {};
-    case optHelp:
-        options.command = Command::help;
-        return {};
-    case optVersion:
-        options.command = Command::version;
-        return {};
-    default:
-        return Error{"unknown option or missing value; see onuctl --help"};
-    }
+    line.option_defaults()->group("Connection");
+    addOptionalFile(line, "--sim", "FILE.snmprec",
+                    "a private simulated agent on a free loopback port", options.simulate,
+                    options.recording);
+    addValue(line, "--agent", "HOST[:PORT]", "a real agent",
+             [&target](const std::string& text) { return host::parseAgent(text, target); });
+    addValue(line, "-v", "1|2c|3", "SNMP version (2c)", [&target](const std::string& text) {
+        static const std::map<std::string, host::SnmpVersion> versions = {
+            {"1", host::SnmpVersion::v1},
+            {"2c", host::SnmpVersion::v2c},
+            {"3", host::SnmpVersion::v3}};
+        const auto found = versions.find(text);
+        target.version = found == versions.end() ? target.version : found->second;
+        return must(found != versions.end(), "1, 2c or 3");
+    });
+    addValue(line, "--onu", "OLT.PON.ONU", "the ONU", [&target](const std::string& text) {
+        return must(host::parseOnuIndex(text, target), "numbers as in OLT.PON.ONU");
+    });
+    CLI::Option* const sub =
+        addValue(line, "--sub", "N", "show one page of one sub-index,", toNumber(target.subIndex));
+    CLI::Option* const item = addValue(line, "--item", "TYPE", "that of this item type",
+                                       toNumber(target.subUnitItemType, kItemType, 1));
+    sub->needs(item);
+    item->needs(sub);
+    addValue(line, "--menu", "FILE", "menu file below CONF/snmp (epononuother_menu.xml)",
+             [&target](const std::string& text) {
+                 target.menuFileName = text;
+                 return must(text.size() <= host::kMaxParamText, "a shorter name");
+             });
+    addValue(line, "--client", "DIR", "client tree (the one onuctl is in)",
+             toFile(options.clientDirectory));
+    addValue(line, "--locale", "ID", "Windows locale identifier of the texts (1033)",
+             toNumber(target.localeId));
+    addValue(line, "--secrets", "FILE", "communities and SNMPv3 pass phrases, mode 0600",
+             toFile(options.secretsFile));
 }
 
-Result<void> takeItem(const std::string& text, Options& options) {
-    return readCount(text, options.item) ? Result<void>()
-                                         : wrong("item", text, "an item type number");
+void addOutput(CLI::App& line, Options& options) {
+    line.option_defaults()->group("Options");
+    addValue(line, "--trace", "FILE|-", "one JSON line per request and reply",
+             toFileOrStream(options.traceFile, kStandardOutput));
+    addFlag(line, "--json", "print JSON", options.json);
+    addFlag(line, "--watch", "tell every step of a script on standard error", options.watch);
 }
 
-Result<void> takeCommand(const std::vector<std::string>& words, Options& options) {
-    if (words.empty()) {
-        return Error{"no command; see onuctl --help"};
-    }
-    const std::string& name = words.front();
-    const std::size_t arguments = words.size() - 1;
-    if (name == "items" && arguments == 0) {
-        options.command = Command::items;
-        return {};
-    }
-    if (name == "show" && arguments == 1) {
-        options.command = Command::show;
-        return takeItem(words[1], options);
-    }
-    if (name == "screenshot" && arguments == 2) {
-        if (words[2].empty()) {
-            return Error{"screenshot: the file has no name"};
-        }
-        options.command = Command::screenshot;
-        options.outputFile = fs::absolute(words[2]);
-        return takeItem(words[1], options);
-    }
-    if (name == "run" && arguments == 1) {
-        if (words[1].empty()) {
-            return Error{"run: the script has no name"};
-        }
-        options.command = Command::run;
-        options.scriptFile =
-            words[1] == kStandardInput ? fs::path(words[1]) : fs::absolute(words[1]);
-        return {};
-    }
-    return Error{"unknown command or wrong number of arguments: " + name + "; see onuctl --help"};
-}
-
-Result<void> checkConnection(const Options& options) {
-    const host::OnuTarget& target = options.target;
-    if (options.simulate == !target.agentAddress.empty()) {
-        return Error{"give either --sim or --agent"};
-    }
-    if ((target.subIndex >= 0) != (target.subUnitItemType > 0)) {
-        return Error{"--sub and --item go together"};
-    }
-    if (options.watch && options.command != Command::run) {
-        return Error{"--watch goes with run only"};
-    }
-    return {};
+void addCommands(CLI::App& line, Options& options) {
+    const auto add = [&](const char* name, const char* help, Command command) {
+        CLI::App* const added = line.add_subcommand(name, help);
+        added->group("Commands");
+        added->callback([&options, command] { options.command = command; });
+        return added;
+    };
+    const auto withItem = [&](CLI::App& command) {
+        addValue(command, "ITEM", "", "item type", toNumber(options.item, kItemType))->required();
+    };
+    line.require_subcommand(0, 1);
+    add("items", "list the configuration items", Command::items);
+    withItem(*add("show", "read a page and print its controls", Command::show));
+    CLI::App* const picture =
+        add("screenshot", "read a page and save a picture of the window", Command::screenshot);
+    withItem(*picture);
+    addValue(*picture, "FILE", "", "the picture, as PNG", toFile(options.outputFile))->required();
+    addValue(*add("run", "work the window by a script", Command::run), "FILE", "",
+             "the script, - for standard input", toFileOrStream(options.scriptFile, kStandardInput))
+        ->required();
 }
 
 } // namespace
 
 Result<Options> parseOptions(const std::vector<std::string>& arguments) {
-    std::vector<std::string> copies = arguments;
-    copies.insert(copies.begin(), "onuctl");
-    std::vector<char*> pointers;
-    pointers.reserve(copies.size() + 1);
-    for (std::string& argument : copies) {
-        pointers.push_back(argument.data());
-    }
-    pointers.push_back(nullptr);
-
     Options options;
     options.target.menuFileName = "epononuother_menu.xml";
     options.clientDirectory = host::ownClientDirectory();
-    const int count = static_cast<int>(copies.size());
-    optind = 0; // a fresh start, whatever was parsed before
-    opterr = 0;
-    for (int code = 0;
-         (code = ::getopt_long(count, pointers.data(), "+v:", kLongOptions, nullptr)) != -1;) {
-        const Result<void> taken =
-            takeOption(code, optarg == nullptr ? std::string() : std::string(optarg), options);
-        if (!taken) {
-            return Error{taken.error()};
-        }
-        if (code == optHelp || code == optVersion) {
-            return options;
-        }
+    const auto line = makeCommandLine("onuctl", "[CONNECTION] [OPTION]... COMMAND");
+    addConnection(*line, options);
+    addOutput(*line, options);
+    addCommands(*line, options);
+    Result<std::string> text = parseCommandLine(*line, arguments);
+    if (!text) {
+        return Error{text.error()};
     }
-    // Global options may also follow the command.
-    std::vector<std::string> words;
-    for (const std::string& word : std::vector(copies.begin() + optind, copies.end())) {
-        if (word == "--json") {
-            options.json = true;
-        } else if (word == "--watch") {
-            options.watch = true;
-        } else {
-            words.push_back(word);
-        }
+    options.text = std::move(text).value();
+    if (!options.text.empty()) {
+        return options;
     }
-    for (const Result<void>& step : {takeCommand(words, options), checkConnection(options)}) {
-        if (!step) {
-            return Error{step.error()};
-        }
+    if (line->get_subcommands().empty()) {
+        return Error{"no command; see onuctl --help"};
+    }
+    if (options.simulate == !options.target.agentAddress.empty()) {
+        return Error{"give either --sim or --agent"};
+    }
+    if (options.watch && options.command != Command::run) {
+        return Error{"--watch goes with run only"};
     }
     return options;
-}
-
-std::string usageText() {
-    return R"(usage: onuctl [CONNECTION] [OPTION]... COMMAND
-
-Connection:
-  --sim[=FILE.snmprec]    a private simulated agent on a free loopback port
-  --agent HOST[:PORT]     a real agent
-  -v 1|2c|3               SNMP version (2c)
-  --onu OLT.PON.ONU       the ONU
-  --sub N --item TYPE     show one page of one sub-index
-  --menu FILE             menu file below CONF/snmp (epononuother_menu.xml)
-  --client DIR            client tree (the one onuctl is in)
-  --locale ID             Windows locale identifier of the texts (1033)
-  --secrets FILE          communities and SNMPv3 pass phrases, mode 0600
-
-Options:
-  --trace FILE|-          one JSON line per request and reply
-  --json                  print JSON
-  --watch                 tell every step of a script on standard error
-  --help, --version
-
-Commands:
-  items                   list the configuration items
-  show ITEM               read a page and print its controls
-  screenshot ITEM FILE    read a page and save a picture of the window
-  run FILE|-              work the window by a script
-)";
 }
 
 } // namespace onudesk::ctl

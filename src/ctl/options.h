@@ -11,11 +11,12 @@
 
 namespace onudesk::ctl {
 
-enum class Command { help, version, items, show, screenshot, run };
+enum class Command { items, show, screenshot, run };
 
 // The command line, checked. File names are absolute.
 struct Options {
-    Command command = Command::help;
+    std::string text{}; // help or version: to be printed instead of doing anything
+    Command command = Command::items;
     std::int32_t item = 0;            // of show and screenshot
     std::filesystem::path outputFile; // of screenshot
     std::filesystem::path scriptFile; // of run; "-" for standard input
@@ -32,9 +33,7 @@ struct Options {
 inline constexpr const char* kStandardOutput = "-";
 inline constexpr const char* kStandardInput = "-";
 
-// Arguments without the program's name. Errors are one line that names the argument.
+// Arguments without the program's name. Errors are one line that names the option.
 [[nodiscard]] Result<Options> parseOptions(const std::vector<std::string>& arguments);
-
-[[nodiscard]] std::string usageText();
 
 } // namespace onudesk::ctl

@@ -28,8 +28,6 @@ namespace {
 using host::AgentLauncher;
 using host::ClientHost;
 
-constexpr const char* kVersion = "onuctl 0.1.0\n";
-
 // A command line that can be carried out.
 struct Invocation {
     const Options& options;
@@ -69,8 +67,6 @@ ExitCode runCommand(const CommandContext& context) {
         return showPage(context);
     case Command::screenshot:
         return saveScreenshot(context);
-    case Command::help:
-    case Command::version:
     case Command::run:
         break;
     }
@@ -170,8 +166,8 @@ ExitCode runProgram(const std::vector<std::string>& arguments, std::ostream& out
         err << "onuctl: " << options.error() << '\n';
         return exitUsage;
     }
-    if (options->command == Command::help || options->command == Command::version) {
-        out << (options->command == Command::help ? usageText() : kVersion);
+    if (!options->text.empty()) {
+        out << options->text;
         return exitOk;
     }
     if (const Result<void> secrets = readSecrets(*options); !secrets) {

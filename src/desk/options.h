@@ -13,8 +13,7 @@ namespace onudesk::desk {
 
 // The command line, checked. File names are absolute.
 struct Options {
-    bool help = false;
-    bool version = false;
+    std::string text{}; // help or version: to be printed instead of doing anything
     bool simulate = false;
     std::optional<std::filesystem::path> recording; // of the simulator; its own when absent
     std::optional<std::filesystem::path> client;
@@ -22,9 +21,7 @@ struct Options {
     std::optional<std::uint32_t> localeId;
 };
 
-// Arguments without the program's name. Errors are one line that names the argument.
+// Arguments without the program's name. Errors are one line that names the option.
 [[nodiscard]] Result<Options> parseOptions(const std::vector<std::string>& arguments);
-
-[[nodiscard]] std::string usageText();
 
 } // namespace onudesk::desk

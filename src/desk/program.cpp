@@ -19,7 +19,6 @@ namespace onudesk::desk {
 
 namespace {
 
-constexpr const char* kVersion = "onudesk 0.1.0\n";
 constexpr const char* kDemoOnu = "1.2.5";
 constexpr std::uint32_t kEnglish = 1033;
 constexpr std::uint32_t kSimplifiedChinese = 2052;
@@ -77,8 +76,8 @@ ExitCode runDesk(const Options& options) {
 
 ExitCode runProgram(int& argc, char** argv) {
     const std::vector<std::string> all(argv + std::min(argc, 1), argv + argc);
-    if (const Result<Options> plain = parseOptions(all); plain && (plain->help || plain->version)) {
-        std::cout << (plain->help ? usageText() : kVersion);
+    if (const Result<Options> plain = parseOptions(all); plain && !plain->text.empty()) {
+        std::cout << plain->text;
         return exitOk;
     }
     if (!mayHaveDisplay(all)) {

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "sim/program.h"
 
+#include <algorithm>
+
 int main(int count, char** arguments) {
     // Without a name there are no arguments either.
-    const int skipped = count > 0 ? 1 : 0;
-    return static_cast<int>(onudesk::sim::runSimulator(count - skipped, arguments + skipped));
+    return static_cast<int>(
+        onudesk::sim::runSimulator({arguments + std::min(count, 1), arguments + count}));
 }

@@ -1,78 +1,52 @@
 // SPDX-License-Identifier: MIT
 #include "sim/options.h"
 
-#include <map>
-#include <string_view>
+#include "base/command_line.h"
+#include "base/endpoint.h"
+
 #include <utility>
 
 namespace onudesk::sim {
 
 namespace {
 
-// Takes the value of an option from behind "=" or from the next argument.
-std::optional<std::string> optionValue(std::string_view argument, std::size_t equals,
-                                       const char* const*& next, const char* const* end) {
-    if (equals != std::string_view::npos) {
-        return std::string(argument.substr(equals + 1));
-    }
-    return next == end ? std::nullopt : std::optional<std::string>(*next++);
-}
-
-Result<void> setOption(Options& options, std::string_view name, std::string value) {
-    const std::map<std::string_view, std::string*> files = {{"--catalogue", &options.catalogue},
-                                                            {"--access", &options.access},
-                                                            {"--save", &options.save}};
-    if (const auto file = files.find(name); file != files.end()) {
-        *file->second = std::move(value);
-        return {};
-    }
-    const auto endpoint = parseEndpoint(value);
-    if (!endpoint || !isIpv4Address(endpoint->host)) {
-        return Error{"--listen: expected ADDRESS:PORT, an IPv4 address and a port from 0 to 65535"};
-    }
-    options.listen = *endpoint;
-    return {};
-}
-
-bool takesValue(std::string_view name) {
-    return name == "--listen" || name == "--catalogue" || name == "--access" || name == "--save";
+TakeValue toText(std::string& text) {
+    return [&text](const std::string& value) {
+        text = value;
+        return Result<void>();
+    };
 }
 
 } // namespace
 
-Result<Options> parseOptions(int count, const char* const* arguments) {
+Result<Options> parseOptions(const std::vector<std::string>& arguments) {
     Options options;
-    const char* const* const end = arguments + count;
-    for (const char* const* next = arguments; next != end;) {
-        const std::string_view argument = *next++;
-        const auto equals = argument.find('=');
-        const std::string_view name = argument.substr(0, equals);
-        if (argument == "--help" || argument == "-h") {
-            options = {};
-            options.help = true;
-            return options;
+    const auto line = makeCommandLine("onusim", "[OPTION]... RECORDING.snmprec");
+    const auto listen = [&options](const std::string& value) -> Result<void> {
+        const auto endpoint = parseEndpoint(value);
+        if (!endpoint || !isIpv4Address(endpoint->host)) {
+            return Error{"must be an IPv4 address and a port from 0 to 65535"};
         }
-        if (argument == "--with-parent") {
-            options.withParent = true;
-        } else if (takesValue(name)) {
-            auto value = optionValue(argument, equals, next, end);
-            if (!value || value->empty()) {
-                return Error{std::string(name) + ": value missing"};
-            }
-            if (const auto taken = setOption(options, name, std::move(*value)); !taken) {
-                return Error{taken.error()};
-            }
-        } else if (argument.starts_with('-')) {
-            return Error{"unknown option " + std::string(argument)};
-        } else if (!options.recording.empty()) {
-            return Error{"more than one recording"};
-        } else {
-            options.recording = argument;
-        }
+        options.listen = *endpoint;
+        return {};
+    };
+    addValue(*line, "--listen", "ADDRESS:PORT", "where to answer (127.0.0.1:0, a free port)",
+             listen);
+    addValue(*line, "--catalogue", "FILE", "the objects; that of the client tree when not given",
+             toText(options.catalogue));
+    addValue(*line, "--access", "FILE",
+             "who may read and write; \"public\" and \"private\" when not given",
+             toText(options.access));
+    addValue(*line, "--save", "FILE.snmprec", "write what the agent holds in the end",
+             toText(options.save));
+    addFlag(*line, "--with-parent", "end when the parent process ends", options.withParent);
+    addValue(*line, "RECORDING.snmprec", "", "what to answer", toText(options.recording))
+        ->required();
+    Result<std::string> text = parseCommandLine(*line, arguments);
+    if (!text) {
+        return Error{text.error()};
     }
-    if (options.recording.empty()) {
-        return Error{"recording missing"};
-    }
+    options.text = std::move(text).value();
     return options;
 }
 

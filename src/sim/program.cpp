@@ -102,13 +102,13 @@ Result<void> serve(Store& store, Access access, const Endpoint& endpoint,
 
 } // namespace
 
-ExitStatus runSimulator(int count, const char* const* arguments) {
-    const Result<Options> options = parseOptions(count, arguments);
+ExitStatus runSimulator(const std::vector<std::string>& arguments) {
+    const Result<Options> options = parseOptions(arguments);
     if (!options) {
-        return complain("onusim: " + options.error() + "\n" + kUsage, ExitStatus::usage);
+        return complain("onusim: " + options.error(), ExitStatus::usage);
     }
-    if (options->help) {
-        std::fputs(kUsage, stdout);
+    if (!options->text.empty()) {
+        std::fputs(options->text.c_str(), stdout);
         return ExitStatus::ended;
     }
     const StopSignals signals;

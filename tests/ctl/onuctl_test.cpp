@@ -114,7 +114,7 @@ TEST(Onuctl, ExitStatusTellsWhatWentWrong) {
         {"show 4711", {}, exitUsage, "the menu has no such item"},
         {"show 826", {}, exitUsage, "there is no page"},
         {"--onu 9.9.9 show 606", {}, exitAgentError, "noSuch"},
-        {"show", {}, exitUsage, "wrong number of arguments"},
+        {"show", {}, exitUsage, "onuctl: ITEM is required\n"},
         {"--sim=/nowhere.snmprec show 606", {}, exitClientFailed, "/nowhere.snmprec"},
         {"--client /nowhere show 606", {}, exitClientFailed, "/nowhere"},
         {"--secrets /nowhere show 606", {}, exitUsage, "/nowhere"},

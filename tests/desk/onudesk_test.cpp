@@ -35,7 +35,7 @@ TEST(Onudesk, ExitStatusAndErrorTellWhatWentWrong) {
     EXPECT_TRUE(blind.err.starts_with("onudesk: no display")) << blind.err;
     const auto bogus = test::run(ONUDESK_PROGRAM, "--bogus");
     EXPECT_EQ(bogus.status, exitUsage);
-    EXPECT_TRUE(bogus.err.ends_with("onudesk: unknown argument --bogus\n")) << bogus.err;
+    EXPECT_TRUE(bogus.err.ends_with("onudesk: unexpected argument --bogus\n")) << bogus.err;
     const test::TemporaryDirectory directory;
     const auto file = directory.write("bad.snmprec", "1.3.6.1|99|x\n");
     const auto bad = test::run(ONUDESK_PROGRAM, "--sim=" + file.string());

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "sim/access.h"
-#include "sim/options.h"
 #include "sim/users.h"
 
 #include <gtest/gtest.h>
@@ -100,47 +99,6 @@ TEST(Engine, BootsMoreOftenAtEveryLaterStart) {
     EXPECT_EQ(bootsAt(1577836803), 3);
     EXPECT_EQ(bootsAt(1577836800LL + 2147483646), 2147483646);
     EXPECT_EQ(bootsAt(1577836800LL + 2147483647), 2147483646);
-}
-
-Result<Options> optionsOf(const std::vector<const char*>& arguments) {
-    return parseOptions(static_cast<int>(arguments.size()), arguments.data());
-}
-
-TEST(Options, AreRead) {
-    const auto options = optionsOf({"--listen", "192.0.2.1:161", "--catalogue=c.xml", "--access",
-                                    "a", "rec", "--save=s=1", "--with-parent"});
-    ASSERT_TRUE(options) << options.error();
-    EXPECT_EQ(options->listen.text(), "192.0.2.1:161");
-    EXPECT_EQ(options->catalogue, "c.xml");
-    EXPECT_EQ(options->access, "a");
-    EXPECT_EQ(options->save, "s=1");
-    EXPECT_EQ(options->recording, "rec");
-    EXPECT_TRUE(options->withParent);
-    EXPECT_EQ(optionsOf({"rec"})->listen.text(), "127.0.0.1:0");
-    EXPECT_TRUE(optionsOf({"--access", "a", "--help"})->help);
-}
-
-TEST(Options, NameWhatIsWrong) {
-    const std::string listen =
-        "--listen: expected ADDRESS:PORT, an IPv4 address and a port from 0 to 65535";
-    const std::vector<std::pair<std::vector<const char*>, std::string>> cases = {
-        {{}, "recording missing"},
-        {{"a", "b"}, "more than one recording"},
-        {{"--lisen", "a"}, "unknown option --lisen"},
-        {{"--with-parent=1", "a"}, "unknown option --with-parent=1"},
-        {{"a", "--access"}, "--access: value missing"},
-        {{"--save=", "a"}, "--save: value missing"},
-        {{"--listen", "1161", "a"}, listen},
-        {{"--listen", "localhost:1161", "a"}, listen},
-        {{"--listen", "127.0.0.1:65536", "a"}, listen},
-        {{"--listen", "127.0.0.1:", "a"}, listen},
-        {{"--listen", "127.0.0.1:1x", "a"}, listen},
-    };
-    for (const auto& [arguments, reason] : cases) {
-        const auto options = optionsOf(arguments);
-        ASSERT_FALSE(options) << reason;
-        EXPECT_EQ(options.error(), reason);
-    }
 }
 
 } // namespace

@@ -250,8 +250,7 @@ TEST_F(Onusim, SaysWhyItDoesNotStart) {
          access.string() + ":2: expected user NAME"},
         {{"--catalogue", catalogue.string(), kRecording}, catalogue.string() + ":2: "},
         {{"--catalogue", missing, kRecording}, missing + ": No such file or directory\n"},
-        {{"--port", "1", kRecording}, "onusim: unknown option --port\nusage: onusim"},
-        {{}, "onusim: recording missing\nusage: onusim"},
+        {{}, "onusim: RECORDING.snmprec is required\n"},
     };
     for (const auto& [given, told] : cases) {
         const FinishedRun run = SimulatorProcess(given).finish(0);
