@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/control_finder.h"
 
+#include "onudesk/window_names.h"
+
 #include <QApplication>
 #include <QDialog>
 #include <QTableView>
@@ -45,7 +47,7 @@ QObject* findIn(QWidget* root, const QString& name) {
 } // namespace
 
 bool isPage(const QWidget& widget) {
-    return widget.objectName().startsWith(QLatin1String("TOnu"));
+    return widget.objectName().startsWith(QLatin1String(window_names::kPagePrefix));
 }
 
 QDialog* dialogBefore(const QWidget* window) {
@@ -114,7 +116,8 @@ std::vector<QTableView*> tablesIn(const Scope& scope) {
 
 QTimer* runningTimer(const Scope& scope) {
     for (QWidget* root : {static_cast<QWidget*>(scope.dialog), scope.page}) {
-        auto* const timer = qobject_cast<QTimer*>(findIn(root, QStringLiteral("Timer1")));
+        auto* const timer =
+            qobject_cast<QTimer*>(findIn(root, QLatin1String(window_names::kButtonTimer)));
         if (timer != nullptr && timer->isActive()) {
             return timer;
         }

@@ -2,6 +2,7 @@
 #include "ctl/window_driver.h"
 
 #include "ctl/control_finder.h"
+#include "onudesk/window_names.h"
 
 #include <QApplication>
 #include <QEventLoop>
@@ -38,7 +39,7 @@ void WindowDriver::runUntilClosed(const host::OnuTarget& target,
     target_ = target;
     QTimer::singleShot(0, &application_, [&] {
         for (QWidget* widget : QApplication::topLevelWidgets()) {
-            if (widget->objectName() == QLatin1String("TConfigMainForm")) {
+            if (widget->objectName() == QLatin1String(window_names::kMainForm)) {
                 window_ = widget;
             }
         }
@@ -53,11 +54,11 @@ void WindowDriver::runUntilClosed(const host::OnuTarget& target,
 }
 
 QTreeWidget* WindowDriver::tree() const {
-    return window_->findChild<QTreeWidget*>(QStringLiteral("ConfigItemTree"));
+    return window_->findChild<QTreeWidget*>(QLatin1String(window_names::kItemTree));
 }
 
 QWidget* WindowDriver::page() const {
-    const auto* area = window_->findChild<QWidget*>(QStringLiteral("Panel1"));
+    const auto* area = window_->findChild<QWidget*>(QLatin1String(window_names::kPageArea));
     for (QWidget* child : area->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
         if (child->isVisible() && isPage(*child)) {
             return child;
@@ -70,7 +71,7 @@ std::vector<TreeItem> WindowDriver::items() const {
     std::vector<TreeItem> items;
     for (QTreeWidgetItemIterator node(tree()); *node != nullptr; ++node) {
         if ((*node)->parent() != nullptr) {
-            items.push_back({depthOf(**node), (*node)->data(0, Qt::UserRole).toInt(),
+            items.push_back({depthOf(**node), (*node)->data(0, window_names::kItemTypeRole).toInt(),
                              (*node)->childCount() > 0, (*node)->text(0)});
         }
     }
@@ -104,7 +105,7 @@ Result<QWidget*> WindowDriver::openPage(std::int32_t itemType) {
 bool WindowDriver::clickItem(std::int32_t itemType) {
     for (QTreeWidgetItemIterator node(tree()); *node != nullptr; ++node) {
         if ((*node)->parent() != nullptr && (*node)->childCount() == 0 &&
-            (*node)->data(0, Qt::UserRole).toInt() == itemType) {
+            (*node)->data(0, window_names::kItemTypeRole).toInt() == itemType) {
             tree()->setCurrentItem(*node);
             Q_EMIT tree()->itemClicked(*node, 0);
             return true;

@@ -5,6 +5,7 @@
 #include "env/language_module.h"
 #include "env/message_ids.h"
 #include "mainform/page_table.h"
+#include "onudesk/window_names.h"
 #include "pages/framework/controls.h"
 #include "pages/framework/item_dialog.h"
 #include "platform/desktop.h"
@@ -25,7 +26,7 @@ constexpr QSize kInitialClient(786, 548);
 constexpr QSize kMinimum(750, 562);
 constexpr int kTreeWidth = 150;
 constexpr int kTreeIndent = 19;
-constexpr int kItemTypeRole = Qt::UserRole;
+static_assert(window_names::kItemTypeRole == Qt::UserRole);
 constexpr int kTreeName = 20033;
 const QColor kFormColour(131, 197, 228);
 const QColor kWorkColour(232, 240, 247);
@@ -57,7 +58,7 @@ protected:
 void addItem(QTreeWidgetItem& parent, const MenuItem& item) {
     auto* node = new QTreeWidgetItem(&parent, {shown(messageText(item.itemType))});
     node->setToolTip(0, node->text(0));
-    node->setData(0, kItemTypeRole, item.itemType);
+    node->setData(0, window_names::kItemTypeRole, item.itemType);
     for (const MenuItem& child : item.children) {
         addItem(*node, child);
     }
@@ -68,7 +69,7 @@ void addItem(QTreeWidgetItem& parent, const MenuItem& item) {
 TConfigMainForm::TConfigMainForm(Session& session)
     : QDialog(nullptr, Qt::Dialog | Qt::FramelessWindowHint), session_(session),
       helpBase_(formHelpBase()), helpCommand_(helpBase_ + "index.htm") {
-    setObjectName(QStringLiteral("TConfigMainForm"));
+    setObjectName(QLatin1String(window_names::kMainForm));
     buildFrame();
     loadHelpIndexOnce(messageText(message::helpFile));
 }
@@ -88,11 +89,11 @@ void TConfigMainForm::buildFrame() {
     WorkPanel->setObjectName(QStringLiteral("WorkPanel"));
     paintPlain(*WorkPanel, kWorkColour);
     Panel1 = new QFrame(WorkPanel);
-    Panel1->setObjectName(QStringLiteral("Panel1"));
+    Panel1->setObjectName(QLatin1String(window_names::kPageArea));
 
     snmpGroup = new SnmpPanel(session_.context, Panel1);
     ConfigItemTree = new QTreeWidget(Panel1);
-    ConfigItemTree->setObjectName(QStringLiteral("ConfigItemTree"));
+    ConfigItemTree->setObjectName(QLatin1String(window_names::kItemTree));
     ConfigItemTree->setAccessibleName(shown(messageText(kTreeName)));
     ConfigItemTree->setHeaderHidden(true);
     ConfigItemTree->setIndentation(kTreeIndent);
@@ -170,7 +171,7 @@ void TConfigMainForm::ConfigItemTreeClick() {
     }
     const QTreeWidgetItem* node = ConfigItemTree->currentItem();
     if (node != nullptr && node->childCount() == 0) {
-        openItem(node->data(0, kItemTypeRole).toInt());
+        openItem(node->data(0, window_names::kItemTypeRole).toInt());
     }
 }
 

@@ -2,6 +2,7 @@
 #include "pages/framework/life_cycle.h"
 
 #include "onudesk/messages.h"
+#include "onudesk/window_names.h"
 #include "window/request.h"
 
 #include <utility>
@@ -18,7 +19,7 @@ LifeCycle::LifeCycle(QObject& owner, Session& session, std::int32_t itemType, Pa
                      Steps steps)
     : session_(session), itemType_(itemType), rules_(std::move(rules)), steps_(std::move(steps)),
       timer_(new QTimer(&owner)), registration_(*this) {
-    timer_->setObjectName(QStringLiteral("Timer1"));
+    timer_->setObjectName(QLatin1String(window_names::kButtonTimer));
     timer_->setTimerType(Qt::PreciseTimer); // a coarse one may fire early
     timer_->setInterval(kTimerMilliseconds);
     QObject::connect(timer_, &QTimer::timeout, timer_, [this] { timeOut(); });
