@@ -4,43 +4,44 @@
 #include "desk/program.h"
 
 #include "support/client_tree.h"
-#include "support/program_run.h"
-
-#include <gtest/gtest.h>
+#include "support/program.h"
 
 namespace onudesk::desk {
 
 namespace {
 
 // Without any display.
-test::ProgramRun runOnudesk(const std::string& arguments) {
+test::Finished runOnudesk(const std::string& arguments) {
     QStringList environment = QProcess::systemEnvironment();
     environment.removeIf([](const QString& variable) {
         return variable.startsWith(QLatin1String("QT_QPA_PLATFORM=")) ||
                variable.startsWith(QLatin1String("DISPLAY=")) ||
                variable.startsWith(QLatin1String("WAYLAND_DISPLAY="));
     });
-    return test::run(ONUDESK_PROGRAM, arguments, environment);
+    return test::run(ONUDESK_PROGRAM, test::words(arguments), environment);
 }
 
 TEST(Onudesk, ExitStatusAndErrorTellWhatWentWrong) {
-    const auto help = runOnudesk("--help");
-    EXPECT_EQ(help.status, exitOk);
-    EXPECT_TRUE(help.out.starts_with("usage: onudesk ")) << help.out;
-    const auto version = runOnudesk("--version");
-    EXPECT_EQ(version.status, exitOk);
-    EXPECT_TRUE(version.out.starts_with("onudesk ")) << version.out;
-    const auto blind = runOnudesk("");
-    EXPECT_EQ(blind.status, exitNoDisplay);
-    EXPECT_TRUE(blind.err.starts_with("onudesk: no display")) << blind.err;
-    const auto bogus = test::run(ONUDESK_PROGRAM, "--bogus");
-    EXPECT_EQ(bogus.status, exitUsage);
-    EXPECT_TRUE(bogus.err.ends_with("onudesk: unexpected argument --bogus\n")) << bogus.err;
     const test::TemporaryDirectory directory;
-    const auto file = directory.write("bad.snmprec", "1.3.6.1|99|x\n");
-    const auto bad = test::run(ONUDESK_PROGRAM, "--sim=" + file.string());
-    EXPECT_EQ(bad.status, exitClientFailed);
-    EXPECT_NE(bad.err.find("bad.snmprec:1:"), std::string::npos) << bad.err;
+    const auto file = directory.write("bad.snmprec", "1.3.6.1|99|x\n").string();
+    struct Case {
+        std::string arguments;
+        int status;
+        const char* told;
+    };
+    const Case rows[] = {
+        {"--help", exitOk, "usage: onudesk "},
+        {"--version", exitOk, "onudesk 0.1.0\n"},
+        {"", exitNoDisplay, "onudesk: no display"},
+        {"--bogus -platform offscreen", exitUsage, "onudesk: unexpected argument --bogus\n"},
+        {"-platform offscreen --sim=" + file, exitClientFailed, "bad.snmprec:1:"},
+    };
+    for (const Case& row : rows) {
+        const test::Finished run = runOnudesk(row.arguments);
+        EXPECT_EQ(run.status, row.status) << row.arguments;
+        const std::string& said = row.status == exitOk ? run.out : run.err;
+        EXPECT_NE(said.find(row.told), std::string::npos) << run.out << run.err;
+    }
 }
 
 } // namespace

@@ -9,7 +9,6 @@
 #include <iterator>
 #include <sstream>
 
-#include <QProcess>
 #include <QTemporaryFile>
 
 #include <gtest/gtest.h>
@@ -17,19 +16,6 @@
 namespace onudesk::test {
 
 namespace {
-
-constexpr int kPatienceMilliseconds = 60000;
-
-Finished execute(const QString& program, const QStringList& arguments,
-                 const QStringList& environment = {}) {
-    QProcess process;
-    process.setEnvironment(QProcess::systemEnvironment() + environment);
-    process.start(program, arguments);
-    EXPECT_TRUE(process.waitForFinished(kPatienceMilliseconds)) << program.toStdString();
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            process.readAllStandardOutput().toStdString(),
-            process.readAllStandardError().toStdString()};
-}
 
 QString text(const std::string& bytes) {
     return QString::fromStdString(bytes);
@@ -77,7 +63,7 @@ QStringList demoEnvironment() {
         {"V3_PRIV_PROTOCOL", "DES"},
         {"V3_PRIV_PASSPHRASE", target.v3.privPassphrase},
     };
-    QStringList environment;
+    QStringList environment = QProcess::systemEnvironment();
     for (const auto& [name, value] : settings) {
         environment << text(std::string("ONUDESK_") + name + '=' + value);
     }
@@ -122,14 +108,13 @@ Finished ScriptSession::run(const std::string& script, const std::string& onu,
     }
     steps.close();
     arguments << QStringLiteral("run") << steps.fileName();
-    return execute(QStringLiteral(ONUCTL_FILE), arguments, demoEnvironment());
+    return test::run(ONUCTL_FILE, arguments, demoEnvironment());
 }
 
 std::string ScriptSession::get(const std::string& oid) const {
-    const Finished tool =
-        execute(QStringLiteral("snmpget"),
-                {QStringLiteral("-v2c"), QStringLiteral("-cpublic"), QStringLiteral("-Oqv"),
-                 QStringLiteral("127.0.0.1:%1").arg(agent_ ? agent_->port() : 1), text(oid)});
+    const Finished tool = test::run(
+        "snmpget", {QStringLiteral("-v2c"), QStringLiteral("-cpublic"), QStringLiteral("-Oqv"),
+                    QStringLiteral("127.0.0.1:%1").arg(agent_ ? agent_->port() : 1), text(oid)});
     EXPECT_EQ(tool.status, 0) << tool.err;
     return tool.out.substr(0, tool.out.find_last_not_of('\n') + 1);
 }

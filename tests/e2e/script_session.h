@@ -2,19 +2,13 @@
 #pragma once
 
 #include "host/agent_launcher.h"
+#include "support/program.h"
 
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace onudesk::test {
-
-// What a program left behind.
-struct Finished {
-    int status = -1; // exit status, -1 when it did not exit by itself
-    std::string out;
-    std::string err;
-};
 
 // A simulated agent with the demonstration recording, the scripts that onuctl runs against it, and
 // what snmpget finds on it.

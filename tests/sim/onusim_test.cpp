@@ -173,7 +173,7 @@ TEST_F(Onusim, IsTheSameEngineAfterARestart) {
     auto manager =
         SnmpClient::withUser(first.endpoint(), "admin", loadAccess(kAccess)->users.at("admin"));
     ASSERT_EQ(manager.get({kName}).outcome, "ok");
-    ASSERT_EQ(first.finish(SIGTERM).exitStatus, 0);
+    ASSERT_EQ(first.finish(SIGTERM).status, 0);
     auto again = arguments();
     again[1] = first.endpoint();
     SimulatorProcess second(again);
@@ -184,10 +184,10 @@ TEST_F(Onusim, IsTheSameEngineAfterARestart) {
 TEST_F(Onusim, EndsCleanlyAndSaves) {
     for (const int signal : {SIGTERM, SIGINT}) {
         SimulatorProcess simulator(arguments({"--save", saved_}));
-        const FinishedRun run = simulator.finish(signal);
-        EXPECT_EQ(run.exitStatus, 0);
-        EXPECT_EQ(run.output, "listening on " + simulator.endpoint() + "\n");
-        EXPECT_EQ(run.errors, "");
+        const onudesk::test::Finished run = simulator.finish(signal);
+        EXPECT_EQ(run.status, 0);
+        EXPECT_EQ(run.out, "listening on " + simulator.endpoint() + "\n");
+        EXPECT_EQ(run.err, "");
         EXPECT_EQ(readFile(saved_).value(), recording_);
     }
 }
@@ -195,7 +195,7 @@ TEST_F(Onusim, EndsCleanlyAndSaves) {
 TEST_F(Onusim, SavesWhatWasSetForTheNextRun) {
     SimulatorProcess first(arguments({"--save", saved_}));
     EXPECT_EQ(writer(first).set({kName + "|4|kept", kObjects + "21.1.1.1|2|6"}).outcome, "ok");
-    ASSERT_EQ(first.finish(SIGTERM).exitStatus, 0);
+    ASSERT_EQ(first.finish(SIGTERM).status, 0);
 
     SimulatorProcess second({"--catalogue", kCatalogue, saved_});
     auto manager = reader(second);
@@ -223,7 +223,7 @@ TEST_F(Onusim, TakesFramedAndStagedWrites) {
     EXPECT_EQ(manager.set({oldVlan + "1|2|40"}).outcome, "ok");
     EXPECT_EQ(manager.get({oldVlan + "1", oldVlan + "3"}).bindings,
               (Lines{oldVlan + "1|2|10", oldVlan + "3|2|30"}));
-    ASSERT_EQ(first.finish(SIGTERM).exitStatus, 0);
+    ASSERT_EQ(first.finish(SIGTERM).status, 0);
 
     // What still waited is not saved.
     SimulatorProcess second({"--catalogue", kCatalogue, "--access", kAccess, saved_});
@@ -253,10 +253,10 @@ TEST_F(Onusim, SaysWhyItDoesNotStart) {
         {{}, "onusim: RECORDING.snmprec is required\n"},
     };
     for (const auto& [given, told] : cases) {
-        const FinishedRun run = SimulatorProcess(given).finish(0);
-        EXPECT_EQ(run.exitStatus, 2) << told;
-        EXPECT_EQ(run.output, "");
-        EXPECT_TRUE(run.errors.starts_with(told)) << run.errors;
+        const onudesk::test::Finished run = SimulatorProcess(given).finish();
+        EXPECT_EQ(run.status, 2) << told;
+        EXPECT_EQ(run.out, "");
+        EXPECT_TRUE(run.err.starts_with(told)) << run.err;
     }
 }
 
@@ -264,18 +264,19 @@ TEST_F(Onusim, TellsWhenItCannotListen) {
     SimulatorProcess first(arguments());
     auto same = arguments();
     same[1] = first.endpoint();
-    const FinishedRun run = SimulatorProcess(same).finish(0);
-    EXPECT_EQ(run.exitStatus, 1);
-    EXPECT_EQ(run.output, "");
-    EXPECT_EQ(run.errors,
+    const onudesk::test::Finished run = SimulatorProcess(same).finish();
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(run.err,
               "onusim: cannot listen on " + first.endpoint() + ": Address already in use\n");
 }
 
 TEST_F(Onusim, TellsWhenItCannotSave) {
     const std::string nowhere = saved_ + "/saved";
-    const FinishedRun run = SimulatorProcess(arguments({"--save", nowhere})).finish(SIGTERM);
-    EXPECT_EQ(run.exitStatus, 1);
-    EXPECT_EQ(run.errors, nowhere + ": No such file or directory\n");
+    const onudesk::test::Finished run =
+        SimulatorProcess(arguments({"--save", nowhere})).finish(SIGTERM);
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.err, nowhere + ": No such file or directory\n");
 }
 
 TEST_F(Onusim, EndsWithItsParent) {
@@ -286,7 +287,7 @@ TEST_F(Onusim, EndsWithItsParent) {
         // The process in between starts the simulator and ends as soon as it serves, without a
         // destructor: only the kernel tells the simulator.
         const SimulatorProcess simulator(arguments({"--with-parent", "--save", saved_}));
-        const pid_t pid = simulator.endpoint().empty() ? -1 : simulator.pid();
+        const pid_t pid = simulator.endpoint().empty() ? -1 : simulator.id();
         ::_exit(::write(fromChild[1], &pid, sizeof pid) == sizeof pid ? 0 : 1);
     }
     ::close(fromChild[1]);

@@ -1,42 +1,35 @@
 // SPDX-License-Identifier: MIT
-//
-// The real onusim as a child process.
 #pragma once
 
-#include <string>
-#include <vector>
+#include "support/program.h"
 
-#include <sys/types.h>
+#include <vector>
 
 namespace onudesk::sim::test {
 
-// What a run that is over printed, and how it ended.
-struct FinishedRun {
-    int exitStatus = -1; // -1 when a signal ended it
-    std::string output{};
-    std::string errors{};
-};
-
-class SimulatorProcess {
+// The real onusim as a child process, which has said its first line.
+class SimulatorProcess : public onudesk::test::Program {
 public:
-    // Starts it with these arguments and reads its first line of output.
-    explicit SimulatorProcess(const std::vector<std::string>& arguments);
-    // Ends it, should it still run.
-    ~SimulatorProcess();
-    SimulatorProcess(const SimulatorProcess&) = delete;
-    SimulatorProcess& operator=(const SimulatorProcess&) = delete;
+    explicit SimulatorProcess(const std::vector<std::string>& arguments)
+        : Program(ONUSIM_PROGRAM, list(arguments)) {
+        const std::string line = lineWith(QProcess::StandardOutput, kReady);
+        endpoint_ = line.substr(std::min(line.size(), kReady.size()));
+        endpoint_.resize(endpoint_.empty() ? 0 : endpoint_.size() - 1);
+    }
 
     // ADDRESS:PORT from the line it printed; empty when it ended before.
     [[nodiscard]] const std::string& endpoint() const { return endpoint_; }
-    [[nodiscard]] pid_t pid() const { return pid_; }
-    // Sends a signal (none for 0) and waits for the end. Only once.
-    FinishedRun finish(int signal);
 
 private:
-    pid_t pid_ = -1;
-    int output_ = -1;
-    int errors_ = -1;
-    std::string read_; // output so far
+    static QStringList list(const std::vector<std::string>& arguments) {
+        QStringList list;
+        for (const std::string& argument : arguments) {
+            list << QString::fromStdString(argument);
+        }
+        return list;
+    }
+
+    inline static const std::string kReady = "listening on ";
     std::string endpoint_;
 };
 
