@@ -4,6 +4,7 @@
 #include "base/result.h"
 
 #include <cstdint>
+#include <functional>
 
 #include <QString>
 
@@ -15,6 +16,10 @@ namespace onudesk::ctl {
 class DrivenWindow {
 public:
     virtual ~DrivenWindow() = default;
+
+    // Called from the event loop, dialogs' loops included, when observed(), answered() or quiet()
+    // may have become true.
+    std::function<void()> onChange;
 
     // Null when it is not open.
     [[nodiscard]] virtual QWidget* window() const = 0;

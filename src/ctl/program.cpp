@@ -96,17 +96,18 @@ ExitCode runCommand(const Invocation& call, WindowDriver& driver, const Recorder
 ExitCode runScript(const Invocation& call, WindowDriver& driver, Recorder& recorder,
                    const Observation& observation) {
     const Options& options = call.options;
-    const SignalWatch signals;
+    std::optional<SignalWatch> signals;
     ScriptRunner runner(call.script, {.window = driver,
                                       .recorder = recorder,
                                       .observation = observation,
                                       .out = call.out,
                                       .err = call.err,
-                                      .interruptions = [&] { return signals.count(); },
+                                      .interruptions = [&] { return signals->count(); },
                                       .scriptName = scriptName(options.scriptFile),
                                       .itemType = options.target.subUnitItemType,
                                       .json = options.json,
                                       .watch = options.watch});
+    signals.emplace([&] { runner.lookAgain(); });
     driver.runUntilClosed(options.target, [&] { runner.start(); });
     return runner.finish();
 }

@@ -5,19 +5,14 @@
 #include <QDialog>
 #include <QEventLoop>
 #include <QPointer>
-#include <QTimer>
 
 #include <algorithm>
-#include <chrono>
 #include <ostream>
 #include <utility>
 
 namespace onudesk::ctl {
 
 namespace {
-
-// The engine has no way to wake this thread when its last request ends without a reply.
-constexpr std::chrono::milliseconds kPollInterval{1};
 
 // Ends the dialog's loop even when the dialog wants to stay.
 void close(QDialog& dialog) {
@@ -32,7 +27,13 @@ void close(QDialog& dialog) {
 
 ScriptRunner::ScriptRunner(std::vector<Step> steps, RunTools tools)
     : steps_(std::move(steps)), tools_(std::move(tools)), questions_(tools_.recorder),
-      worker_(tools_, questions_) {}
+      worker_(tools_, questions_) {
+    tools_.window.onChange = [this] { lookAgain(); };
+}
+
+ScriptRunner::~ScriptRunner() {
+    tools_.window.onChange = {};
+}
 
 void ScriptRunner::start() {
     started_ = true;
@@ -52,8 +53,16 @@ void ScriptRunner::later(void (ScriptRunner::*work)()) {
         this, [this, work] { (this->*work)(); }, Qt::QueuedConnection);
 }
 
-void ScriptRunner::poll(void (ScriptRunner::*work)()) {
-    QTimer::singleShot(kPollInterval, this, [this, work] { (this->*work)(); });
+// All that the waiting is for happens in this thread's event loop, so that nothing can come between
+// the look that found it missing and this.
+void ScriptRunner::onceChanged(void (ScriptRunner::*work)()) {
+    waiting_ = work;
+}
+
+void ScriptRunner::lookAgain() {
+    if (waiting_ != nullptr) {
+        later(std::exchange(waiting_, nullptr));
+    }
 }
 
 void ScriptRunner::next() {
@@ -73,7 +82,7 @@ void ScriptRunner::next() {
         return;
     }
     if (mustWait(step.kind)) {
-        poll(&ScriptRunner::next);
+        onceChanged(&ScriptRunner::next);
         return;
     }
     if (step.kind == StepKind::wait) {
@@ -135,7 +144,7 @@ void ScriptRunner::atEnd() {
     } else if (interruptions() > 0) {
         fail({exitInterrupted, "interrupted"});
     } else if (!tools_.window.quiet()) {
-        poll(&ScriptRunner::next);
+        onceChanged(&ScriptRunner::next);
     } else if (const auto failure = verdict()) {
         fail(*failure);
     } else {
@@ -216,7 +225,7 @@ void ScriptRunner::end(ExitCode outcome) {
 
 void ScriptRunner::settle() {
     if (!tools_.window.answered() && interruptions() < patience_) {
-        poll(&ScriptRunner::settle);
+        onceChanged(&ScriptRunner::settle);
     } else {
         unwind();
     }

@@ -26,17 +26,22 @@ namespace onudesk::ctl {
 class ScriptRunner : public QObject {
 public:
     ScriptRunner(std::vector<Step> steps, RunTools tools);
+    ~ScriptRunner() override;
+    ScriptRunner(const ScriptRunner&) = delete;
+    ScriptRunner& operator=(const ScriptRunner&) = delete;
 
     // Call once the window is open. Closes it in the end.
     void start();
     // Call after the window closed: what the script wanted after that is its failure. Returns the
     // exit status; why it is not 0 was told.
     [[nodiscard]] ExitCode finish();
+    // Call when RunTools::interruptions has changed.
+    void lookAgain();
 
 private:
     void next();
     void later(void (ScriptRunner::*work)());
-    void poll(void (ScriptRunner::*work)());
+    void onceChanged(void (ScriptRunner::*work)());
     bool begin(const Step& step);
     [[nodiscard]] bool mustWait(StepKind kind) const;
     void atEnd();
@@ -55,9 +60,10 @@ private:
     const RunTools tools_;
     Questions questions_;
     StepWorker worker_;
-    std::size_t at_ = 0;    // the step to do next
-    std::size_t begun_ = 0; // steps announced
-    int line_ = 0;          // of the step at hand
+    void (ScriptRunner::*waiting_)() = nullptr; // goes on when something has changed
+    std::size_t at_ = 0;                        // the step to do next
+    std::size_t begun_ = 0;                     // steps announced
+    int line_ = 0;                              // of the step at hand
     bool beyondEnd_ = false;
     int patience_ = 0; // interruptions that end the waiting
     bool started_ = false;

@@ -28,7 +28,7 @@ struct RunTools {
     std::ostream& out;
     std::ostream& err;
     // How often somebody wanted the run to end: once ends it after the step at hand, once more ends
-    // the waiting for the agent, too. Asked often; may be empty.
+    // the waiting for the agent, too. May be empty.
     std::function<int()> interruptions{};
     std::string scriptName{};
     std::int32_t itemType = 0; // shown from the begin, 0 for none

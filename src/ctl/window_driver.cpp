@@ -14,9 +14,6 @@ namespace onudesk::ctl {
 
 namespace {
 
-// The engine has no way to wake this thread when its last request ends without a reply.
-constexpr int kQuietCheckMilliseconds = 1;
-
 int depthOf(const QTreeWidgetItem& item) {
     int depth = -1;
     for (const QTreeWidgetItem* above = item.parent(); above != nullptr; above = above->parent()) {
@@ -26,6 +23,32 @@ int depthOf(const QTreeWidgetItem& item) {
 }
 
 } // namespace
+
+WindowDriver::WindowDriver(QApplication& application, host::ClientHost& host)
+    : application_(application), host_(host) {
+    host_.engine().setOnSettled([this] { askAgain(); });
+}
+
+WindowDriver::~WindowDriver() {
+    host_.engine().setOnSettled({});
+}
+
+// Any thread.
+void WindowDriver::askAgain() {
+    QMetaObject::invokeMethod(
+        &context_, [this] { tellChange(); }, Qt::QueuedConnection);
+}
+
+// The engine is settled once the last reply was posted. While the window has still to handle
+// replies its pump has an event in the queue, and what is asked again here stands behind that.
+void WindowDriver::tellChange() {
+    if (onChange) {
+        onChange();
+    }
+    if (answered() && !quiet()) {
+        askAgain();
+    }
+}
 
 void WindowDriver::run(const host::OnuTarget& target, const std::function<void()>& work) {
     runUntilClosed(target, [&] {
@@ -115,8 +138,6 @@ bool WindowDriver::clickItem(std::int32_t itemType) {
 }
 
 void WindowDriver::waitUntilQuiet() const {
-    QTimer tick;
-    tick.start(kQuietCheckMilliseconds);
     while (!host_.quiet()) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }

@@ -10,6 +10,7 @@
 #include <functional>
 #include <vector>
 
+#include <QObject>
 #include <QString>
 
 class QApplication;
@@ -27,8 +28,11 @@ struct TreeItem {
 
 class WindowDriver : public DrivenWindow {
 public:
-    WindowDriver(QApplication& application, host::ClientHost& host)
-        : application_(application), host_(host) {}
+    // One at a time on a host.
+    WindowDriver(QApplication& application, host::ClientHost& host);
+    ~WindowDriver() override;
+    WindowDriver(const WindowDriver&) = delete;
+    WindowDriver& operator=(const WindowDriver&) = delete;
 
     // Opens the window on the ONU, does the work in it and closes it.
     void run(const host::OnuTarget& target, const std::function<void()>& work);
@@ -49,11 +53,14 @@ public:
     void waitUntilQuiet() const;
 
 private:
+    void askAgain();
+    void tellChange();
     [[nodiscard]] QTreeWidget* tree() const;
     bool clickItem(std::int32_t itemType);
 
     QApplication& application_;
     host::ClientHost& host_;
+    QObject context_; // calls that wait in the event loop end with it
     host::OnuTarget target_;
     QWidget* window_ = nullptr;
 };

@@ -64,6 +64,11 @@ void SnmpEngine::setObserver(EngineObserver observer) {
     observer_ = std::move(observer);
 }
 
+void SnmpEngine::setOnSettled(std::function<void()> onSettled) {
+    const std::scoped_lock lock(settingsMutex_);
+    onSettled_ = std::move(onSettled);
+}
+
 // In this order: a request is counted as in progress before it leaves the queue.
 std::size_t SnmpEngine::outstanding() const {
     const std::size_t waiting = queue_.pending();
@@ -97,12 +102,21 @@ void SnmpEngine::stop() {
 void SnmpEngine::run() {
     SnmpClient client(options_.timeoutUnit);
     std::vector<pollfd> descriptors;
+    bool toldIdle = true;
     while (!stopping_) {
         waitForWork(client, descriptors);
-        takeRequests(client);
+        if (takeRequests(client)) {
+            toldIdle = false;
+            tellSettled(); // all observed
+        }
         client.process(descriptors);
         reap();
         startReady();
+        // What is posted from here on is taken, and told of, in a later round.
+        if (!toldIdle && outstanding() == 0) {
+            toldIdle = true;
+            tellSettled();
+        }
     }
     jobs_.clear();
 }
@@ -116,9 +130,11 @@ void SnmpEngine::waitForWork(SnmpClient& client, std::vector<pollfd>& descriptor
     }
 }
 
-void SnmpEngine::takeRequests(SnmpClient& client) {
+// The counters stay as they are when there is nothing to take: nobody is told of such a round.
+bool SnmpEngine::takeRequests(SnmpClient& client) {
     queue_.acknowledge();
-    while (!stopping_) {
+    bool taken = false;
+    for (; !stopping_ && queue_.pending() > 0; taken = true) {
         ++inProgress_;
         beingTaken_ = 1;
         const auto message = queue_.take();
@@ -126,17 +142,14 @@ void SnmpEngine::takeRequests(SnmpClient& client) {
             ++acceptedSession_;
             failedFirstWrites_.clear();
         }
-        const CodeParaPtr para = message ? takeOwnership(*message) : nullptr;
-        if (!para) {
+        if (const CodeParaPtr para = message ? takeOwnership(*message) : nullptr) {
+            accept(client, *para);
+        } else {
             --inProgress_;
             beingTaken_ = 0;
-            if (!message) {
-                return;
-            }
-            continue;
         }
-        accept(client, *para);
     }
+    return taken;
 }
 
 void SnmpEngine::accept(SnmpClient& client, const DllClientCodePara& para) {
@@ -271,6 +284,13 @@ void SnmpEngine::observe(const ReplyRecord& reply) {
     const std::scoped_lock lock(settingsMutex_);
     if (observer_.onReply) {
         observer_.onReply(reply);
+    }
+}
+
+void SnmpEngine::tellSettled() {
+    const std::scoped_lock lock(settingsMutex_);
+    if (onSettled_) {
+        onSettled_();
     }
 }
 

@@ -63,6 +63,11 @@ public:
     // Replaces the observer; the former one is not called any more once this returns. Any thread.
     void setObserver(EngineObserver observer);
 
+    // Replaces what is called, on the worker thread, each time unobserved() or outstanding() has
+    // become 0; by then either may have grown again. The same rules as for the observer. Any
+    // thread.
+    void setOnSettled(std::function<void()> onSettled);
+
     // Ends what one window asked for: requests posted so far are still carried out and observed,
     // but their replies reach no window any more. Call after the window closed, on the thread that
     // posts.
@@ -87,7 +92,8 @@ private:
 
     void run();
     void waitForWork(SnmpClient& client, std::vector<pollfd>& descriptors);
-    void takeRequests(SnmpClient& client);
+    // False when there was none.
+    bool takeRequests(SnmpClient& client);
     void accept(SnmpClient& client, const DllClientCodePara& para);
     void startReady();
     void reap();
@@ -97,6 +103,7 @@ private:
     bool post(const ReplyRecord& reply);
     void observe(const ReplyRecord& reply);
     void observe(const DllClientCodePara& para);
+    void tellSettled();
 
     CatalogueSchema catalogue_;
     EngineOptions options_;
@@ -105,9 +112,10 @@ private:
     platform::ThreadQueue queue_;
     std::uint32_t threadId_;
 
-    mutable std::mutex settingsMutex_; // guards the next two
+    mutable std::mutex settingsMutex_; // guards the next three
     V3Access v3Defaults_;
     EngineObserver observer_;
+    std::function<void()> onSettled_;
 
     std::atomic<std::size_t> inProgress_{0};
     std::atomic<std::size_t> beingTaken_{

@@ -57,16 +57,17 @@ protected:
         Recorder recorder;
         std::ostringstream out;
         std::ostream err(&told);
-        const SignalWatch signals;
+        std::optional<SignalWatch> signals;
         ScriptRunner runner(parseScript(script).value(),
                             {.window = driver,
                              .recorder = recorder,
                              .observation = observation,
                              .out = out,
                              .err = err,
-                             .interruptions = [&] { return signals.count(); },
+                             .interruptions = [&] { return signals->count(); },
                              .scriptName = "s",
                              .watch = true});
+        signals.emplace([&] { runner.lookAgain(); });
         driver.runUntilClosed(target, [&] { runner.start(); });
         const ExitCode outcome = runner.finish();
         clientHost->engine().setObserver({});

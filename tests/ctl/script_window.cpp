@@ -96,6 +96,7 @@ bool ScriptWindow::quiet() const {
         return true;
     }
     busy = busy > 0 ? busy - 1 : busy;
+    QMetaObject::invokeMethod(page_, onChange, Qt::QueuedConnection);
     if (whileBusy) {
         whileBusy();
     }

@@ -128,6 +128,22 @@ TEST_F(BoundaryTest, OutstandingCountsARequestUntilItsReplyIsPosted) {
     EXPECT_EQ(window->replies.size(), 2U);
 }
 
+TEST_F(BoundaryTest, TellsWhenEverythingIsAnswered) {
+    Agent agent(*this, honest(mib));
+    std::atomic<int> idle = 0;
+    engine().setOnSettled([&] { idle += engine().outstanding() == 0 ? 1 : 0; });
+    for (int round = 1; round <= 3; ++round) {
+        read(600);
+        waitUntil([&] { return idle >= round; });
+        EXPECT_EQ(idle, round) << "once, with the reply posted";
+        EXPECT_EQ(window->replies.size() + platform::waitingWindowMessages(),
+                  static_cast<std::size_t>(round));
+    }
+    engine().endSession(); // posts to the engine, too
+    waitUntil([&] { return idle > 3; });
+    engine().setOnSettled({});
+}
+
 TEST_F(BoundaryTest, LateRepliesOfAClosedWindowNeverReachTheNextOne) {
     std::atomic<bool> release = false;
     Agent slow(*this, holding(release));
