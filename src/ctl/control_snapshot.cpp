@@ -72,16 +72,21 @@ void describeTable(const QTableView& table, QJsonObject& properties) {
 QString describeKind(const QWidget& widget, QJsonObject& properties) {
     const QLatin1String text("text");
     const QLatin1String checked("checked");
+    const QLatin1String editable("editable");
+    properties[editable] = false;
     if (const auto* edit = qobject_cast<const QLineEdit*>(&widget)) {
         properties[text] = edit->displayText();
+        properties[editable] = !edit->isReadOnly();
         return QStringLiteral("edit");
     }
     if (const auto* memo = qobject_cast<const QPlainTextEdit*>(&widget)) {
         properties[text] = memo->toPlainText();
+        properties[editable] = !memo->isReadOnly();
         return QStringLiteral("memo");
     }
     if (const auto* combo = qobject_cast<const QComboBox*>(&widget)) {
         describeCombo(*combo, properties);
+        properties[editable] = true;
         return QStringLiteral("combo");
     }
     if (const auto* table = qobject_cast<const QTableView*>(&widget)) {
@@ -100,6 +105,7 @@ QString describeKind(const QWidget& widget, QJsonObject& properties) {
         properties[text] = button->text();
         if (button->isCheckable()) {
             properties[checked] = button->isChecked();
+            properties[editable] = true;
         }
         return qobject_cast<const QCheckBox*>(button) != nullptr      ? QStringLiteral("box")
                : qobject_cast<const QRadioButton*>(button) != nullptr ? QStringLiteral("radio")
@@ -117,6 +123,7 @@ ControlSnapshot snapshotControl(const QObject& object) {
     if (const auto* timer = qobject_cast<const QTimer*>(&object)) {
         control.properties[kindKey] = QLatin1String("timer");
         control.properties[enabled] = timer->isActive();
+        control.properties[QLatin1String("editable")] = false;
     } else if (object.isWidgetType()) {
         const auto& widget = static_cast<const QWidget&>(object);
         const QString kind = describeKind(widget, control.properties);

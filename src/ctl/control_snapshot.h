@@ -17,9 +17,10 @@ namespace onudesk::ctl {
 
 struct ControlSnapshot {
     QString name;
-    // "kind", "text", "enabled", "visible", "focus" and, where they apply, "items", "index",
-    // "checked", "columns", "rows", "selected". "focus" is whether keys go to the control while its
-    // window is in front.
+    // "kind", "text", "enabled", "editable", "visible", "focus" and, where they apply, "items",
+    // "index", "checked", "columns", "rows", "selected". "focus" is whether keys go to the control
+    // while its window is in front; "editable" is whether it holds something that the operator may
+    // change while it is enabled: not what is read-only, and no labels, buttons and tables.
     QJsonObject properties;
 };
 

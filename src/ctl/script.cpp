@@ -55,8 +55,9 @@ constexpr Form kExpectBox{"expect", StepKind::expectBox, 4, "expect box ICON CAP
 constexpr Form kExpectNoBox{"expect", StepKind::expectNoBox, 1, "expect nobox"};
 constexpr Form kExpectWrites{"expect", StepKind::expectWrites, 2, "expect writes N"};
 
-constexpr std::array<std::string_view, 9> kProperties = {
-    "text", "enabled", "visible", "checked", "index", "items", "rows", "selected", "focus"};
+constexpr std::array<std::string_view, 10> kProperties = {
+    "text",  "enabled", "editable", "visible",  "checked",
+    "index", "items",   "rows",     "selected", "focus"};
 
 bool isOneOf(std::string_view text, std::initializer_list<std::string_view> choices) {
     return std::ranges::find(choices, text) != choices.end();
