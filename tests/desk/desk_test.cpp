@@ -4,14 +4,15 @@
 #include <utility>
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QDeadlineTimer>
+#include <QLabel>
+#include <QLineEdit>
 #include <QTimer>
 
 namespace onudesk::test {
 
 namespace {
-
-constexpr int kPatience = 30000; // milliseconds
 
 QMessageBox* openBox() {
     return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -37,14 +38,6 @@ void whenReady(const std::function<bool()>& condition, const std::function<void(
         QApplication::closeAllWindows();
     });
     timer->start(1);
-}
-
-bool waitUntil(const std::function<bool()>& condition) {
-    const QDeadlineTimer deadline(kPatience);
-    while (!condition() && !deadline.hasExpired()) {
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
-    }
-    return condition();
 }
 
 void withModal(const std::function<void()>& action, const std::function<void(QWidget&)>& drive) {
@@ -96,25 +89,29 @@ std::string answerBoxes(const std::function<void()>& action,
     return text;
 }
 
-std::string answerBox(const std::function<void()>& action, QMessageBox::StandardButton button) {
-    return answerBoxes(action, {button});
-}
-
-void enter(const QWidget& dialog, const char* edit, const char* text) {
-    control<QLineEdit>(dialog, edit).setText(QString::fromUtf8(text));
-}
-
-void choose(const QWidget& dialog, const char* comboBox, const char* text) {
-    auto& box = control<QComboBox>(dialog, comboBox);
-    const int index = box.findText(QString::fromUtf8(text));
-    EXPECT_GE(index, 0) << text;
-    box.setCurrentIndex(index);
+void enter(const QWidget& dialog, const std::string& entries) {
+    for (const QString& entry : QString::fromStdString(entries).split(QLatin1Char('|'))) {
+        const std::string name = entry.section(QLatin1Char('='), 0, 0).toStdString();
+        const QString text = entry.section(QLatin1Char('='), 1);
+        if (name.ends_with("Edt")) {
+            control<QLineEdit>(dialog, name.c_str()).setText(text);
+        } else {
+            auto& box = control<QComboBox>(dialog, name.c_str());
+            EXPECT_GE(box.findText(text), 0) << entry.toStdString();
+            box.setCurrentIndex(box.findText(text));
+        }
+    }
 }
 
 void press(const QWidget& dialog, int standardButton) {
     control<QDialogButtonBox>(dialog, "buttonBox")
         .button(static_cast<QDialogButtonBox::StandardButton>(standardButton))
         ->click();
+}
+
+void submit(const QWidget& dialog, const std::string& entries) {
+    enter(dialog, entries);
+    press(dialog, QDialogButtonBox::Ok);
 }
 
 std::string problemIn(const QWidget& dialog) {

@@ -6,11 +6,8 @@
 #include "sample_entries.h"
 #include "support/client_tree.h"
 
-#include <filesystem>
-#include <string>
-
-#include <QDialogButtonBox>
 #include <QHeaderView>
+#include <QPushButton>
 #include <QStatusBar>
 
 namespace onudesk::desk {
@@ -18,11 +15,13 @@ namespace onudesk::desk {
 namespace {
 
 namespace fs = std::filesystem;
-using test::answerBox;
 using test::answerBoxes;
-using test::enter;
-using test::press;
+using test::submit;
 using test::withModal;
+using Box = QMessageBox;
+
+constexpr const char* kSchool = "nameEdt=School|agentEdt=10.0.0.1|onuEdt=1.1.1";
+constexpr const char* kLab = "nameEdt=lab|readCommunityEdt=look";
 
 class DeskWindowTest : public testing::Test {
 protected:
@@ -36,46 +35,49 @@ protected:
         window.openInventory(file);
     }
     [[nodiscard]] Inventory saved() const { return InventoryFile(file).load().value(); }
-    [[nodiscard]] std::string cell(int row, int column) const {
-        return window.onuTable->item(row, column)->text().toStdString();
-    }
-    // The cells of a column, from the first on.
+    // The cells of a column, and the entry that is selected.
     [[nodiscard]] std::string column(int number) const {
         std::string text;
         for (int row = 0; row < window.onuTable->rowCount(); ++row) {
-            text += (row == 0 ? "" : ",") + cell(row, number);
+            text +=
+                (row == 0 ? "" : ",") + window.onuTable->item(row, number)->text().toStdString();
         }
-        return text;
+        return text + " > " + window.onuTable->selectedName();
     }
     [[nodiscard]] std::string status() const {
         return window.statusBar()->currentMessage().toStdString();
     }
-    // Enters an ONU and, when it is refused, looks at what is left and cancels.
-    void addOnu(const char* name, const char* onu,
-                const std::function<void(QWidget&)>& whenRefused = {}) {
-        withModal([this] { window.addAct->trigger(); },
+    [[nodiscard]] std::string usable() const {
+        std::string names;
+        for (const QAction* action : {window.configureAct, window.addAct, window.editAct,
+                                      window.removeAct, window.profilesAct, window.saveAct}) {
+            names += action->isEnabled() ? action->objectName().toStdString() + ' ' : "";
+        }
+        return names;
+    }
+    // Enters an entry. The problem, when it is refused and the dialog cancelled.
+    static std::string edit(QAction* action, const std::string& entry) {
+        std::string problem;
+        withModal([&] { action->trigger(); },
                   [&](QWidget& modal) {
-                      enter(modal, "nameEdt", name);
-                      enter(modal, "agentEdt", "10.0.0.1");
-                      enter(modal, "onuEdt", onu);
-                      press(modal, QDialogButtonBox::Ok);
-                      if (whenRefused) {
-                          whenRefused(modal);
-                          press(modal, QDialogButtonBox::Cancel);
+                      submit(modal, entry);
+                      if (modal.isVisible()) {
+                          problem = test::problemIn(modal);
+                          test::press(modal, QDialogButtonBox::Cancel);
                       }
                   });
+        return problem;
     }
-    void addProfile(const char* name) {
+    void addProfile(const char* entry) {
         withModal([this] { window.profilesAct->trigger(); },
                   [&](QWidget& profiles) {
                       withModal([&] { test::control<QPushButton>(profiles, "addBtn").click(); },
-                                [&](QWidget& modal) {
-                                    enter(modal, "nameEdt", name);
-                                    enter(modal, "readCommunityEdt", "look");
-                                    press(modal, QDialogButtonBox::Ok);
-                                });
+                                [&](QWidget& modal) { submit(modal, entry); });
                       test::control<QPushButton>(profiles, "closeBtn").click();
                   });
+    }
+    std::string remove(Box::StandardButton answer) {
+        return answerBoxes([this] { window.removeAct->trigger(); }, {answer});
     }
     // Until unblock(), nothing can be written where the file is.
     void block() const {
@@ -88,135 +90,92 @@ protected:
     }
 };
 
-TEST_F(DeskWindowTest, ShowsWhatTheFileHas) {
-    openSample();
-    EXPECT_EQ(column(0) + " " + column(1) + " " + column(2) + " " + column(3) + " " + column(4),
-              "Town hall 10.0.0.1:1161 1.2.5 epononu4470_menu.xml field");
-    EXPECT_TRUE(window.configureAct->isEnabled());
-    EXPECT_FALSE(window.saveAct->isEnabled());
-}
-
-TEST_F(DeskWindowTest, AnEmptyListOffersOnlyAdding) {
+TEST_F(DeskWindowTest, EveryEditIsShownAndSavedAtOnce) {
     window.openInventory(file);
-    EXPECT_TRUE(window.addAct->isEnabled());
-    EXPECT_TRUE(window.profilesAct->isEnabled());
-    for (const QAction* action : {window.editAct, window.removeAct, window.configureAct}) {
-        EXPECT_FALSE(action->isEnabled()) << action->objectName().toStdString();
+    EXPECT_EQ(usable(), "addAct profilesAct ");
+    openSample();
+    EXPECT_EQ(usable(), "configureAct addAct editAct removeAct profilesAct ");
+    EXPECT_EQ(column(0) + column(1) + column(2) + column(3) + column(4),
+              "Town hall > Town hall10.0.0.1:1161 > Town hall1.2.5 > Town hall"
+              "epononu4470_menu.xml > Town hallfield > Town hall");
+    struct Step {
+        std::function<std::string()> act;
+        const char* told;
+        const char* shown;
+    };
+    const Step steps[] = {
+        {[&] { return edit(window.addAct, kSchool); }, "", "School,Town hall > School"},
+        {[&] { return edit(window.addAct, "nameEdt=Town hall|agentEdt=10.0.0.1|onuEdt=1.1.2"); },
+         "There is already an ONU \"Town hall\"", "School,Town hall > School"},
+        {[&] { return edit(window.editAct, "nameEdt=City school|agentEdt=olt-7:161"); }, "",
+         "City school,Town hall > City school"},
+        {[&] { return remove(Box::No); }, "Remove \"City school\" from the list?",
+         "City school,Town hall > City school"},
+        {[&] { return remove(Box::Yes); }, "Remove \"City school\" from the list?",
+         "Town hall > Town hall"},
+        {[&] { return addProfile(kLab), std::string(); }, "", "Town hall > Town hall"},
+        {[&] { return remove(Box::Yes); }, "Remove \"Town hall\" from the list?", " > "},
+    };
+    for (const Step& step : steps) {
+        EXPECT_EQ(step.act(), step.told);
+        EXPECT_EQ(column(0), step.shown);
+        EXPECT_EQ(saved(), window.inventory());
+        EXPECT_FALSE(window.isWindowModified());
+        EXPECT_EQ(status(), "Saved");
+        if (window.inventory().onus().contains("City school")) {
+            EXPECT_EQ(saved().onus().at("City school").agent, "olt-7:161");
+            EXPECT_EQ(saved().onus().at("City school").menuFile, kGeneralMenu);
+        }
     }
-}
-
-TEST_F(DeskWindowTest, AddedEntryIsSelectedAndSavedAtOnce) {
-    openSample();
-    addOnu("School", "1.1.1");
-    EXPECT_EQ(window.onuTable->selectedName(), "School");
-    EXPECT_EQ(saved().onus().size(), 2U);
-    EXPECT_EQ(saved().onus().at("School").menuFile, kGeneralMenu);
-    EXPECT_FALSE(window.isWindowModified());
-    EXPECT_EQ(status(), "Saved");
-}
-
-TEST_F(DeskWindowTest, RefusedEntryStaysInTheDialogAndOutOfTheFile) {
-    openSample();
-    addOnu("Town hall", "1.1.1", [](QWidget& modal) {
-        EXPECT_TRUE(modal.isVisible());
-        EXPECT_EQ(test::problemIn(modal), "There is already an ONU \"Town hall\"");
-        EXPECT_EQ(test::control<QLineEdit>(modal, "onuEdt").text(), QStringLiteral("1.1.1"));
-    });
-    EXPECT_EQ(window.inventory(), test::sampleInventory());
-    EXPECT_EQ(saved(), test::sampleInventory());
-}
-
-TEST_F(DeskWindowTest, EditedEntryTakesThePlaceOfTheOld) {
-    openSample();
-    withModal([this] { window.editAct->trigger(); },
-              [](QWidget& modal) {
-                  enter(modal, "nameEdt", "City hall");
-                  enter(modal, "agentEdt", "olt-7:161");
-                  press(modal, QDialogButtonBox::Ok);
-              });
-    EXPECT_EQ(column(0), "City hall");
-    EXPECT_EQ(saved().onus().at("City hall").agent, "olt-7:161");
-    EXPECT_EQ(saved().onus().size(), 1U);
-}
-
-TEST_F(DeskWindowTest, RemovesOnlyAfterYes) {
-    openSample();
-    const std::string question =
-        answerBox([this] { window.removeAct->trigger(); }, QMessageBox::No);
-    EXPECT_EQ(question, "Remove \"Town hall\" from the list?");
-    EXPECT_EQ(saved().onus().size(), 1U);
-    answerBox([this] { window.removeAct->trigger(); }, QMessageBox::Yes);
-    EXPECT_TRUE(saved().onus().empty());
-    EXPECT_EQ(window.onuTable->rowCount(), 0);
-    EXPECT_FALSE(window.removeAct->isEnabled());
-}
-
-TEST_F(DeskWindowTest, ProfilesAreSavedAsTheyChange) {
-    openSample();
-    addProfile("lab");
     EXPECT_TRUE(saved().profiles().contains("lab"));
-    EXPECT_EQ(window.onuTable->selectedName(), "Town hall");
+    EXPECT_EQ(usable(), "addAct profilesAct ");
 }
 
 TEST_F(DeskWindowTest, NumbersInTextsSortByValueAndTheSelectionStays) {
     openSample();
-    addOnu("ONU 10", "1.2.10");
-    addOnu("ONU 9", "1.2.9");
+    edit(window.addAct, "nameEdt=ONU 10|agentEdt=10.0.0.1|onuEdt=1.2.10");
+    edit(window.addAct, "nameEdt=ONU 9|agentEdt=10.0.0.1|onuEdt=1.2.9");
     window.onuTable->sortByColumn(2, Qt::AscendingOrder);
-    EXPECT_EQ(column(2), "1.2.5,1.2.9,1.2.10");
-    EXPECT_EQ(window.onuTable->selectedName(), "ONU 9");
+    EXPECT_EQ(column(2), "1.2.5,1.2.9,1.2.10 > ONU 9");
     window.onuTable->sortByColumn(0, Qt::DescendingOrder);
-    EXPECT_EQ(column(0), "Town hall,ONU 10,ONU 9");
-    EXPECT_EQ(window.onuTable->selectedName(), "ONU 9");
+    EXPECT_EQ(column(0), "Town hall,ONU 10,ONU 9 > ONU 9");
     // The order outlives a change of the list, and edits go to the entry, not to the row.
     window.selectOnu("1.2.10");
-    answerBox([this] { window.removeAct->trigger(); }, QMessageBox::Yes);
+    remove(Box::Yes);
     EXPECT_FALSE(saved().onus().contains("ONU 10"));
-    EXPECT_EQ(column(0), "Town hall,ONU 9");
+    EXPECT_TRUE(column(0).starts_with("Town hall,ONU 9 > "));
 }
 
-TEST_F(DeskWindowTest, EditThatCannotBeSavedStaysAndIsSavedLater) {
+TEST_F(DeskWindowTest, EditsThatCannotBeSavedStayUntilTheyAreSavedOrGivenUp) {
     openSample();
+    window.show();
+    const auto quit = [this](std::deque<Box::StandardButton> answers) {
+        answerBoxes([this] { window.quitAct->trigger(); }, std::move(answers));
+        return !window.isVisible();
+    };
     block();
-    const std::string box = answerBox([this] { addOnu("School", "1.1.1"); });
-
+    const std::string box = answerBoxes([this] { edit(window.addAct, kSchool); });
     EXPECT_NE(box.find(folder.string()), std::string::npos) << box;
     EXPECT_EQ(status(), box);
-    EXPECT_TRUE(window.inventory().onus().contains("School"));
-    EXPECT_EQ(window.onuTable->rowCount(), 2);
-    EXPECT_TRUE(window.isWindowModified());
-    EXPECT_TRUE(window.saveAct->isEnabled());
-
+    EXPECT_EQ(column(0), "School,Town hall > School");
+    EXPECT_TRUE(window.isWindowModified() && window.saveAct->isEnabled());
+    EXPECT_FALSE(quit({Box::Cancel}));
+    EXPECT_FALSE(quit({Box::Save, Box::Ok})) << "saving fails again";
     unblock();
     EXPECT_EQ(saved(), test::sampleInventory());
     window.saveAct->trigger();
     EXPECT_EQ(saved(), window.inventory());
-    EXPECT_FALSE(window.isWindowModified());
-    EXPECT_FALSE(window.saveAct->isEnabled());
-}
+    EXPECT_FALSE(window.isWindowModified() || window.saveAct->isEnabled());
 
-TEST_F(DeskWindowTest, UnsavedEditsAreNotClosedAway) {
-    openSample();
-    window.show();
     block();
-    answerBox([this] { addProfile("lab"); });
-    ASSERT_TRUE(window.isWindowModified());
-
-    answerBox([this] { window.quitAct->trigger(); }, QMessageBox::Cancel);
-    EXPECT_TRUE(window.isVisible());
-    // Saving fails again, so the window stays.
-    answerBoxes([this] { window.quitAct->trigger(); }, {QMessageBox::Save, QMessageBox::Ok});
-    EXPECT_TRUE(window.isVisible());
+    answerBoxes([this] { addProfile(kLab); });
     unblock();
-    answerBox([this] { window.quitAct->trigger(); }, QMessageBox::Save);
-    EXPECT_FALSE(window.isVisible());
+    EXPECT_TRUE(quit({Box::Save}));
     EXPECT_TRUE(saved().profiles().contains("lab"));
-    // Or they are given up.
     window.show();
     block();
-    answerBox([this] { addProfile("other"); });
-    answerBox([this] { window.quitAct->trigger(); }, QMessageBox::Discard);
-    EXPECT_FALSE(window.isVisible());
+    answerBoxes([this] { addProfile("nameEdt=other|readCommunityEdt=look"); });
+    EXPECT_TRUE(quit({Box::Discard}));
     unblock();
     EXPECT_FALSE(saved().profiles().contains("other"));
 }
@@ -224,12 +183,11 @@ TEST_F(DeskWindowTest, UnsavedEditsAreNotClosedAway) {
 TEST_F(DeskWindowTest, BadFileIsToldAndKept) {
     const std::string bad = "{\"format\":1,<b>";
     directory.write("list/inventory.json", bad);
-    const std::string box = answerBox([this] { window.openInventory(file); });
+    const std::string box = answerBoxes([this] { window.openInventory(file); });
     EXPECT_NE(box.find(file.string()), std::string::npos) << box;
-    EXPECT_EQ(window.onuTable->rowCount(), 0);
+    EXPECT_EQ(column(0), " > ");
     EXPECT_EQ(*readFile(file), bad);
-
-    addProfile("lab");
+    addProfile(kLab);
     EXPECT_TRUE(saved().profiles().contains("lab"));
     EXPECT_EQ(*readFile(folder / "inventory.json.kept"), bad);
     EXPECT_NE(status().find("inventory.json.kept"), std::string::npos) << status();
@@ -238,7 +196,7 @@ TEST_F(DeskWindowTest, BadFileIsToldAndKept) {
 TEST_F(DeskWindowTest, WithoutAFileNothingIsWrittenOrAsked) {
     DeskWindow demo({.clientDirectory = directory.path()}, test::sampleInventory());
     demo.show();
-    answerBox([&] { demo.removeAct->trigger(); }, QMessageBox::Yes);
+    answerBoxes([&] { demo.removeAct->trigger(); }, {Box::Yes});
     EXPECT_EQ(demo.onuTable->rowCount(), 0);
     EXPECT_FALSE(demo.isWindowModified());
     demo.quitAct->trigger();
@@ -248,10 +206,12 @@ TEST_F(DeskWindowTest, WithoutAFileNothingIsWrittenOrAsked) {
 
 TEST_F(DeskWindowTest, DoubleClickConfiguresAndNamesAClientThatIsNone) {
     openSample();
-    const std::string box = answerBox([this] { Q_EMIT window.onuTable->cellDoubleClicked(0, 1); });
+    const std::string before = usable();
+    const std::string box =
+        answerBoxes([this] { Q_EMIT window.onuTable->cellDoubleClicked(0, 1); });
     EXPECT_NE(box.find((directory.path() / "client").string()), std::string::npos) << box;
     EXPECT_EQ(status(), box);
-    EXPECT_TRUE(window.configureAct->isEnabled());
+    EXPECT_EQ(usable(), before);
     EXPECT_TRUE(window.onuTable->isEnabled());
 }
 
@@ -260,22 +220,21 @@ TEST(MakeTarget, TakesEverythingFromEntryAndProfile) {
     address.agentAddress = "10.0.0.9";
     address.port = 1161;
     OnuEntry onu = test::sampleOnu();
-
-    const host::OnuTarget plain = makeTarget(address, onu, test::communityProfile(), 2052);
-    EXPECT_EQ(plain.agentAddress + ":" + std::to_string(plain.port), "10.0.0.9:1161");
-    EXPECT_EQ(plain.version, host::SnmpVersion::v2c);
-    EXPECT_EQ(plain.readCommunity + " " + plain.writeCommunity, "look touch");
-    EXPECT_EQ((std::vector{plain.oltNumber, plain.ponNumber, plain.onuNumber, plain.subIndex}),
-              (std::vector{1, 2, 5, -1}));
-    EXPECT_EQ(plain.menuFileName, "epononu4470_menu.xml");
-    EXPECT_EQ(plain.rootCaption, "Town hall");
-    EXPECT_EQ(plain.localeId, 2052U);
-
+    const auto expect = [&](const AccessProfile& profile, std::uint32_t locale) {
+        const host::OnuTarget made = makeTarget(address, onu, profile, 2052);
+        EXPECT_EQ(made.agentAddress + ":" + std::to_string(made.port), "10.0.0.9:1161");
+        EXPECT_EQ(made.version, profile.version);
+        EXPECT_EQ(made.readCommunity, profile.readCommunity);
+        EXPECT_EQ(made.writeCommunity, profile.writeCommunity);
+        EXPECT_EQ(made.v3, profile.v3);
+        EXPECT_EQ((std::vector{made.oltNumber, made.ponNumber, made.onuNumber, made.subIndex}),
+                  (std::vector{1, 2, 5, -1}));
+        EXPECT_EQ(made.menuFileName + made.rootCaption, "epononu4470_menu.xmlTown hall");
+        EXPECT_EQ(made.localeId, locale);
+    };
+    expect(test::communityProfile(), 2052);
     onu.localeId = 1033;
-    const host::OnuTarget secure = makeTarget(address, onu, test::v3Profile(), 2052);
-    EXPECT_EQ(secure.version, host::SnmpVersion::v3);
-    EXPECT_EQ(secure.v3, test::v3Profile().v3);
-    EXPECT_EQ(secure.localeId, 1033U);
+    expect(test::v3Profile(), 1033);
 }
 
 } // namespace

@@ -5,177 +5,142 @@
 #include "desk_test.h"
 #include "sample_entries.h"
 
-#include <QLabel>
-
 namespace onudesk::desk {
 
 namespace {
 
-using test::choose;
-using test::enter;
 using test::press;
 using test::problemIn;
+using test::submit;
 using test::withModal;
 
-template <typename Entry>
-auto takeInto(std::optional<Entry>& taken) {
-    return [&taken](const Entry& entry) {
-        taken = entry;
-        return Checked();
-    };
-}
+constexpr const char* kSchool = "nameEdt=  School |agentEdt= 10.0.0.1 |onuEdt=1.1.1 ";
 
-void enterSchool(const QWidget& dialog) {
-    enter(dialog, "nameEdt", "  School ");
-    enter(dialog, "agentEdt", " 10.0.0.1 ");
-    enter(dialog, "onuEdt", "1.1.1 ");
-    press(dialog, QDialogButtonBox::Ok);
-}
+class DialogTest : public testing::Test {
+protected:
+    Inventory inventory = test::sampleInventory();
+    int changes = 0;
+    std::optional<AccessProfile> profile;
+    std::optional<OnuEntry> onu;
 
-TEST(ProfileDialog, GivesBackWhatItWasGiven) {
-    for (const AccessProfile& profile : {test::communityProfile(), test::v3Profile()}) {
-        std::optional<AccessProfile> taken;
-        ProfileDialog dialog(QStringLiteral("Edit"), profile, takeInto(taken), nullptr);
+    [[nodiscard]] ProfileDialog profileDialog(const AccessProfile& shown) {
+        return {QStringLiteral("Edit"), shown,
+                [this](const AccessProfile& taken) {
+                    profile = taken;
+                    return Checked();
+                },
+                nullptr};
+    }
+    // What is entered goes into the inventory as well.
+    [[nodiscard]] OnuDialog onuDialog(const OnuEntry& shown) {
+        return {QStringLiteral("Edit"),
+                shown,
+                {.inventory = inventory,
+                 .menuDirectory = std::string(ONUDESK_SOURCE_DIR) + "/client/CONF/snmp",
+                 .onNewProfile = [this] { ++changes; }},
+                [this](const OnuEntry& taken) {
+                    onu = taken;
+                    return inventory.putOnu(taken, "Town hall");
+                },
+                nullptr};
+    }
+};
+
+TEST_F(DialogTest, ProfilesAreGivenBackAsTheyWere) {
+    for (const AccessProfile& shown : {test::communityProfile(), test::v3Profile()}) {
+        ProfileDialog dialog = profileDialog(shown);
         press(dialog, QDialogButtonBox::Ok);
-        ASSERT_TRUE(taken);
+        ASSERT_TRUE(profile);
         EXPECT_EQ(dialog.result(), QDialog::Accepted);
-        EXPECT_EQ(taken->name, profile.name);
-        EXPECT_EQ(taken->version, profile.version);
-        EXPECT_EQ(taken->readCommunity, profile.readCommunity);
-        EXPECT_EQ(taken->writeCommunity, profile.writeCommunity);
-        if (profile.version == host::SnmpVersion::v3) {
-            EXPECT_EQ(taken->v3, profile.v3);
+        AccessProfile expected = shown;
+        expected.v3.level = profile->v3.level; // there is always one chosen, as protocols are
+        expected.v3.authProtocol = profile->v3.authProtocol;
+        expected.v3.privProtocol = profile->v3.privProtocol;
+        EXPECT_EQ(*profile, shown.version == host::SnmpVersion::v3 ? shown : expected);
+    }
+}
+
+TEST_F(DialogTest, VersionAndLevelEnableWhatTheyUseAndKeepTheRest) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"versionCmb=v1|levelCmb=authPriv", "readCommunityEdt writeCommunityEdt "},
+        {"versionCmb=v3|levelCmb=noAuthNoPriv", "userEdt levelCmb contextEdt "},
+        {"levelCmb=authNoPriv", "userEdt levelCmb authProtocolCmb authPassphraseEdt contextEdt "},
+        {"levelCmb=authPriv", "userEdt levelCmb authProtocolCmb authPassphraseEdt "
+                              "privProtocolCmb privPassphraseEdt contextEdt "},
+        {"versionCmb=v2c", "readCommunityEdt writeCommunityEdt "}};
+    ProfileDialog dialog = profileDialog(test::v3Profile());
+    for (const auto& [entries, usable] : rows) {
+        test::enter(dialog, entries);
+        std::string enabled;
+        for (const char* name :
+             {"readCommunityEdt", "writeCommunityEdt", "userEdt", "levelCmb", "authProtocolCmb",
+              "authPassphraseEdt", "privProtocolCmb", "privPassphraseEdt", "contextEdt"}) {
+            const bool is = test::control<QWidget>(dialog, name).isEnabled();
+            enabled += is ? std::string(name) + ' ' : std::string();
         }
+        EXPECT_EQ(enabled, usable) << entries;
     }
-}
-
-TEST(ProfileDialog, SecretsAreNeverReadable) {
-    const ProfileDialog dialog(QStringLiteral("Edit"), test::v3Profile(), {}, nullptr);
-    for (const QLineEdit* edit : {dialog.readCommunityEdt, dialog.writeCommunityEdt,
-                                  dialog.authPassphraseEdt, dialog.privPassphraseEdt}) {
-        EXPECT_EQ(edit->echoMode(), QLineEdit::Password) << edit->objectName().toStdString();
-    }
-}
-
-TEST(ProfileDialog, EnablesWhatVersionAndLevelUseAndKeepsTheRest) {
-    struct Case {
-        const char* version;
-        const char* level;
-        bool communities, user, auth, priv;
-    };
-    constexpr Case cases[] = {{"v1", "authPriv", true, false, false, false},
-                              {"v2c", "authPriv", true, false, false, false},
-                              {"v3", "noAuthNoPriv", false, true, false, false},
-                              {"v3", "authNoPriv", false, true, true, false},
-                              {"v3", "authPriv", false, true, true, true}};
-    std::optional<AccessProfile> taken;
-    ProfileDialog dialog(QStringLiteral("Edit"), test::v3Profile(), takeInto(taken), nullptr);
-    for (const Case& wanted : cases) {
-        choose(dialog, "versionCmb", wanted.version);
-        choose(dialog, "levelCmb", wanted.level);
-        SCOPED_TRACE(std::string(wanted.version) + " " + wanted.level);
-        EXPECT_EQ(dialog.readCommunityEdt->isEnabled(), wanted.communities);
-        EXPECT_EQ(dialog.writeCommunityEdt->isEnabled(), wanted.communities);
-        EXPECT_EQ(dialog.userEdt->isEnabled(), wanted.user);
-        EXPECT_EQ(dialog.levelCmb->isEnabled(), wanted.user);
-        EXPECT_EQ(dialog.contextEdt->isEnabled(), wanted.user);
-        EXPECT_EQ(dialog.authProtocolCmb->isEnabled(), wanted.auth);
-        EXPECT_EQ(dialog.authPassphraseEdt->isEnabled(), wanted.auth);
-        EXPECT_EQ(dialog.privProtocolCmb->isEnabled(), wanted.priv);
-        EXPECT_EQ(dialog.privPassphraseEdt->isEnabled(), wanted.priv);
-    }
-    choose(dialog, "versionCmb", "v1");
     press(dialog, QDialogButtonBox::Ok);
-    ASSERT_TRUE(taken);
-    EXPECT_EQ(taken->v3, test::v3Profile().v3);
+    EXPECT_EQ(profile.value_or(AccessProfile()).v3, test::v3Profile().v3);
+    for (const QLineEdit* secret : {dialog.readCommunityEdt, dialog.writeCommunityEdt,
+                                    dialog.authPassphraseEdt, dialog.privPassphraseEdt}) {
+        EXPECT_EQ(secret->echoMode(), QLineEdit::Password) << secret->objectName().toStdString();
+    }
 }
 
-TEST(ProfileDialog, RefusalNamesTheFieldAndLosesNothing) {
-    Inventory inventory;
+TEST_F(DialogTest, RefusalNamesTheFieldAndLosesNothing) {
     ProfileDialog dialog(
-        QStringLiteral("Add"), test::v3Profile(),
-        [&](const AccessProfile& profile) { return inventory.putProfile(profile); }, nullptr);
+        QStringLiteral("Add"), test::v3Profile("new"),
+        [&](const AccessProfile& taken) { return inventory.putProfile(taken); }, nullptr);
     dialog.show();
-    enter(dialog, "userEdt", "somebody");
-    enter(dialog, "privPassphraseEdt", "7 bytes");
-    press(dialog, QDialogButtonBox::Ok);
-
+    submit(dialog, "userEdt=somebody|privPassphraseEdt=7 bytes");
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_TRUE(dialog.problemLbl->isVisible());
     EXPECT_EQ(problemIn(dialog), "Privacy pass phrase needs at least 8 characters");
     EXPECT_EQ(dialog.focusWidget(), dialog.privPassphraseEdt);
-    EXPECT_EQ(typed(*dialog.userEdt), "somebody");
     EXPECT_EQ(typed(*dialog.privPassphraseEdt), "7 bytes");
-    EXPECT_TRUE(inventory.profiles().empty());
-
-    enter(dialog, "privPassphraseEdt", "8 bytes!");
-    press(dialog, QDialogButtonBox::Ok);
+    EXPECT_EQ(inventory, test::sampleInventory());
+    submit(dialog, "privPassphraseEdt=8 bytes!");
     EXPECT_FALSE(dialog.isVisible());
-    EXPECT_EQ(inventory.profiles().at("core").v3.user, "somebody");
+    EXPECT_EQ(inventory.profiles().at("new").v3.user, "somebody");
 }
 
-TEST(OnuDialog, KeepsAnEntryItHasNoChoiceFor) {
-    Inventory inventory = test::sampleInventory();
-    OnuEntry onu = test::sampleOnu();
-    onu.menuFile = "own_menu.xml";
-    onu.localeId = 1031;
-    std::optional<OnuEntry> taken;
-    OnuDialog dialog(QStringLiteral("Edit"), onu,
-                     {.inventory = inventory, .menuDirectory = {}, .onNewProfile = [] {}},
-                     takeInto(taken), nullptr);
-    press(dialog, QDialogButtonBox::Ok);
-    ASSERT_TRUE(taken);
-    EXPECT_EQ(*taken, onu);
-}
+TEST_F(DialogTest, AnEntryKeepsWhatThereIsNoChoiceForAndIsTrimmed) {
+    OnuEntry shown = test::sampleOnu();
+    shown.menuFile = "own_menu.xml";
+    shown.localeId = 1031;
+    OnuDialog other = onuDialog(shown);
+    press(other, QDialogButtonBox::Ok);
+    EXPECT_EQ(onu, shown);
 
-TEST(OnuDialog, OffersTheMenusOfTheClientAndTrimsWhatIsTyped) {
-    Inventory inventory = test::sampleInventory();
-    OnuDialog dialog(
-        QStringLiteral("Add"), {},
-        {.inventory = inventory,
-         .menuDirectory = std::string(ONUDESK_SOURCE_DIR) + "/client/CONF/snmp",
-         .onNewProfile = [] {}},
-        [&](const OnuEntry& entered) { return inventory.putOnu(entered); }, nullptr);
+    OnuDialog dialog = onuDialog({});
     EXPECT_EQ(dialog.menuCmb->currentText().toStdString(), kGeneralMenu);
     EXPECT_GE(dialog.menuCmb->findText(QStringLiteral("epononu4590_menu.xml")), 0);
     EXPECT_LT(dialog.menuCmb->findText(QStringLiteral("snmpconfig.xml")), 0);
-    enterSchool(dialog);
+    submit(dialog, kSchool);
     EXPECT_EQ(problemIn(dialog), "");
-    ASSERT_TRUE(inventory.onus().contains("School"));
-    EXPECT_EQ(inventory.onus().at("School").onu, "1.1.1");
+    EXPECT_EQ(onu->name + onu->agent + onu->onu, "School10.0.0.11.1.1");
 }
 
-TEST(OnuDialog, AProfileCanBeMadeWithoutLosingTheEntry) {
-    Inventory inventory;
-    int changes = 0;
-    OnuDialog dialog(
-        QStringLiteral("Add"), {},
-        {.inventory = inventory, .menuDirectory = {}, .onNewProfile = [&] { ++changes; }},
-        [&](const OnuEntry& entered) { return inventory.putOnu(entered); }, nullptr);
+TEST_F(DialogTest, AProfileCanBeMadeWithoutLosingTheEntry) {
+    inventory = {};
+    OnuDialog dialog = onuDialog({});
     dialog.show();
-    enterSchool(dialog);
+    submit(dialog, kSchool);
     EXPECT_EQ(problemIn(dialog), "Access profile is missing");
-
     withModal([&] { dialog.newProfileBtn->click(); },
-              [](QWidget& modal) {
-                  enter(modal, "nameEdt", "field");
-                  enter(modal, "readCommunityEdt", "look");
-                  press(modal, QDialogButtonBox::Ok);
-              });
+              [](QWidget& modal) { submit(modal, "nameEdt=field|readCommunityEdt=look"); });
     EXPECT_EQ(changes, 1);
     press(dialog, QDialogButtonBox::Ok);
     ASSERT_TRUE(inventory.onus().contains("School"));
     EXPECT_EQ(inventory.onus().at("School").profile, "field");
 }
 
-TEST(EntryDialogs, EveryFieldHasALabelThatLeadsToIt) {
-    Inventory inventory;
-    const OnuDialog onu(QStringLiteral("Add"), {},
-                        {.inventory = inventory, .menuDirectory = {}, .onNewProfile = {}}, {},
-                        nullptr);
-    const ProfileDialog profile(QStringLiteral("Add"), {}, {}, nullptr);
-    for (const QDialog* dialog :
-         {static_cast<const QDialog*>(&onu), static_cast<const QDialog*>(&profile)}) {
+TEST_F(DialogTest, EveryFieldHasALabelThatLeadsToIt) {
+    const OnuDialog entry = onuDialog({});
+    const ProfileDialog access = profileDialog({});
+    for (const QDialog* dialog : {static_cast<const QDialog*>(&entry), //
+                                  static_cast<const QDialog*>(&access)}) {
         QList<QWidget*> buddies;
         QStringList keys;
         for (const QLabel* label : dialog->findChildren<QLabel*>()) {
@@ -185,64 +150,46 @@ TEST(EntryDialogs, EveryFieldHasALabelThatLeadsToIt) {
                 keys << text.mid(text.indexOf(QLatin1Char('&')) + 1, 1).toLower();
             }
         }
-        for (QLineEdit* edit :
-             dialog->findChildren<QLineEdit*>(QString(), Qt::FindDirectChildrenOnly)) {
-            EXPECT_TRUE(buddies.contains(edit)) << edit->objectName().toStdString();
-        }
-        for (QComboBox* box : dialog->findChildren<QComboBox*>()) {
-            EXPECT_TRUE(buddies.contains(box)) << box->objectName().toStdString();
+        for (QWidget* field :
+             dialog->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+            EXPECT_TRUE(buddies.contains(field) || (qobject_cast<QLineEdit*>(field) == nullptr &&
+                                                    qobject_cast<QComboBox*>(field) == nullptr))
+                << field->objectName().toStdString();
         }
         EXPECT_EQ(keys.removeDuplicates(), 0) << dialog->objectName().toStdString();
     }
 }
 
-class ProfilesDialogTest : public testing::Test {
-protected:
-    Inventory inventory = test::sampleInventory();
-    int changes = 0;
-    ProfilesDialog dialog{inventory, [this] { ++changes; }, nullptr};
-
-    void select(int row) { dialog.profileList->setCurrentRow(row); }
-};
-
-TEST_F(ProfilesDialogTest, RefusesToRemoveAProfileInUseAndRemovesAFreeOne) {
+TEST_F(DialogTest, ProfilesInUseStayAndRenamedOnesTakeTheirUsersWithThem) {
+    ProfilesDialog dialog(
+        inventory, [this] { ++changes; }, nullptr);
+    const auto edit = [&](QPushButton* button, const std::function<void(QWidget&)>& work) {
+        withModal([&] { button->click(); }, work);
+    };
     ASSERT_EQ(dialog.profileList->count(), 2);
-    select(1);
+    edit(dialog.addBtn, [](QWidget& modal) {
+        test::enter(modal, "nameEdt=new|readCommunityEdt=look");
+        press(modal, QDialogButtonBox::Cancel);
+    });
+    dialog.profileList->setCurrentRow(1);
     dialog.removeBtn->click();
     EXPECT_EQ(problemIn(dialog), "Access profile \"field\" is in use by ONU \"Town hall\"");
     EXPECT_EQ(changes, 0);
-    select(0);
-    dialog.removeBtn->click();
-    EXPECT_EQ(problemIn(dialog), "");
-    EXPECT_EQ(changes, 1);
-    EXPECT_EQ(dialog.profileList->count(), 1);
-    EXPECT_FALSE(inventory.profiles().contains("core"));
-}
-
-TEST_F(ProfilesDialogTest, RenamesAProfileAndItsUsersWithIt) {
-    select(1);
-    withModal([&] { dialog.editBtn->click(); },
-              [](QWidget& modal) {
-                  enter(modal, "nameEdt", "core");
-                  press(modal, QDialogButtonBox::Ok);
-                  EXPECT_EQ(problemIn(modal), "There is already an access profile \"core\"");
-                  enter(modal, "nameEdt", "outdoor");
-                  press(modal, QDialogButtonBox::Ok);
-              });
+    EXPECT_EQ(inventory, test::sampleInventory());
+    edit(dialog.editBtn, [](QWidget& modal) {
+        submit(modal, "nameEdt=core");
+        EXPECT_EQ(problemIn(modal), "There is already an access profile \"core\"");
+        submit(modal, "nameEdt=outdoor");
+    });
     EXPECT_EQ(inventory.onus().at("Town hall").profile, "outdoor");
     EXPECT_EQ(dialog.profileList->currentItem()->text(), QStringLiteral("outdoor"));
     EXPECT_EQ(changes, 1);
-}
-
-TEST_F(ProfilesDialogTest, CancelChangesNothing) {
-    withModal([&] { dialog.addBtn->click(); },
-              [](QWidget& modal) {
-                  enter(modal, "nameEdt", "new");
-                  enter(modal, "readCommunityEdt", "look");
-                  press(modal, QDialogButtonBox::Cancel);
-              });
-    EXPECT_EQ(changes, 0);
-    EXPECT_EQ(inventory, test::sampleInventory());
+    dialog.profileList->setCurrentRow(0);
+    dialog.removeBtn->click();
+    EXPECT_EQ(problemIn(dialog), "");
+    EXPECT_EQ(changes, 2);
+    EXPECT_EQ(dialog.profileList->count(), 1);
+    EXPECT_FALSE(inventory.profiles().contains("core"));
 }
 
 } // namespace

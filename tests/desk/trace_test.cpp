@@ -2,29 +2,14 @@
 #include "desk/trace_feed.h"
 #include "desk/trace_pane.h"
 #include "desk_test.h"
-#include "sample_entries.h"
 
-#include <string>
 #include <thread>
-#include <vector>
 
 #include <QRegularExpression>
 
 namespace onudesk::desk {
 
 namespace {
-
-std::deque<QString> numbered(int from, int to) {
-    std::deque<QString> lines;
-    for (int i = from; i < to; ++i) {
-        lines.push_back(QString::number(i));
-    }
-    return lines;
-}
-
-QStringList linesOf(const TracePane& pane) {
-    return pane.traceMemo->toPlainText().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-}
 
 host::ReplyRecord reply(const std::string& value, const std::string& error = {}) {
     host::ReplyRecord record;
@@ -35,36 +20,38 @@ host::ReplyRecord reply(const std::string& value, const std::string& error = {})
 }
 
 TEST(TraceFeed, CarriesEntriesOfAnotherThreadInOrder) {
-    std::vector<QString> outcomes;
-    std::vector<QString> lines;
+    std::deque<TraceEntry> entries;
     TraceFeed* source = nullptr;
     TraceFeed feed([&] {
-        for (const TraceEntry& entry : source->take()) {
-            lines.push_back(entry.line);
-            outcomes.push_back(entry.outcome);
+        for (TraceEntry& entry : source->take()) {
+            entries.push_back(std::move(entry));
         }
     });
     source = &feed;
-    const host::EngineObserver observer =
-        traceObserver(feed, host::SecretMask({test::communityProfile().readCommunity,
-                                              test::communityProfile().writeCommunity}));
+    const host::EngineObserver observer = traceObserver(feed, host::SecretMask({"look"}));
     std::thread([&observer] {
         observer.onRequest({});
         observer.onReply(reply("look"));
-        observer.onReply(reply("other", "timed out"));
+        observer.onReply(reply("a\xe2\x80\xa8"
+                               "b\nc",
+                               "timed out"));
+        observer.onReply(reply(std::string(70000, 'x')));
     }).join();
-
-    EXPECT_TRUE(lines.empty());
-    ASSERT_TRUE(test::waitUntil([&] { return lines.size() == 3; }));
+    EXPECT_TRUE(entries.empty());
+    ASSERT_TRUE(test::waitFor([&] { return entries.size() == 4; }));
     static const QRegularExpression stamp(QStringLiteral(R"(^\d\d:\d\d:\d\d\.\d\d\d  \{)"));
-    for (const QString& line : lines) {
-        EXPECT_TRUE(line.contains(stamp)) << line.toStdString();
+    for (const TraceEntry& entry : entries) {
+        EXPECT_TRUE(entry.line.contains(stamp)) << entry.line.toStdString();
     }
-    EXPECT_TRUE(lines[1].contains(QStringLiteral("•••")));
-    EXPECT_FALSE(lines[1].contains(QStringLiteral("look")));
-    EXPECT_TRUE(outcomes[0].isEmpty());
-    EXPECT_EQ(outcomes[1], QStringLiteral("Item 606: read"));
-    EXPECT_EQ(outcomes[2], QStringLiteral("Item 606: timed out"));
+    EXPECT_TRUE(entries[0].outcome.isEmpty());
+    EXPECT_TRUE(entries[1].line.contains(QStringLiteral("•••")));
+    EXPECT_FALSE(entries[1].line.contains(QStringLiteral("look")));
+    EXPECT_EQ(entries[1].outcome, QStringLiteral("Item 606: read"));
+    // A line stays one line, of bounded length.
+    EXPECT_TRUE(entries[2].line.contains(QStringLiteral("a\\u2028b\\nc")));
+    EXPECT_EQ(entries[2].outcome, QStringLiteral("Item 606: timed out"));
+    EXPECT_LT(entries[3].line.size(), 4200);
+    EXPECT_TRUE(entries[3].line.endsWith(QStringLiteral("…")));
 }
 
 TEST(TraceFeed, KeepsTheNewestEntries) {
@@ -78,54 +65,44 @@ TEST(TraceFeed, KeepsTheNewestEntries) {
     EXPECT_TRUE(feed.take().empty());
 }
 
-TEST(TraceFeed, ALineStaysOneLineOfBoundedLength) {
-    TraceFeed feed([] {});
-    const host::EngineObserver observer =
-        traceObserver(feed, host::SecretMask(std::vector<std::string>{}));
-    observer.onReply(reply("a\xe2\x80\xa8"
-                           "b\nc"));
-    observer.onReply(reply(std::string(70000, 'x')));
-    const std::deque<TraceEntry> entries = feed.take();
-    ASSERT_EQ(entries.size(), 2U);
-    EXPECT_TRUE(entries[0].line.contains(QStringLiteral("a\\u2028b\\nc")))
-        << entries[0].line.toStdString();
-    EXPECT_LT(entries[1].line.size(), 4200);
-    EXPECT_TRUE(entries[1].line.endsWith(QStringLiteral("…")));
-}
+class TracePaneTest : public testing::Test {
+protected:
+    void add(int from, int to) {
+        std::deque<QString> lines;
+        for (int i = from; i < to; ++i) {
+            lines.push_back(QString::number(i));
+        }
+        pane.addLines(lines);
+    }
+    // How many there are, the first and the last.
+    [[nodiscard]] std::string lines() const {
+        const QStringList all =
+            pane.traceMemo->toPlainText().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        return all.isEmpty() ? "none"
+                             : std::to_string(all.size()) + ": " + all.first().toStdString() +
+                                   " to " + all.last().toStdString();
+    }
 
-TEST(TracePane, KeepsTheNewestLines) {
-    TracePane pane(nullptr);
-    const int most = static_cast<int>(TraceFeed::kMaxEntries);
-    pane.addLines(numbered(0, most));
-    pane.addLines(numbered(most, most + 2));
-    const QStringList lines = linesOf(pane);
-    EXPECT_EQ(lines.size(), most);
-    EXPECT_EQ(lines.first(), QStringLiteral("2"));
-    EXPECT_EQ(lines.last(), QString::number(most + 1));
-}
+    TracePane pane{nullptr};
+};
 
-TEST(TracePane, PauseHoldsLinesBackUntilItEnds) {
-    TracePane pane(nullptr);
-    pane.addLines(numbered(0, 1));
+TEST_F(TracePaneTest, KeepsTheNewestLinesAndHoldsThemBackWhilePaused) {
+    static_assert(TraceFeed::kMaxEntries == 5000);
+    EXPECT_TRUE(pane.traceMemo->isReadOnly());
+    add(0, 1);
     pane.pauseBtn->click();
-    pane.addLines(numbered(1, 3));
-    EXPECT_EQ(linesOf(pane), QStringList{QStringLiteral("0")});
+    add(1, 3);
+    EXPECT_EQ(lines(), "1: 0 to 0");
     pane.pauseBtn->click();
-    EXPECT_EQ(linesOf(pane).size(), 3);
-    pane.addLines(numbered(3, 4));
-    EXPECT_EQ(linesOf(pane).last(), QStringLiteral("3"));
-    EXPECT_EQ(linesOf(pane).size(), 4);
-}
-
-TEST(TracePane, ClearForgetsShownAndHeldBackLines) {
-    TracePane pane(nullptr);
-    pane.addLines(numbered(0, 1));
+    EXPECT_EQ(lines(), "3: 0 to 2");
+    add(3, 5000);
+    add(5000, 5002);
+    EXPECT_EQ(lines(), "5000: 2 to 5001");
     pane.pauseBtn->click();
-    pane.addLines(numbered(1, 2));
+    add(0, 1);
     pane.clearBtn->click();
     pane.pauseBtn->click();
-    EXPECT_TRUE(linesOf(pane).isEmpty());
-    EXPECT_TRUE(pane.traceMemo->isReadOnly());
+    EXPECT_EQ(lines(), "none") << "what was held back is forgotten, too";
 }
 
 } // namespace

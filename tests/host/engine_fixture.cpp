@@ -5,14 +5,13 @@
 #include "env/xml_file.h"
 #include "host/read_plan.h"
 #include "onudesk/messages.h"
+#include "support/wait_for.h"
 
 namespace onudesk::host::test {
 
 namespace {
 
 using namespace std::chrono_literals;
-
-constexpr auto kPatience = 20s;
 
 constexpr const char* kCatalogue = R"(<snmpconfig>
 <module name="600">
@@ -207,17 +206,15 @@ SeenReply EngineTest::readOne(const Script& script, std::chrono::milliseconds ti
 }
 
 void EngineTest::waitUntil(const std::function<bool()>& condition) {
-    const auto end = std::chrono::steady_clock::now() + kPatience;
-    while (true) {
+    const auto holds = [&] {
         platform::dispatchWindowMessages();
-        if (condition()) {
-            return;
-        }
-        ASSERT_LT(std::chrono::steady_clock::now(), end) << "waited in vain";
+        return condition();
+    };
+    // Some conditions change without a message.
+    ASSERT_TRUE(onudesk::test::waitFor(holds, [this] {
         std::unique_lock lock(mutex_);
-        // Some conditions change without a message.
         woken_.wait_for(lock, 2ms);
-    }
+    }));
 }
 
 void EngineTest::waitUntilIdle() {

@@ -97,7 +97,7 @@ protected:
     SeenReply readOne(const Script& script,
                       std::chrono::milliseconds timeoutUnit = std::chrono::seconds(1));
 
-    // Dispatches window messages until the condition holds; fails the test after 20 seconds.
+    // Dispatches window messages until the condition holds.
     void waitUntil(const std::function<bool()>& condition);
     void waitUntilIdle();
     // Replies that the engine reported, the undelivered ones included.
