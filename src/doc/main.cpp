@@ -8,9 +8,10 @@
 #include "base/file.h"
 #include "doc/help_book.h"
 #include "doc/objects_document.h"
-#include "doc/page_facts.h"
 #include "doc/picture_script.h"
+#include "doc/topic_facts.h"
 #include "env/xml_file.h"
+#include "mainform/page_table.h"
 
 #include <filesystem>
 #include <fstream>
@@ -97,7 +98,7 @@ Result<void> writeHelp(const fs::path& folder, const fs::path& client, const fs:
     if (!menu) {
         return Error{menu.error()};
     }
-    const Result<HelpBook> book = writeHelpBook(languages, pageFacts(), *menu);
+    const Result<HelpBook> book = writeHelpBook(languages, topicFacts(describePages()), *menu);
     if (!book) {
         return Error{folder.string() + ":\n" + book.error()};
     }
@@ -122,7 +123,7 @@ Result<void> writePictures(const fs::path& steps, const fs::path& client, const 
     if (!menu) {
         return Error{menu.error()};
     }
-    return writeFile(output, pictureScript(*menu, *text));
+    return writeFile(output, pictureScript(*menu, describePages(), *text));
 }
 
 int run(int argc, char** argv) {

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "doc/picture_script.h"
 
-#include "doc/page_facts.h"
+#include "base/numbers.h"
+#include "base/text.h"
 
-#include <cstdlib>
+#include <algorithm>
 #include <map>
 #include <sstream>
 
@@ -14,42 +15,48 @@ namespace {
 // A line for each step, by item.
 std::map<std::int32_t, std::string> stepsByItem(const std::string& steps) {
     std::map<std::int32_t, std::string> found;
-    std::istringstream lines(steps);
-    for (std::string line; std::getline(lines, line);) {
-        std::istringstream parts(line.substr(line.find(' ') + 1));
-        for (std::string step; line.front() != '#' && std::getline(parts >> std::ws, step, ';');) {
-            found[std::atoi(line.c_str())] += step + "\n";
+    for (const Line& line : lines(steps)) {
+        std::istringstream parts(std::string(line.text.substr(line.text.find(' ') + 1)));
+        for (std::string step;
+             !line.text.starts_with('#') && std::getline(parts >> std::ws, step, ';');) {
+            found[leadingInteger(line.text)] += step + "\n";
         }
     }
     return found;
 }
 
-void addPages(const std::vector<MenuItem>& items, const std::map<std::int32_t, std::string>& steps,
-              std::string& script) {
+// What is done on a page behind its picture.
+std::string dialogSteps(const PageFacts& page, const std::string& name) {
+    const auto config = std::ranges::find(page.buttons, ButtonUse::config, &ButtonFact::use);
+    if (page.dialogs.empty() || config == page.buttons.end()) {
+        return {};
+    }
+    return "row mainTable 0\nclick " + config->name + "\nscreenshot " + name +
+           "-dialog.png\nkey Escape\n";
+}
+
+void addPages(const std::vector<MenuItem>& items, const std::vector<PageFacts>& pages,
+              const std::map<std::int32_t, std::string>& steps, std::string& script) {
     for (const MenuItem& item : items) {
-        withPage(item.itemType, -1, [&](const ConfigPage& page) {
+        const auto page = std::ranges::find(pages, item.itemType, &PageFacts::itemType);
+        if (page != pages.end()) {
             const std::string name = std::to_string(item.itemType);
-            script += "open " + name + "\nwait\nscreenshot " + name + ".png\n";
+            script.append("open ").append(name).append("\nwait\nscreenshot ").append(name);
             const auto own = steps.find(item.itemType);
-            if (own != steps.end()) {
-                script += own->second;
-            } else if (page.configBtn != nullptr &&
-                       dynamic_cast<const ListPage*>(&page) != nullptr) {
-                script += "row mainTable 0\nclick " + page.configBtn->objectName().toStdString() +
-                          "\nscreenshot " + name + "-dialog.png\nkey Escape\n";
-            }
-        });
-        addPages(item.children, steps, script);
+            script += ".png\n" + (own == steps.end() ? dialogSteps(*page, name) : own->second);
+        }
+        addPages(item.children, pages, steps, script);
     }
 }
 
 } // namespace
 
-std::string pictureScript(const std::vector<MenuItem>& menu, const std::string& steps) {
+std::string pictureScript(const std::vector<MenuItem>& menu, const std::vector<PageFacts>& pages,
+                          const std::string& steps) {
     const std::map<std::int32_t, std::string> found = stepsByItem(steps);
     const auto first = found.find(0);
     std::string script = first == found.end() ? std::string() : first->second;
-    addPages(menu, found, script);
+    addPages(menu, pages, found, script);
     return script;
 }
 
