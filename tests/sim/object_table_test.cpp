@@ -9,22 +9,22 @@
 namespace onudesk::sim::test {
 namespace {
 
-std::string moduleOf(const std::string& groups) {
-    return "<c><module name=\"900\">" + groups + "</module></c>";
+Result<ObjectTable> tableOf(const std::string& groups) {
+    const auto document = parseXml("<c><module name=\"900\">" + groups + "</module></c>", "test");
+    return ObjectTable::build(readSchema(*(*document)->RootElement()).value(), isModel);
 }
 
 std::string errorOf(const std::string& groups) {
-    const auto document = parseXml(moduleOf(groups), "test");
-    const auto schema = readSchema(*(*document)->RootElement());
-    const auto table = ObjectTable::build(*schema, isModel);
+    const auto table = tableOf(groups);
     return table ? "" : table.error();
 }
 
 TEST(ObjectTable, FindsTheObjectOfAnInstance) {
-    const ObjectTable table = tableOf(
-        moduleOf("<group name=\"g\"><object name=\"outer\" oidstr=\"1.3.6.1.1\" type=\"2\"/>"
-                 "<object name=\"inner\" oidstr=\"1.3.6.1.1.5.2\" type=\"2\"/>"
-                 "<object name=\"nameless\" oidstr=\"\" type=\"2\"/></group>"));
+    const ObjectTable table =
+        tableOf("<group name=\"g\"><object name=\"outer\" oidstr=\"1.3.6.1.1\" type=\"2\"/>"
+                "<object name=\"inner\" oidstr=\"1.3.6.1.1.5.2\" type=\"2\"/>"
+                "<object name=\"nameless\" oidstr=\"\" type=\"2\"/></group>")
+            .value();
     const auto nameOf = [&](const char* oid) {
         const ObjectRule* rule = table.find(Oid::parseWhole(oid).value());
         return rule == nullptr ? std::string() : rule->name;
@@ -38,9 +38,11 @@ TEST(ObjectTable, FindsTheObjectOfAnInstance) {
 }
 
 TEST(ObjectTable, RowStatusMayStandInAnotherGroup) {
-    const ObjectTable table = tableOf(moduleOf(
-        "<group name=\"columns\"><object name=\"a\" oidstr=\"1.3.6.1.1.1\" row=\"s\"/></group>"
-        "<group name=\"rowstat\"><object name=\"s\" oidstr=\"1.3.6.1.1.2\" row=\"s\"/></group>"));
+    const ObjectTable table =
+        tableOf(
+            "<group name=\"columns\"><object name=\"a\" oidstr=\"1.3.6.1.1.1\" row=\"s\"/></group>"
+            "<group name=\"rowstat\"><object name=\"s\" oidstr=\"1.3.6.1.1.2\" row=\"s\"/></group>")
+            .value();
     EXPECT_EQ(table.find(Oid({1, 3, 6, 1, 1, 1, 7}))->rowStatus, Oid({1, 3, 6, 1, 1, 2}));
     EXPECT_EQ(table.rowObjects(Oid({1, 3, 6, 1, 1, 2})).size(), 2U);
 }
@@ -77,6 +79,23 @@ TEST(ObjectTable, NamesWhatIsWrong) {
     for (const auto& [groups, reason] : cases) {
         EXPECT_EQ(errorOf(groups), std::string("module 900, group g") + reason);
     }
+}
+
+TEST(Store, WalksInOrderPastNulls) {
+    const Store store(
+        tableOf("<group name='g'><o name='w' oidstr='1.11' access='write-only'/></group>").value(),
+        {{Oid{1, 10, 1}, integerValue(1)},
+         {Oid{1, 9, 1}, integerValue(2)},
+         {Oid{1, 9, 2}, {Tag::null, {}}},
+         {Oid{1, 11, 1}, integerValue(1)}});
+    const auto* first = store.next(Oid{1, 3}, false);
+    ASSERT_NE(first, nullptr);
+    EXPECT_EQ(first->first, Oid({1, 9, 1}));
+    EXPECT_EQ(store.next(first->first, true), first);
+    const auto* second = store.next(first->first, false);
+    ASSERT_NE(second, nullptr);
+    EXPECT_EQ(second->first, Oid({1, 10, 1}));
+    EXPECT_EQ(store.next(second->first, false), nullptr) << "write-only values are not held";
 }
 
 } // namespace
