@@ -3,6 +3,7 @@
 // The engine against a real agent in another process.
 #include "engine_fixture.h"
 
+#include "base/hexadecimal.h"
 #include "host/agent_launcher.h"
 #include "onudesk/messages.h"
 #include "support/client_tree.h"
@@ -16,6 +17,7 @@ using namespace std::chrono_literals;
 constexpr const char* kAccess = "community read readers\n"
                                 "community write writers\n"
                                 "user open noAuthNoPriv write\n"
+                                "user reader noAuthNoPriv\n"
                                 "user md5user authNoPriv MD5 authphrase1 write\n"
                                 "user shauser authNoPriv SHA authphrase1 write\n"
                                 "user privuser authPriv SHA authphrase1 DES privphrase1 write\n"
@@ -76,30 +78,39 @@ protected:
 
 } // namespace
 
-TEST_F(AgentV3Test, EveryLevelAndProtocolReads) {
-    useUser("open", 1);
-    EXPECT_EQ(readLlid(), "17");
-    useUser("md5user", 2, 2, "authphrase1");
-    EXPECT_EQ(readLlid(), "17");
-    useUser("shauser", 2, 3, "authphrase1");
-    EXPECT_EQ(readLlid(), "17");
-    useUser("md5priv", 3, 2, "authphrase1", "privphrase1");
-    EXPECT_EQ(readLlid(), "17");
-    useGoodUser();
-    EXPECT_EQ(readLlid(), "17");
+TEST_F(AgentV3Test, EveryLevelAndProtocolReadsAndWrites) {
+    struct User {
+        const char* name;
+        int level, auth;
+        bool mayWrite = true;
+    };
+    for (const User& user :
+         {User{"open", 1, 1}, User{"reader", 1, 1, false}, User{"md5user", 2, 2},
+          User{"shauser", 2, 3}, User{"md5priv", 3, 2}, User{"privuser", 3, 3}}) {
+        useUser(user.name, user.level, user.auth, "authphrase1", "privphrase1");
+        EXPECT_EQ(readLlid(), "17") << user.name;
+        CodeParaPtr para = createWriteRequest(session, 606);
+        addWriteBinding(*para, "new", {"onuName", "1.3.6.1.4.1.27315.606.1.1.19", 4}, "1.2.5");
+        EXPECT_EQ(writeAll(std::move(para)).errorText.value_or(""),
+                  user.mayWrite ? "" : "noAccess: onuName (binding 1)");
+    }
 }
 
 TEST_F(AgentV3Test, WrongSecretsAreToldApart) {
-    useUser("nobody", 1);
-    EXPECT_TRUE(readLlid().starts_with("unknown user: ")) << readLlid();
-    useUser("nobody", 3, 3, "authphrase1", "privphrase1");
-    EXPECT_TRUE(readLlid().starts_with("unknown user: ")) << readLlid();
-    useUser("privuser", 3, 3, "authphrase2", "privphrase1");
-    EXPECT_TRUE(readLlid().starts_with("wrong digest: ")) << readLlid();
-    useUser("privuser", 3, 2, "authphrase1", "privphrase1");
-    EXPECT_TRUE(readLlid().starts_with("wrong digest: ")) << readLlid();
-    useUser("open", 3, 3, "authphrase1", "privphrase1");
-    EXPECT_TRUE(readLlid().starts_with("unsupported security level: ")) << readLlid();
+    struct Wrong {
+        const char* name;
+        int level, auth;
+        std::string authPhrase, told;
+    };
+    for (const Wrong& each : {Wrong{"nobody", 1, 1, "", "unknown user: "},
+                              Wrong{"nobody", 3, 3, "authphrase1", "unknown user: "},
+                              Wrong{"privuser", 3, 3, "authphrase2", "wrong digest: "},
+                              Wrong{"privuser", 3, 2, "authphrase1", "wrong digest: "},
+                              Wrong{"privuser", 2, 3, "authphrase1", "authorizationError"},
+                              Wrong{"open", 3, 3, "authphrase1", "unsupported security level: "}}) {
+        useUser(each.name, each.level, each.auth, each.authPhrase, "privphrase1");
+        EXPECT_TRUE(readLlid().starts_with(each.told)) << readLlid();
+    }
     // Nothing of this is left behind.
     useGoodUser();
     EXPECT_EQ(readLlid(), "17");
@@ -147,6 +158,9 @@ TEST_F(AgentV3Test, RestartedAgentIsFoundAgainWithinOneRead) {
     launch(options);
     EXPECT_EQ(agent_->port(), session.context.snmpPort);
     EXPECT_EQ(readLlid(), "17");
+    session.context.v3EngineId =
+        "80001F8804" + hexDigits("onusim 127.0.0.1:" + std::to_string(agent_->port()));
+    EXPECT_EQ(readLlid(), "17") << "not the same engine";
 }
 
 } // namespace onudesk::host::test

@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "simulator_process.h"
 #include "snmp_client.h"
 
 #include "base/file.h"
 #include "support/client_tree.h"
+#include "support/program.h"
 
-#include <gtest/gtest.h>
-
-#include <csignal>
 #include <sstream>
 
 #include <poll.h>
@@ -25,6 +22,7 @@ const std::string kCatalogue = ONUDESK_SOURCE_DIR "/client/CONF/snmp/snmpconfig.
 const std::string kObjects = "1.3.6.1.4.1.27315.606.1.1.";
 const std::string kName = kObjects + "19.1.2.5";
 const std::string kLlid = kObjects + "2.1.2.5";
+const std::string kListening = "listening on ";
 
 Lines linesWithoutComments(const std::string& text) {
     Lines lines;
@@ -37,6 +35,25 @@ Lines linesWithoutComments(const std::string& text) {
     return lines;
 }
 
+QStringList listOf(const Lines& arguments) {
+    QStringList list;
+    for (const std::string& each : arguments) {
+        list << QString::fromStdString(each);
+    }
+    return list;
+}
+
+// The real onusim as a child process, and where it listens: empty when it ended before.
+struct Simulator : onudesk::test::Program {
+    explicit Simulator(const Lines& arguments) : Program(ONUSIM_PROGRAM, listOf(arguments)) {
+        const std::string said = lineWith(QProcess::StandardOutput, kListening);
+        endpoint = said.empty()
+                       ? said
+                       : said.substr(kListening.size(), said.find('\n') - kListening.size());
+    }
+    std::string endpoint;
+};
+
 class Onusim : public testing::Test {
 protected:
     [[nodiscard]] static Lines arguments(Lines more = {}) {
@@ -45,11 +62,11 @@ protected:
         return more;
     }
     // A manager of a simulator that may write, and one that may not.
-    static SnmpClient writer(const SimulatorProcess& simulator, int version = 2) {
-        return SnmpClient::withCommunity(simulator.endpoint(), version, "private");
+    static SnmpClient writer(const Simulator& simulator, int version = 2) {
+        return SnmpClient(simulator.endpoint, version, "private");
     }
-    static SnmpClient reader(const SimulatorProcess& simulator, int version = 2) {
-        return SnmpClient::withCommunity(simulator.endpoint(), version, "public");
+    static SnmpClient reader(const Simulator& simulator, int version = 2) {
+        return SnmpClient(simulator.endpoint, version, "public");
     }
 
     const onudesk::test::TemporaryDirectory directory_;
@@ -60,8 +77,8 @@ protected:
 };
 
 TEST_F(Onusim, AnswersVersion2c) {
-    SimulatorProcess simulator(arguments());
-    ASSERT_FALSE(simulator.endpoint().empty());
+    Simulator simulator(arguments());
+    ASSERT_FALSE(simulator.endpoint.empty());
     auto manager = writer(simulator);
 
     const Reply got = manager.get({kName, kLlid, kObjects + "19.9.9.9", "1.3.6.1.9.1"});
@@ -77,7 +94,7 @@ TEST_F(Onusim, AnswersVersion2c) {
 }
 
 TEST_F(Onusim, SetsAllBindingsOrNone) {
-    SimulatorProcess simulator(arguments());
+    Simulator simulator(arguments());
     auto manager = writer(simulator);
     const auto name = [&] { return manager.get({kName}).bindings.front(); };
 
@@ -92,7 +109,7 @@ TEST_F(Onusim, SetsAllBindingsOrNone) {
 }
 
 TEST_F(Onusim, AnswersVersion1) {
-    SimulatorProcess simulator(arguments());
+    Simulator simulator(arguments());
     auto manager = writer(simulator, 1);
     EXPECT_EQ(manager.get({kName}).bindings.front(), kName + "|4|Fire station");
     EXPECT_EQ(manager.get({kName, kObjects + "19.9.9.9"}).outcome, "status 2 at 2");
@@ -116,7 +133,7 @@ TEST_F(Onusim, GivesEveryTagToTheManager) {
                              "1.3.6.1.2.1.9|68|040300\n"
                              "1.3.6.1.2.1.10|70|18446744073709551615\n";
     const auto recording = directory_.write("tags.snmprec", "1.3.6.1.2.1.3|5|\n" + text);
-    SimulatorProcess simulator({"--catalogue", kCatalogue, recording.string()});
+    Simulator simulator({"--catalogue", kCatalogue, recording.string()});
     const auto expected = linesWithoutComments(text);
     EXPECT_EQ(reader(simulator).walk("1.3"), expected);
     auto bulk = reader(simulator).getBulk("1.3.6", 9);
@@ -126,78 +143,30 @@ TEST_F(Onusim, GivesEveryTagToTheManager) {
 }
 
 TEST_F(Onusim, KnowsItsCommunities) {
-    SimulatorProcess simulator(arguments());
+    Simulator simulator(arguments());
     EXPECT_EQ(reader(simulator).set({kName + "|4|new"}).outcome, "status 6 at 1");
     EXPECT_EQ(reader(simulator, 1).set({kName + "|4|new"}).outcome, "status 2 at 1");
-    EXPECT_EQ(SnmpClient::withCommunity(simulator.endpoint(), 2, "other").get({kName}).outcome,
-              "Timeout");
+    EXPECT_EQ(SnmpClient(simulator.endpoint, 2, "other").get({kName}).outcome, "Timeout");
     EXPECT_EQ(reader(simulator).get({kName}).bindings.front(), kName + "|4|Fire station");
-}
-
-TEST_F(Onusim, AnswersEveryUserOfVersion3) {
-    const auto access = loadAccess(kAccess);
-    SimulatorProcess simulator(arguments());
-    const std::string llid = kLlid + "|2|5";
-    const std::string newName = kName + "|4|new";
-    for (const auto& [name, user] : access->users) {
-        auto manager = SnmpClient::withUser(simulator.endpoint(), name, user);
-        const Reply got = manager.get({kLlid});
-        EXPECT_EQ(got.outcome, "ok") << name;
-        EXPECT_EQ(got.bindings, Lines{llid}) << name;
-        EXPECT_EQ(manager.getBulk(kLlid, 5).bindings.size(), 5U) << name;
-        EXPECT_EQ(manager.set({newName}).outcome, user.mayWrite ? "ok" : "status 6 at 1");
-        EXPECT_EQ(manager.set({llid}).outcome, user.mayWrite ? "status 17 at 1" : "status 6 at 1");
-    }
-    const User admin = access->users.at("admin");
-    auto manager = SnmpClient::withUser(simulator.endpoint(), "admin", admin);
-    EXPECT_EQ(manager.walk("1.3").size(), lines_.size());
-}
-
-TEST_F(Onusim, RefusesWhoIsNotAUserOfVersion3) {
-    const User admin = loadAccess(kAccess)->users.at("admin");
-    SimulatorProcess simulator(arguments());
-    EXPECT_EQ(SnmpClient::withUser(simulator.endpoint(), "admin", admin, SecurityLevel::authNoPriv)
-                  .get({kName})
-                  .outcome,
-              "status 16 at 0");
-    User wrongPhrase = admin;
-    wrongPhrase.authPhrase = "demo-auth-phrasE";
-    EXPECT_EQ(SnmpClient::withUser(simulator.endpoint(), "admin", wrongPhrase).get({kName}).outcome,
-              "Authentication failure (incorrect password, community or key)");
-    EXPECT_EQ(SnmpClient::withUser(simulator.endpoint(), "nobody", {}).get({kName}).outcome,
-              "Unknown user name");
-}
-
-TEST_F(Onusim, IsTheSameEngineAfterARestart) {
-    SimulatorProcess first(arguments());
-    auto manager =
-        SnmpClient::withUser(first.endpoint(), "admin", loadAccess(kAccess)->users.at("admin"));
-    ASSERT_EQ(manager.get({kName}).outcome, "ok");
-    ASSERT_EQ(first.finish(SIGTERM).status, 0);
-    auto again = arguments();
-    again[1] = first.endpoint();
-    SimulatorProcess second(again);
-    ASSERT_EQ(second.endpoint(), first.endpoint());
-    EXPECT_EQ(manager.get({kName}).outcome, "ok");
 }
 
 TEST_F(Onusim, EndsCleanlyAndSaves) {
     for (const int signal : {SIGTERM, SIGINT}) {
-        SimulatorProcess simulator(arguments({"--save", saved_}));
+        Simulator simulator(arguments({"--save", saved_}));
         const onudesk::test::Finished run = simulator.finish(signal);
         EXPECT_EQ(run.status, 0);
-        EXPECT_EQ(run.out, "listening on " + simulator.endpoint() + "\n");
+        EXPECT_EQ(run.out, "listening on " + simulator.endpoint + "\n");
         EXPECT_EQ(run.err, "");
         EXPECT_EQ(readFile(saved_).value(), recording_);
     }
 }
 
 TEST_F(Onusim, SavesWhatWasSetForTheNextRun) {
-    SimulatorProcess first(arguments({"--save", saved_}));
+    Simulator first(arguments({"--save", saved_}));
     EXPECT_EQ(writer(first).set({kName + "|4|kept", kObjects + "21.1.1.1|2|6"}).outcome, "ok");
     ASSERT_EQ(first.finish(SIGTERM).status, 0);
 
-    SimulatorProcess second({"--catalogue", kCatalogue, saved_});
+    Simulator second({"--catalogue", kCatalogue, saved_});
     auto manager = reader(second);
     EXPECT_EQ(manager.get({kName, kObjects + "20.1.1.1", kObjects + "21.1.1.1"}).bindings,
               (Lines{kName + "|4|kept", kObjects + "20.1.1.1|noSuchInstance",
@@ -207,7 +176,7 @@ TEST_F(Onusim, SavesWhatWasSetForTheNextRun) {
 // A SET may name one object twice; entries of a port wait from one SET to the next.
 TEST_F(Onusim, TakesFramedAndStagedWrites) {
     const std::string enterprise = "1.3.6.1.4.1.27315.";
-    SimulatorProcess first(arguments({"--save", saved_}));
+    Simulator first(arguments({"--save", saved_}));
     auto manager = writer(first);
     const std::string frame = enterprise + "608.1.2.1.1.2.5|2|";
     const std::string rate = enterprise + "608.1.1.2.1.2.5";
@@ -226,7 +195,7 @@ TEST_F(Onusim, TakesFramedAndStagedWrites) {
     ASSERT_EQ(first.finish(SIGTERM).status, 0);
 
     // What still waited is not saved.
-    SimulatorProcess second({"--catalogue", kCatalogue, "--access", kAccess, saved_});
+    Simulator second({"--catalogue", kCatalogue, "--access", kAccess, saved_});
     auto later = writer(second);
     EXPECT_EQ(later.set({portStatus + "|2|4"}).outcome, "ok");
     EXPECT_EQ(later.get({oldVlan + "3", oldVlan + "4"}).bindings,
@@ -253,7 +222,7 @@ TEST_F(Onusim, SaysWhyItDoesNotStart) {
         {{}, "onusim: RECORDING.snmprec is required\n"},
     };
     for (const auto& [given, told] : cases) {
-        const onudesk::test::Finished run = SimulatorProcess(given).finish();
+        const onudesk::test::Finished run = Simulator(given).finish();
         EXPECT_EQ(run.status, 2) << told;
         EXPECT_EQ(run.out, "");
         EXPECT_TRUE(run.err.starts_with(told)) << run.err;
@@ -261,20 +230,18 @@ TEST_F(Onusim, SaysWhyItDoesNotStart) {
 }
 
 TEST_F(Onusim, TellsWhenItCannotListen) {
-    SimulatorProcess first(arguments());
+    Simulator first(arguments());
     auto same = arguments();
-    same[1] = first.endpoint();
-    const onudesk::test::Finished run = SimulatorProcess(same).finish();
+    same[1] = first.endpoint;
+    const onudesk::test::Finished run = Simulator(same).finish();
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.out, "");
-    EXPECT_EQ(run.err,
-              "onusim: cannot listen on " + first.endpoint() + ": Address already in use\n");
+    EXPECT_EQ(run.err, "onusim: cannot listen on " + first.endpoint + ": Address already in use\n");
 }
 
 TEST_F(Onusim, TellsWhenItCannotSave) {
     const std::string nowhere = saved_ + "/saved";
-    const onudesk::test::Finished run =
-        SimulatorProcess(arguments({"--save", nowhere})).finish(SIGTERM);
+    const onudesk::test::Finished run = Simulator(arguments({"--save", nowhere})).finish(SIGTERM);
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.err, nowhere + ": No such file or directory\n");
 }
@@ -286,8 +253,8 @@ TEST_F(Onusim, EndsWithItsParent) {
     if (parent == 0) {
         // The process in between starts the simulator and ends as soon as it serves, without a
         // destructor: only the kernel tells the simulator.
-        const SimulatorProcess simulator(arguments({"--with-parent", "--save", saved_}));
-        const pid_t pid = simulator.endpoint().empty() ? -1 : simulator.id();
+        const Simulator simulator(arguments({"--with-parent", "--save", saved_}));
+        const pid_t pid = simulator.endpoint.empty() ? -1 : simulator.id();
         ::_exit(::write(fromChild[1], &pid, sizeof pid) == sizeof pid ? 0 : 1);
     }
     ::close(fromChild[1]);

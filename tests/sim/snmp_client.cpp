@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "snmp_client.h"
 
-#include "snmp/wire/usm.h"
 #include "snmp/wire/variable.h"
 
-#include <algorithm>
 #include <cstdlib>
-#include <cstring>
 #include <stdexcept>
 
 namespace onudesk::sim::test {
@@ -34,33 +31,6 @@ void startLibraryOnce() {
         return true;
     }();
     static_cast<void>(started);
-}
-
-// The library remembers the keys of every user it met at an engine, whatever a new session says.
-void forgetUsers() {
-    while (usmUser* user = usm_get_userList()) {
-        usm_remove_user(user);
-        usm_free_user(user);
-    }
-}
-
-void useKey(AuthProtocol digest, const std::string& phrase, u_char* key, std::size_t& length) {
-    const std::string master = masterKey(digest, phrase);
-    std::ranges::copy(master, key);
-    length = master.size();
-}
-
-void protect(netsnmp_session& session, const User& user) {
-    const UsmProtocol auth = usmProtocol(user.digest);
-    session.securityAuthProto = auth.arcs;
-    session.securityAuthProtoLen = auth.count;
-    useKey(user.digest, user.authPhrase, session.securityAuthKey, session.securityAuthKeyLen);
-    if (!user.privPhrase.empty()) {
-        const UsmProtocol priv = usmProtocol(PrivProtocol::des);
-        session.securityPrivProto = priv.arcs;
-        session.securityPrivProtoLen = priv.count;
-        useKey(user.digest, user.privPhrase, session.securityPrivKey, session.securityPrivKeyLen);
-    }
 }
 
 std::string bindingText(const netsnmp_variable_list& variable) {
@@ -120,8 +90,7 @@ struct SnmpClient::Session {
     void* handle;
 };
 
-SnmpClient SnmpClient::withCommunity(const std::string& endpoint, int version,
-                                     const std::string& community) {
+SnmpClient::SnmpClient(const std::string& endpoint, int version, const std::string& community) {
     startLibraryOnce();
     std::string peer = "udp:" + endpoint;
     std::string name = community;
@@ -133,28 +102,7 @@ SnmpClient SnmpClient::withCommunity(const std::string& endpoint, int version,
     session.community_len = name.size();
     session.timeout = 300'000;
     session.retries = 0;
-    return SnmpClient(std::make_shared<Session>(session));
-}
-
-SnmpClient SnmpClient::withUser(const std::string& endpoint, const std::string& name,
-                                const User& user, std::optional<SecurityLevel> level) {
-    startLibraryOnce();
-    forgetUsers();
-    std::string peer = "udp:" + endpoint;
-    std::string userName = name;
-    netsnmp_session session;
-    snmp_sess_init(&session);
-    session.version = SNMP_VERSION_3;
-    session.peername = peer.data();
-    session.securityName = userName.data();
-    session.securityNameLen = userName.size();
-    session.securityLevel = static_cast<int>(level.value_or(user.level));
-    session.timeout = 300'000;
-    session.retries = 0;
-    if (!user.authPhrase.empty()) {
-        protect(session, user);
-    }
-    return SnmpClient(std::make_shared<Session>(session));
+    session_ = std::make_shared<Session>(session);
 }
 
 Reply SnmpClient::request(int command, const std::vector<std::string>& oids, long repetitions) {

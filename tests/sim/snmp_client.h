@@ -3,10 +3,7 @@
 // A manager: one Net-SNMP session that waits for its replies.
 #pragma once
 
-#include "sim/access.h"
-
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,12 +19,7 @@ struct Reply {
 class SnmpClient {
 public:
     // Versions 1 and 2 (v2c).
-    static SnmpClient withCommunity(const std::string& endpoint, int version,
-                                    const std::string& community);
-    // Version 3, with the user's own level unless another one is given. Sessions of other users
-    // are of no use afterwards.
-    static SnmpClient withUser(const std::string& endpoint, const std::string& name,
-                               const User& user, std::optional<SecurityLevel> level = std::nullopt);
+    SnmpClient(const std::string& endpoint, int version, const std::string& community);
 
     Reply get(const std::vector<std::string>& oids);
     Reply getNext(const std::vector<std::string>& oids);
@@ -39,7 +31,6 @@ public:
 
 private:
     struct Session;
-    explicit SnmpClient(std::shared_ptr<Session> session) : session_(std::move(session)) {}
     Reply request(int command, const std::vector<std::string>& oids, long repetitions);
 
     std::shared_ptr<Session> session_;
