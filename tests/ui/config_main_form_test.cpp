@@ -108,6 +108,9 @@ TEST_F(MainFormTest, OpeningALeafMakesItsPageAndReadsOnce) {
     EXPECT_EQ(form.currentItemType(), 606);
     EXPECT_EQ(form.currentPage()->geometry(),
               QRect(151, 0, form.Panel1->width() - 151, form.Panel1->height()));
+    EXPECT_FALSE(form.snmpGroup->isVisible()) << "the tab key must not reach it";
+    const QWidget& bottom = in(*form.currentPage(), "bottomPanel");
+    EXPECT_EQ(bottom.x(), (form.Panel1->width() - 150 - bottom.width()) / 2);
     EXPECT_EQ(host.routedWindow(CP_KIND_READ, 606), form.currentPage()->replyHandle());
     const auto posted = host.take();
     ASSERT_TRUE(posted);
@@ -128,6 +131,7 @@ TEST_F(MainFormTest, ItemsWithoutPageShowTheSettingsAndComingBackKeepsThePage) {
     choose(node(826));
     EXPECT_EQ(form.currentPage(), nullptr);
     EXPECT_EQ(form.currentItemType(), 826);
+    EXPECT_TRUE(form.snmpGroup->isVisible());
     EXPECT_TRUE(page->isHidden());
     EXPECT_EQ(topic(), "onuVersion.htm");
     EXPECT_EQ(host.pending(), 0U);
@@ -200,6 +204,7 @@ TEST_F(MainFormTest, SettingsAreLoadedOnce) {
     whole.snmpGroup->edtSnmpPort->setText(QStringLiteral("1162"));
     whole.FormActivate();
     EXPECT_EQ(whole.snmpGroup->edtSnmpPort->text(), QStringLiteral("1162"));
+    EXPECT_EQ(whole.ConfigItemTree->topLevelItemCount(), 1);
     session.context.subIndex = 7;
     session.context.subUnitItemType = 826;
     const TConfigMainForm& single = open();
@@ -279,18 +284,6 @@ TEST_F(MainFormTest, BrokenOrMissingMenusLeaveAnEmptyTree) {
     EXPECT_EQ(host.pending(), 0U);
 }
 
-TEST_F(MainFormTest, PagesCoverTheSettingsWholly) {
-    TConfigMainForm& form = open();
-    choose(node(606));
-    host.take();
-    EXPECT_FALSE(form.snmpGroup->isVisible()) << "the tab key must not reach it";
-    const auto* bottom = form.currentPage()->findChild<QFrame*>(QStringLiteral("bottomPanel"));
-    const int area = form.Panel1->width() - form.ConfigItemTree->width();
-    EXPECT_EQ(bottom->x(), (area - bottom->width()) / 2);
-    choose(node(826));
-    EXPECT_TRUE(form.snmpGroup->isVisible());
-}
-
 TEST_F(MainFormTest, BorderAndTitleMoveTheWindowWithoutWindowManager) {
     TConfigMainForm& form = open();
     const QRect before = form.geometry();
@@ -301,25 +294,6 @@ TEST_F(MainFormTest, BorderAndTitleMoveTheWindowWithoutWindowManager) {
     test::drag(*form.TitlePanel->ClosePanel, QPoint(5, 5), QPoint(-60, 40));
     EXPECT_EQ(form.pos(), before.topLeft() + QPoint(15, 20)) << "the close panel drags nothing";
     EXPECT_TRUE(form.isVisible()) << "released elsewhere";
-}
-
-TEST_F(MainFormTest, ShowingAgainAddsNoSecondTree) {
-    TConfigMainForm& form = open();
-    form.FormActivate();
-    form.hide();
-    form.show();
-    EXPECT_EQ(form.ConfigItemTree->topLevelItemCount(), 1);
-}
-
-TEST_F(MainFormTest, ReplyFillsThePageThroughItsRoute) {
-    TConfigMainForm& form = open();
-    choose(node(606));
-    host.take();
-    Texts values(22);
-    values[0] = "001A2B3C4D5E";
-    values[1] = "26";
-    ASSERT_TRUE(host.replyRead(606, {.values = values, .status = 1}));
-    EXPECT_EQ(textIn(form, "llidEdt"), "1A");
 }
 
 } // namespace

@@ -49,18 +49,6 @@ TEST_F(ControlsTest, CombosCarryCodesAndStartUnselected) {
     EXPECT_EQ(changes, 0) << "the program's changes must not look like the operator's";
 }
 
-TEST_F(ControlsTest, ShowValueServesCombosAndEdits) {
-    QComboBox combo;
-    fillCombo(combo, yesNo());
-    QLineEdit edit;
-    showValue(combo, yesNo(), "2");
-    showValue(edit, yesNo(), "2");
-    EXPECT_EQ(selectedCode(combo), "2");
-    EXPECT_EQ(edit.text(), QStringLiteral("no"));
-    showValue(edit, yesNo(), "3");
-    EXPECT_EQ(edit.text(), QString());
-}
-
 TEST_F(ControlsTest, LoadCaptionKnowsItsRangeOfIds) {
     QLabel label(QStringLiteral("before"));
     loadCaption(label, 606);

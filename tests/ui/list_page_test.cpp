@@ -97,24 +97,6 @@ protected:
     const ValueMap modes_{{{"slow", "1"}}};
 };
 
-TEST_F(ListPageTest, EveryReplyIsARowOfConvertedCells) {
-    const auto page = makeList();
-    const std::string raw("\x00\x1A", 2);
-    row("7", {"a", "1", raw});
-    row("8", {"b", "9"});
-    const RowTable& table = *page->mainTable;
-    ASSERT_EQ(table.rowCount(), 2);
-    EXPECT_EQ(table.cells(0), (Texts{"7", "aa", "slow", raw, "77"}));
-    EXPECT_EQ(table.cells(1), (Texts{"8", "bb", "", "", "88"}))
-        << "unknown codes show nothing; the last column is the index as shown";
-    EXPECT_TRUE(table.isColumnHidden(3));
-    EXPECT_EQ(table.rowIndex(1), "8");
-    EXPECT_EQ(table.cell(5, 0), "");
-    ASSERT_TRUE(host.replyRead(kItem, {.values = Texts{"b"}, .status = 1}));
-    ASSERT_TRUE(host.replyRead(kItem, {.values = Texts{"c"}, .status = 1}));
-    EXPECT_EQ(table.rowCount(), 4) << "replies without row index have no key";
-}
-
 TEST_F(ListPageTest, ColumnsAreAsWideAsTheirTitlesAndGrowWithTheirTexts) {
     const auto page = makeList();
     const RowTable& table = *page->mainTable;
@@ -242,23 +224,6 @@ TEST_F(ListPageTest, DialogsChooseByCodeEvenWhereTextsAreMissing) {
     EXPECT_EQ(in<QComboBox>(unknown, "modeComb").count(), 2);
 }
 
-TEST_F(ListPageTest, ConfigNeedsARowAndRemembersIt) {
-    const auto page = makeList();
-    row("7", {"a", "1"});
-    row("8", {"b", "1"});
-    EXPECT_EQ(page->requireRow(), -1);
-    EXPECT_EQ(desk.takeBox().text, messageText(11204));
-    page->mainTable->selectRow(1);
-    EXPECT_EQ(page->requireRow(), 1);
-    test::click(*page->configBtn);
-    EXPECT_EQ(page->opened, std::vector<int>{1});
-    page->refreshBtnClick();
-    host.take();
-    row("7", {"a", "1"});
-    row("8", {"b", "1"});
-    EXPECT_EQ(page->mainTable->selectedRow(), 1);
-}
-
 TEST_F(ListPageTest, DialogsAreClosedByCancelOrPanelAndMakeThePageReadAgain) {
     const auto page = makeList();
     for (const bool byPanel : {false, true}) {
@@ -280,178 +245,18 @@ TEST_F(ListPageTest, DialogsAreClosedByCancelOrPanelAndMakeThePageReadAgain) {
     }
 }
 
-// A dialog that registers when it is shown, and rows that are deleted after a question.
-class DeclaredList : public ListPage {
+// One with fields in a box below its own.
+class BoxItem : public SampleItem {
 public:
-    explicit DeclaredList(Session& pageSession) : ListPage(pageSession, kItem, {}, nullptr) {
-        mainTable->setColumns({{.titleId = 20013},
-                               {.titleId = 20014, .position = 0, .show = doubled},
-                               instanceColumn("1.3.6.1.1")});
-        editRowsIn({.name = "TOnuDeclaredItem",
-                    .fields = {{.control = "keyEdit", .labelId = 20013, .position = 1}},
-                    .instance = RowInstance::rowIndex,
-                    .registersWhenShown = true});
-        deleteRowsBy({.captionId = 20004,
-                      .asks = true,
-                      .what = "it",
-                      .bindings = {{"onuLlid", 1},
-                                   {"onuName", 1, Deletion::Take::value},
-                                   {"onuBindMac", 1, Deletion::Take::mac}},
-                      .rowStatus = {"MacRowStatus"},
-                      .instance = [](const RowCopy& copy) { return copy.cells[2]; }});
-        start();
+    explicit BoxItem(SampleList& page) : SampleItem(page, 0) {
+        addFields(*new QGroupBox(WorkPanel), {{.control = "boxEdit", .labelId = 20014}}, 1);
     }
 };
 
-TEST_F(ListPageTest, DeletingIsDeclared) {
-    DeclaredList page(session);
-    page.show();
-    registerReadRoute(session, kItem, page.replyHandle());
-    row("7", {"ab"});
-    test::click(*page.deleteBtn);
-    EXPECT_EQ(desk.takeBox().text, messageText(11204));
-    page.mainTable->selectRow(0);
-    desk.answer = platform::PromptAnswer::no;
-    test::click(*page.deleteBtn);
-    EXPECT_EQ(desk.takeBox().caption, messageText(11058) + "it");
-    EXPECT_EQ(host.pending(), 0U);
-    desk.answer = platform::PromptAnswer::yes;
-    desk.whileOpen = [&] { page.mainTable->clearRows(); };
-    test::click(*page.deleteBtn);
-    desk.whileOpen = {};
-    desk.takeBox();
-    EXPECT_EQ(takeWrite(), (Texts{"onuLlid@7=abab", "onuName@7=ab", "onuBindMac@7=#ABAB00000000",
-                                  "MacRowStatus@7=6"}));
-    EXPECT_EQ(usableIn(page), "") << "Delete is among the buttons of requests";
-    row("7", {"ab"});
-    EXPECT_EQ(page.mainTable->selectedRow(), 0) << "remembered";
-    page.mainTable->setColumns({{.titleId = 20013}, {.titleId = 20014}, instanceColumn("1.9")});
-    row("7", {"ab"});
-    test::click(*page.deleteBtn);
-    EXPECT_EQ(desk.takeBox().text, messageText(11204)) << "a row without instance";
-}
-
-TEST_F(ListPageTest, DialogsOfRowsAreDeclaredAndMayRegisterFirst) {
-    DeclaredList page(session);
-    page.show();
-    registerReadRoute(session, kItem, page.replyHandle());
-    row("7", {"ab"});
-    page.mainTable->selectRow(0);
-    QTimer::singleShot(0, &page, [&] {
-        auto* dialog = page.findChild<ItemDialog*>(QStringLiteral("TOnuDeclaredItem"));
-        ASSERT_NE(dialog, nullptr);
-        EXPECT_EQ(textIn(*dialog, "keyEdit"), "abab");
-        EXPECT_EQ(host.routedWindow(CP_KIND_WRITE, kItem), page.replyHandle());
-        dialog->reject();
-    });
-    test::click(*page.configBtn);
-    takeRead();
-}
-
-TEST_F(ListPageTest, OkChecksThenWritesTheRowForThePageAndReadsOnce) {
+TEST_F(ListPageTest, ButtonsComeBehindTheFieldsOfBoxesInTheOrderOfTabs) {
     const auto page = makeList();
-    row("7", {"a", "1", "10"});
-    SampleItem dialog(*page, 0);
-    EXPECT_EQ(textIn(dialog, "modeComb"), "slow");
-    QTimer::singleShot(0, &dialog, [&] {
-        test::click(*dialog.okBtn);
-        EXPECT_EQ(desk.takeBox().text, fillPlaces(messageText(11068), {"1", "9"}));
-        EXPECT_TRUE(dialog.isVisible());
-        setTextIn(dialog, "numberEdit", "9");
-        test::click(*dialog.okBtn);
-    });
-    EXPECT_EQ(dialog.exec(), QDialog::Accepted);
-    EXPECT_EQ(takeWrite(), (Texts{"onuLlid@1.2.5.7=9", "onuBatteryBackup@1.2.5.7=1"}));
-    EXPECT_EQ(host.routedWindow(CP_KIND_WRITE, kItem), page->replyHandle());
-    EXPECT_EQ(host.take()->kind, CP_KIND_READ) << "closing reads again";
-    EXPECT_EQ(host.pending(), 0U);
-}
-
-TEST_F(ListPageTest, ColumnsCanTakeTheOidAndDemandAValue) {
-    const auto page = makeList();
-    page->mainTable->setColumns(
-        {{.titleId = 20013, .required = true}, {.titleId = 20014, .position = kWholeOid}});
-    row("7", {"a"});
-    ASSERT_TRUE(host.replyRead(kItem, {.values = Texts{"b"}, .status = 1}));
-    EXPECT_EQ(page->mainTable->rowCount(), 1);
-    EXPECT_EQ(page->mainTable->cells(0), (Texts{"7", "1.3.6.1.1.7"}));
-    row("8", {"c"});
-    row("7", {"d"});
-    EXPECT_EQ(page->arrived, (Texts{"0:a", "1:c", "0:d"}));
-}
-
-// A check box that only writes, and what stands in the box below it.
-std::vector<Field> tickFields() {
-    Field ticked = constant({"onuBatteryBackup"}, "1");
-    ticked.labelId = 20014;
-    ticked.enabledBy = checkBox("onlyBox");
-    return {{.control = "keyEdit", .labelId = 20013, .position = 0}, ticked};
-}
-
-std::vector<Field> boxFields() {
-    return {{.control = "macEdit",
-             .labelId = 20014,
-             .kind = ControlKind::mac,
-             .position = 3,
-             .object = {"onuBindMac"},
-             .check = macAddress(),
-             .written = Written::always},
-            {.control = "typeEdit",
-             .labelId = 20015,
-             .object = {"onuLlid"},
-             .check = hexIn(0, 0xFFFF, EmptyText::takesFocus),
-             .written = Written::always}};
-}
-
-class GroupItem : public ItemDialog {
-public:
-    explicit GroupItem(SampleList& page) : ItemDialog(page, {.fields = tickFields()}, 0) {
-        addFields(*new QGroupBox(WorkPanel), boxFields(), 1);
-        fields().showRow(*page.mainTable, 0);
-    }
-};
-
-TEST_F(ListPageTest, FieldsOfBoxesAreShownCheckedAndWrittenBehindTheOthers) {
-    const auto page = makeList();
-    row("7", {"a", "1", "00:1A:00:00:00:0F"});
-    GroupItem dialog(*page);
-    auto& mac = in<QLineEdit>(dialog, "macEdit");
-    auto& type = in<QLineEdit>(dialog, "typeEdit");
-    auto& only = in<QCheckBox>(dialog, "onlyBox");
-    EXPECT_EQ(maskedText(mac), "00:1A:00:00:00:0F");
-    EXPECT_EQ(type.nextInFocusChain(), dialog.okBtn) << "the buttons come last";
-    QTimer::singleShot(0, &dialog, [&] {
-        struct Case {
-            const char* mac;
-            const char* type;
-            int refusal; // 0: only the focus moves
-            QLineEdit& focus;
-        };
-        for (const Case& bad :
-             {Case{"00:1g:00:00:00:00", "1", 3036, mac}, Case{"  :  :  :  :  :  ", "1", 3029, mac},
-              Case{"02:00:00:00:00:01", "", 0, type},
-              Case{"02:00:00:00:00:01", "10000", 11068, type}}) {
-            setControlText(mac, bad.mac);
-            setControlText(type, bad.type);
-            test::click(*dialog.okBtn);
-            const auto boxes = desk.takeBoxes();
-            ASSERT_EQ(boxes.size(), bad.refusal == 0 ? 0U : 1U) << bad.mac;
-            if (bad.refusal != 0) {
-                EXPECT_EQ(boxes[0].text, fillPlaces(messageText(bad.refusal), {"0", "65535"}));
-                EXPECT_EQ(boxes[0].icon, platform::PromptIcon::warning);
-            }
-            EXPECT_EQ(dialog.focusWidget(), &bad.focus) << bad.mac;
-        }
-        setControlText(mac, "2 :00:00:00:00:f1");
-        setControlText(type, "0800");
-        test::click(*dialog.okBtn);
-    });
-    EXPECT_EQ(dialog.exec(), QDialog::Accepted);
-    EXPECT_EQ(takeWrite(), (Texts{"onuBindMac@1.2.5.7=#2000000000F1", "onuLlid@1.2.5.7=2048"}));
-    only.setChecked(true);
-    takeRead();
-    test::click(*dialog.okBtn);
-    EXPECT_EQ(takeWrite().at(0), "onuBatteryBackup@1.2.5.7=1");
+    const BoxItem dialog(*page);
+    EXPECT_EQ(in(dialog, "boxEdit").nextInFocusChain(), dialog.okBtn);
 }
 
 class SamplePorts : public PortListPage {

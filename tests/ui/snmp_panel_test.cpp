@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "env/language_module.h"
-#include "mainform/config_main_form.h"
 #include "mainform/snmp_panel.h"
 #include "pages/framework/controls.h"
 #include "ui_test.h"
@@ -284,38 +283,25 @@ TEST_F(SnmpPanelTest, ForbiddenCharactersAreRefusedOneByOne) {
     EXPECT_EQ(apply(), 3015);
 }
 
-struct NumberCase {
-    const char* text;
-    int retries; // the message that answers it as number of retries
-    int other;   // as port or time-out
-};
-
 TEST_F(SnmpPanelTest, NumbersAreDecimalAndOnlyRetriesAreBounded) {
-    const NumberCase cases[] = {
-        {"0", 3018, 3018},
-        {"9", 3018, 3018},
-        {"009", 3018, 3018},
-        {"10", 3014, 3018},
-        {"2147483647", 3014, 3018},
-        {"2147483648", 20029, 20029},
-        {"4294967297", 20029, 20029},
-        {"", 20029, 20029},
-        {"-1", 3018, 3018}, // as the host may have given it
-        {" 1", 3018, 3018},
-        {"+-1", 20029, 20029},
-        {"1 ", 20029, 20029},
-        {"0x5", 20029, 20029},
+    struct Case {
+        int retries; // the message that answers it as number of retries
+        int other;   // as port or time-out
+        std::vector<const char*> texts;
     };
+    const Case cases[] = {{3018, 3018, {"0", "9", "009", "-1", " 1"}}, // "-1" from the host
+                          {3014, 3018, {"10", "2147483647"}},
+                          {20029, 20029, {"2147483648", "4294967297", "", "+-1", "1 ", "0x5"}}};
     const SessionContext before = context;
-    const auto expectAnswer = [&](const NumberCase& number, QLineEdit& edit, int answer,
+    const auto expectAnswer = [&](const char* number, QLineEdit& edit, int answer,
                                   const SessionContext& afterwards) {
-        SCOPED_TRACE(bytesOf(edit.objectName()) + " " + number.text);
+        SCOPED_TRACE(bytesOf(edit.objectName()) + " " + number);
         context = before;
         panel.load();
         choose(*panel.cbSnmpVersion, "version2c");
         enter(*panel.edtSnmpPort, "1161");
         enter(*panel.edtReadCommunity, "changed");
-        enter(edit, number.text);
+        enter(edit, number);
         EXPECT_EQ(apply(), answer);
         if (answer == 3018) {
             EXPECT_EQ(context.readCommunity, "changed");
@@ -324,16 +310,18 @@ TEST_F(SnmpPanelTest, NumbersAreDecimalAndOnlyRetriesAreBounded) {
         EXPECT_EQ(stored(context), stored(afterwards));
         EXPECT_EQ(focus(), bytesOf(edit.objectName()));
         EXPECT_EQ(box.icon, answer == 3014 ? PromptIcon::information : PromptIcon::warning);
-        EXPECT_EQ(box.text, fillPlaces(messageText(answer), {number.text}));
+        EXPECT_EQ(box.text, fillPlaces(messageText(answer), {number}));
     };
-    for (const NumberCase& number : cases) {
-        // The version is stored before a port, version and port before a time-out that is none.
-        SessionContext partly = before;
-        expectAnswer(number, *panel.edtRetries, number.retries, partly);
-        partly.snmpVersion = 1;
-        expectAnswer(number, *panel.edtSnmpPort, number.other, partly);
-        partly.snmpPort = 1161;
-        expectAnswer(number, *panel.edtSnmpTimeout, number.other, partly);
+    for (const auto& [retries, other, texts] : cases) {
+        for (const char* number : texts) {
+            // The version is stored before a port, version and port before a time-out that is none.
+            SessionContext partly = before;
+            expectAnswer(number, *panel.edtRetries, retries, partly);
+            partly.snmpVersion = 1;
+            expectAnswer(number, *panel.edtSnmpPort, other, partly);
+            partly.snmpPort = 1161;
+            expectAnswer(number, *panel.edtSnmpTimeout, other, partly);
+        }
     }
 }
 
@@ -412,81 +400,40 @@ TEST_F(SnmpPanelTest, ControlsAreNamedInBothLanguagesAndFollowTheEye) {
     }
 }
 
-class SettingsInRequestsTest : public test::UiTest {
-protected:
-    // What the only request on the way to the host carries, version first, privacy password last.
-    Texts sent() {
-        const auto posted = host.take();
-        if (!posted) {
-            return {};
-        }
-        const CodeParaReader reader(*posted->record);
-        Texts entries;
-        for (const std::uint8_t id :
-             {CP_SNMP_VERSION, CP_SNMP_PORT, CP_TIMEOUT, CP_RETRIES, CP_READ_COMMUNITY,
-              CP_WRITE_COMMUNITY, CP_V3_ENGINE_ID, CP_V3_CONTEXT, CP_V3_SEC_MODEL, CP_V3_SEC_LEVEL,
-              CP_V3_USER, CP_V3_AUTH_PROTO, CP_V3_AUTH_KEY, CP_V3_PRIV_PROTO, CP_V3_PRIV_KEY}) {
-            const auto number = reader.integer(id);
-            entries.push_back(number ? std::to_string(static_cast<std::int32_t>(*number))
-                                     : reader.text(id).value_or("absent"));
-        }
-        return entries;
-    }
-};
-
-TEST_F(SettingsInRequestsTest, AppliedSettingsGoIntoEveryLaterRequest) {
-    session.context.menuFileName = "epononuother_menu.xml";
-    session.context.readCommunity = "public";
-    session.context.writeCommunity = "private";
-    session.context.snmpVersion = 1;
-    TConfigMainForm form(session);
-    form.show();
-    SnmpPanel& panel = *form.snmpGroup;
-    ASSERT_TRUE(sendReadRequest(session, 606));
-    EXPECT_EQ(sent(), (Texts{"1", "161", "5", "1", "public", "private", "", "", "-1", "-1", "",
-                             "-1", "", "-1", ""}));
-
+TEST_F(SnmpPanelTest, AppliedSettingsGoIntoEveryLaterRequest) {
+    context.readCommunity = "public";
+    context.writeCommunity = "private";
+    panel.load();
     // SNMPv1 with an empty user: what the lists show is stored along with the rest.
-    panel.cbSnmpVersion->setCurrentIndex(0);
-    test::click(*panel.btnApply);
-    EXPECT_EQ(desk.takeBox().text, messageText(3018));
-    ASSERT_TRUE(sendReadRequest(session, 606));
-    EXPECT_EQ(sent(), (Texts{"0", "161", "5", "1", "public", "private", "", "", "3", "1", "", "1",
-                             "", "1", ""}));
-
-    panel.cbSnmpVersion->setCurrentIndex(2);
-    panel.cbSecurityLevel->setCurrentIndex(2);
-    panel.cbAuthProtocol->setCurrentIndex(2);
-    panel.cbPrivProtocol->setCurrentIndex(1);
-    const std::pair<QLineEdit*, const char*> typed[] = {
-        {panel.edtSnmpPort, "1161"},
-        {panel.edtSnmpTimeout, "8"},
-        {panel.edtRetries, "9"},
-        {panel.edtEngineID, "8000"},
-        {panel.edtContextName, "ctx"},
-        {panel.edtUserName, "anna"},
-        {panel.edtAuthPassword, "auth\"key"},
-        {panel.edtPrivPassword, "privkey"},
-    };
+    choose(*panel.cbSnmpVersion, "version1");
+    EXPECT_EQ(apply(), 3018);
+    const Texts first{"0", "161", "5", "1", "public", "private", "", "",
+                      "3", "1",   "",  "1", "",       "1",       ""};
+    EXPECT_EQ(stored(context), first);
+    chooseUser("Auth,Priv", "SHA", "DES");
+    const std::pair<QLineEdit*, const char*> typed[] = {{panel.edtSnmpPort, "1161"},
+                                                        {panel.edtSnmpTimeout, "8"},
+                                                        {panel.edtRetries, "9"},
+                                                        {panel.edtEngineID, "8000"},
+                                                        {panel.edtContextName, "ctx"},
+                                                        {panel.edtUserName, "anna"},
+                                                        {panel.edtAuthPassword, "auth\"key"},
+                                                        {panel.edtPrivPassword, "privkey"}};
     for (const auto& [edit, text] : typed) {
-        edit->selectAll();
-        test::type(*edit, QString::fromLatin1(text));
+        enter(*edit, text);
     }
-    ASSERT_TRUE(sendReadRequest(session, 606));
-    EXPECT_EQ(sent()[0], "0") << "nothing counts before Apply";
-    test::click(*panel.btnApply);
-    EXPECT_EQ(desk.takeBox().text, messageText(3018));
+    EXPECT_EQ(stored(context), first) << "nothing counts before Apply";
+    EXPECT_EQ(apply(), 3018);
     EXPECT_EQ(host.pending(), 0U) << "the panel itself sends nothing";
-    const Texts applied{"3", "1161", "8",    "9", "public",    "private", "8000",   "ctx",
-                        "3", "3",    "anna", "3", "auth\"key", "2",       "privkey"};
-    // Reads of a page and writes alike.
+    EXPECT_EQ(stored(context), (Texts{"3", "1161", "8", "9", "public", "private", "8000", "ctx",
+                                      "3", "3", "anna", "3", "auth\"key", "2", "privkey"}));
     ASSERT_TRUE(sendReadRequest(session, 608));
-    EXPECT_EQ(sent(), applied);
-    CodeParaPtr write = createWriteRequest(session, 606);
-    ASSERT_TRUE(write);
-    addWriteBinding(*write, "name", {"onuName", "1.3.6.1", 4}, "1.2.5");
-    ASSERT_TRUE(postWrite(session, std::move(write)));
-    EXPECT_EQ(sent(), applied);
+    const auto posted = host.take();
+    const CodeParaReader reader(*posted->record);
+    EXPECT_EQ(reader.text(CP_V3_USER), "anna");
+    EXPECT_EQ(reader.integer(CP_V3_SEC_MODEL), 3U);
+    EXPECT_EQ(reader.integer(CP_V3_AUTH_PROTO), 3U);
+    EXPECT_EQ(reader.integer(CP_V3_PRIV_PROTO), 2U);
 }
 
 } // namespace
