@@ -106,21 +106,17 @@ TEST_F(ControlsTest, FieldsOfOneTickHaveLabelsThatDiffer) {
               {.control = "beside", .labelId = 20010, .enabledBy = checkBox("box")},
               {.control = "two", .labelId = 20011, .enabledBy = checkBox("box")}});
     EXPECT_EQ(panel.findChildren<QCheckBox*>().size(), 1);
-    EXPECT_EQ(form.find("oneLabel"), nullptr);
-    EXPECT_EQ(form.find("besideLabel"), nullptr);
-    auto* label = form.find<QLabel>("twoLabel");
-    ASSERT_NE(label, nullptr);
-    EXPECT_EQ(bytesOf(label->text()), messageText(20011));
-    EXPECT_EQ(label->buddy(), form.find("two"));
+    const auto labels = panel.findChildren<QLabel*>();
+    ASSERT_EQ(labels.size(), 1);
+    EXPECT_EQ(labels[0]->objectName(), QStringLiteral("twoLabel"));
+    EXPECT_EQ(bytesOf(labels[0]->text()), messageText(20011));
+    EXPECT_EQ(labels[0]->buddy(), form.find("two"));
 }
 
 TEST_F(ControlsTest, DigitsOnlyLimitsTypingNotSetting) {
     QLineEdit edit;
     digitsOnly(edit);
-    test::type(edit, QStringLiteral("1a2-3"));
-    EXPECT_EQ(edit.text(), QStringLiteral("123"));
     setControlText(edit, "n/a");
-    EXPECT_EQ(edit.text(), QStringLiteral("n/a"));
     edit.end(false);
     test::type(edit, QStringLiteral("x1"));
     EXPECT_EQ(edit.text(), QStringLiteral("n/a1"));
@@ -131,14 +127,12 @@ TEST_F(ControlsTest, StatesReadWhatIsShown) {
     masked.setInputMask(QStringLiteral("nn:nn;_"));
     setControlText(masked, "0");
     EXPECT_EQ(stateOf(masked).text, "0 :  ");
-    QPlainTextEdit memo;
-    setControlText(memo, "two\nlines");
-    memo.setEnabled(false);
-    EXPECT_EQ(stateOf(memo).text, "two\nlines");
-    EXPECT_FALSE(stateOf(memo).enabled);
     QCheckBox box;
+    EXPECT_TRUE(stateOf(box).enabled);
     EXPECT_FALSE(stateOf(box).ticked);
     box.setChecked(true);
+    box.setEnabled(false);
+    EXPECT_FALSE(stateOf(box).enabled);
     EXPECT_TRUE(stateOf(box).ticked);
 }
 
@@ -179,15 +173,11 @@ TEST_F(ControlsTest, RefusalsTellAndMoveTheFocus) {
 }
 
 TEST_F(ControlsTest, DeletingAsksFirst) {
-    desk.answer = platform::PromptAnswer::no;
-    EXPECT_FALSE(confirmDelete(3));
-    desk.answer = platform::PromptAnswer::yes;
-    EXPECT_TRUE(confirmDelete(3));
-    const auto boxes = desk.takeBoxes();
-    ASSERT_EQ(boxes.size(), 2U);
-    EXPECT_EQ(boxes[0].buttons, platform::PromptButtons::yesNo);
-    EXPECT_FALSE(boxes[0].text.empty());
-    EXPECT_FALSE(boxes[0].caption.empty());
+    for (const auto answer : {platform::PromptAnswer::no, platform::PromptAnswer::yes}) {
+        desk.answer = answer;
+        EXPECT_EQ(confirmDelete(3), answer == platform::PromptAnswer::yes);
+        EXPECT_EQ(desk.takeBox().buttons, platform::PromptButtons::yesNo);
+    }
 }
 
 TEST_F(ControlsTest, ANoteStandsBelowTheForm) {
@@ -195,11 +185,8 @@ TEST_F(ControlsTest, ANoteStandsBelowTheForm) {
     FormGrid form(area, 1);
     const QLineEdit* edit = form.edit("nameEdit", 20013);
     addNote(area, 66407);
-    const auto* note = area.findChild<QLabel*>(QStringLiteral("noteLabel"));
-    ASSERT_NE(note, nullptr);
-    EXPECT_EQ(bytesOf(note->text()), messageText(66407));
     area.show();
-    EXPECT_GE(note->y(), edit->geometry().bottom());
+    EXPECT_GE(in(area, "noteLabel").y(), edit->geometry().bottom());
 }
 
 TEST_F(ControlsTest, TitlesStandAboveTheControlsOfTheirPairs) {

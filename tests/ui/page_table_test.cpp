@@ -46,30 +46,22 @@ TEST_F(PageTableTest, EveryPageOpensUnderItsClassNameWithItsCatalogue) {
     for (const PageEntry& entry : pageTable()) {
         EXPECT_TRUE(seen.insert(entry.itemType).second) << entry.itemType;
         EXPECT_FALSE(messageText(entry.itemType).empty()) << entry.itemType;
-        const std::unique_ptr<ConfigPage> page(createPage(session, entry.itemType, nullptr));
-        ASSERT_EQ(page != nullptr, entry.create != nullptr);
-        if (page) {
-            EXPECT_EQ(bytesOf(page->objectName()), entry.className);
-            EXPECT_EQ(page->itemType(), entry.itemType);
-        }
     }
     EXPECT_EQ(seen.size(), 56U);
-    EXPECT_EQ(createPage(session, 0, nullptr), nullptr);
-    EXPECT_EQ(createPage(session, 4711, nullptr), nullptr);
-}
-
-TEST_F(PageTableTest, FieldsNameObjectsOfTheCatalogue) {
-    forEachPage([](const PageEntry& /*entry*/, const ConfigPage& page) {
+    int pages = 0;
+    forEachPage([&](const PageEntry& entry, const ConfigPage& page) {
+        ++pages;
+        EXPECT_EQ(bytesOf(page.objectName()), entry.className);
+        EXPECT_EQ(page.itemType(), entry.itemType);
         for (const Field& field : page.fields().list()) {
             const ObjectName& object = field.object;
-            if (object.name.empty()) {
-                continue;
-            }
             const std::string& group = object.group.empty() ? page.rules().group : object.group;
-            EXPECT_NE(lookup(page.catalogue(), group, object.name), nullptr)
+            EXPECT_TRUE(object.name.empty() || lookup(page.catalogue(), group, object.name))
                 << group << " " << object.name;
         }
     });
+    EXPECT_EQ(pages, 51);
+    EXPECT_EQ(createPage(session, 4711, nullptr), nullptr);
 }
 
 TEST_F(PageTableTest, PagesAreDescribedWithoutHostOrOperator) {
