@@ -14,54 +14,39 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr const char* kCatalogue = R"(<snmpconfig>
-<module name="600">
-  <group name="maintable" read="scalar">
-    <object name="count" oidstr="1.3.6.1.4.1.27315.600.1.1" type="2"/>
-    <object name="label" oidstr="1.3.6.1.4.1.27315.600.1.2" type="4" access="read-write"/>
-    <object name="mac" oidstr="1.3.6.1.4.1.27315.600.1.3" type="4" format="hex"/>
-    <object name="address" oidstr="1.3.6.1.4.1.27315.600.1.4" type="64"/>
-  </group>
-</module>
-<module name="601">
-  <group name="group1" read="table">
-    <object name="port" oidstr="1.3.6.1.4.1.27315.601.1.1" type="2"/>
-    <object name="text" oidstr="1.3.6.1.4.1.27315.601.1.2" type="4"/>
-    <object name="rate" oidstr="1.3.6.1.4.1.27315.601.1.3" type="66"/>
-  </group>
-</module>
-<module name="602">
-  <group name="first" read="scalar">
-    <object name="one" oidstr="1.3.6.1.4.1.27315.602.1.1" type="2"/>
-  </group>
+<module name="600"><group name="maintable" read="scalar">
+  <object name="count" oidstr="1.3.6.1.4.1.27315.600.1.1" type="2"/>
+  <object name="label" oidstr="1.3.6.1.4.1.27315.600.1.2" type="4" access="read-write"/>
+  <object name="mac" oidstr="1.3.6.1.4.1.27315.600.1.3" type="4" format="hex"/>
+  <object name="address" oidstr="1.3.6.1.4.1.27315.600.1.4" type="64"/>
+</group></module>
+<module name="601"><group name="group1" read="table">
+  <object name="port" oidstr="1.3.6.1.4.1.27315.601.1.1" type="2"/>
+  <object name="text" oidstr="1.3.6.1.4.1.27315.601.1.2" type="4"/>
+  <object name="rate" oidstr="1.3.6.1.4.1.27315.601.1.3" type="66"/>
+</group></module>
+<module name="602"><group name="first" read="scalar">
+  <object name="one" oidstr="1.3.6.1.4.1.27315.602.1.1" type="2"/></group>
   <group name="actions">
-    <object name="restart" oidstr="1.3.6.1.4.1.27315.602.2.1" type="2"/>
-  </group>
+  <object name="restart" oidstr="1.3.6.1.4.1.27315.602.2.1" type="2"/></group>
   <group name="rows" read="table">
-    <object name="cell" oidstr="1.3.6.1.4.1.27315.602.3.1" type="2"/>
-  </group>
+  <object name="cell" oidstr="1.3.6.1.4.1.27315.602.3.1" type="2"/></group>
   <group name="last" read="scalar">
-    <object name="two" oidstr="1.3.6.1.4.1.27315.602.4.1" type="2"/>
-  </group>
-</module>
-<module name="603">
-  <group name="settings" read="scalar">
-    <object name="label" oidstr="1.3.6.1.4.1.27315.603.1.1" type="4" access="read-write"/>
-    <object name="limit" oidstr="1.3.6.1.4.1.27315.603.1.2" type="2" access="read-write"/>
-    <object name="peer" oidstr="1.3.6.1.4.1.27315.603.1.3" type="64" access="read-write"/>
-    <object name="link" oidstr="1.3.6.1.4.1.27315.603.1.4" type="6" access="read-write"/>
-    <object name="rate" oidstr="1.3.6.1.4.1.27315.603.1.5" type="66" access="read-write"/>
-    <object name="total" oidstr="1.3.6.1.4.1.27315.603.1.6" type="70" access="read-write"/>
-    <object name="rowStatus" oidstr="1.3.6.1.4.1.27315.603.1.7" type="2" access="read-create"
+  <object name="two" oidstr="1.3.6.1.4.1.27315.602.4.1" type="2"/></group></module>
+<module name="603"><group name="settings" read="scalar">
+  <object name="label" oidstr="1.3.6.1.4.1.27315.603.1.1" type="4" access="read-write"/>
+  <object name="limit" oidstr="1.3.6.1.4.1.27315.603.1.2" type="2" access="read-write"/>
+  <object name="peer" oidstr="1.3.6.1.4.1.27315.603.1.3" type="64" access="read-write"/>
+  <object name="link" oidstr="1.3.6.1.4.1.27315.603.1.4" type="6" access="read-write"/>
+  <object name="rate" oidstr="1.3.6.1.4.1.27315.603.1.5" type="66" access="read-write"/>
+  <object name="total" oidstr="1.3.6.1.4.1.27315.603.1.6" type="70" access="read-write"/>
+  <object name="rowStatus" oidstr="1.3.6.1.4.1.27315.603.1.7" type="2" access="read-create"
             row="rowStatus"/>
-    <object name="restart" oidstr="1.3.6.1.4.1.27315.603.1.8" type="2" access="write-only"/>
-    <object name="untyped" oidstr="1.3.6.1.4.1.27315.603.1.9" access="read-write"/>
-  </group>
-</module>
-<module name="604">
-  <group name="actions">
-    <object name="restart" oidstr="1.3.6.1.4.1.27315.604.1.1" type="2"/>
-  </group>
-</module>
+  <object name="restart" oidstr="1.3.6.1.4.1.27315.603.1.8" type="2" access="write-only"/>
+  <object name="untyped" oidstr="1.3.6.1.4.1.27315.603.1.9" access="read-write"/>
+</group></module>
+<module name="604"><group name="actions">
+  <object name="restart" oidstr="1.3.6.1.4.1.27315.604.1.1" type="2"/></group></module>
 </snmpconfig>)";
 
 } // namespace
@@ -193,8 +178,9 @@ SeenReply EngineTest::writeAll(CodeParaPtr para) {
 std::vector<SeenReply> EngineTest::readFrom(const Script& script,
                                             std::chrono::milliseconds timeoutUnit,
                                             std::int32_t itemType, const WalkLimits& limits) {
-    const Agent agent(*this, script, timeoutUnit, limits);
+    Agent agent(*this, script, timeoutUnit, limits);
     auto replies = readAll(itemType);
+    agent.stop();
     requests = agent.requests();
     return replies;
 }

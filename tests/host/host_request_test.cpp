@@ -212,14 +212,6 @@ TEST(HostRequestTest, DamagedBindingsAreRefusedByName) {
     }
 }
 
-TEST(HostRequestTest, SettingsOfOtherVersionsDoNotMatter) {
-    CodeParaPtr para = goodRead();
-    replace(*para, CP_SNMP_VERSION, 1);
-    replace(*para, CP_V3_SEC_LEVEL, 77);
-    replace(*para, CP_V3_AUTH_KEY, "short");
-    EXPECT_EQ(problemOf(*para), "no problem");
-}
-
 TEST(HostRequestTest, OpenSecuritySettingsComeFromTheProfile) {
     const V3Access profile{.user = "profile", .level = SecurityLevel::noAuthNoPriv};
     CodeParaPtr para = goodRead();
@@ -234,7 +226,7 @@ TEST(HostRequestTest, OpenSecuritySettingsComeFromTheProfile) {
               "the authentication pass phrase is shorter than 8 characters");
 }
 
-TEST(HostRequestTest, LevelDecidesWhichSettingsCount) {
+TEST(HostRequestTest, VersionAndLevelDecideWhichSettingsCount) {
     CodeParaPtr para = goodRead();
     replace(*para, CP_V3_SEC_LEVEL, 1);
     replace(*para, CP_V3_AUTH_KEY, "short");
@@ -243,6 +235,9 @@ TEST(HostRequestTest, LevelDecidesWhichSettingsCount) {
     EXPECT_EQ(request->access.v3.authProtocol, AuthProtocol::none);
     EXPECT_TRUE(request->access.v3.authPassphrase.empty());
     EXPECT_TRUE(request->access.v3.privPassphrase.empty());
+    replace(*para, CP_SNMP_VERSION, 1);
+    replace(*para, CP_V3_SEC_LEVEL, 77);
+    EXPECT_EQ(problemOf(*para), "no problem");
 }
 
 } // namespace onudesk::host::test

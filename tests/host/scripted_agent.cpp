@@ -203,9 +203,15 @@ ScriptedAgent::ScriptedAgent(Script script)
     thread_ = std::thread([this] { run(); });
 }
 
-ScriptedAgent::~ScriptedAgent() {
+void ScriptedAgent::stop() {
     ::eventfd_write(stopEvent_, 1);
-    thread_.join();
+    if (thread_.joinable()) {
+        thread_.join();
+    }
+}
+
+ScriptedAgent::~ScriptedAgent() {
+    stop();
     ::close(socket_);
     ::close(stopEvent_);
 }
@@ -214,7 +220,7 @@ void ScriptedAgent::run() {
     while (true) {
         std::array<pollfd, 2> waiting{{{socket_, POLLIN, 0}, {stopEvent_, POLLIN, 0}}};
         ::poll(waiting.data(), waiting.size(), -1);
-        if (waiting[1].revents != 0) {
+        if (waiting[0].revents == 0 && waiting[1].revents != 0) {
             return;
         }
         std::array<u_char, 65536> buffer{};

@@ -73,7 +73,9 @@ public:
     ScriptedAgent& operator=(const ScriptedAgent&) = delete;
 
     [[nodiscard]] std::uint16_t port() const { return port_; }
-    // What came so far, in order.
+    // Ends the agent once it has taken all that was sent to it.
+    void stop();
+    // What it took so far, in order.
     [[nodiscard]] std::vector<AgentRequest> requests() const;
     [[nodiscard]] std::size_t count(std::uint8_t pdu) const;
 

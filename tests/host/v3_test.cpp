@@ -59,13 +59,10 @@ TEST_F(V3Test, EngineIsFoundOnceAndThenKnown) {
     EXPECT_EQ(requests[3].engineId, kOtherEngine);
 }
 
-TEST_F(V3Test, GivenEngineIdIsUsedWithoutAsking) {
+TEST_F(V3Test, GivenEngineIdIsUsedWithoutAskingAndNamedWhenWrong) {
     session.context.v3EngineId = "800908070605";
     EXPECT_EQ(readOne(discoverable(mib, kOtherEngine)).values, k42);
     EXPECT_EQ(requests.size(), 1U);
-}
-
-TEST_F(V3Test, WrongGivenEngineIdIsNamed) {
     session.context.v3EngineId = "800908070604";
     expectError(readOne(discoverable(mib, kOtherEngine)), error_status::unknownEngine);
 }
@@ -112,11 +109,8 @@ TEST_F(V3Test, SecurityReportsAreNamedAtOnce) {
     }
 }
 
-TEST_F(V3Test, LostProbeIsSentAgain) {
+TEST_F(V3Test, LostProbeIsSentAgainAndASilentAgentIsATimeOut) {
     EXPECT_EQ(readOne(losingTheFirstRequest(discoverable(mib, kOtherEngine)), 40ms).values, k42);
-}
-
-TEST_F(V3Test, SilentAgentIsATimeOut) {
     expectError(readOne(silent(), 2ms), error_status::timeout);
     EXPECT_EQ(requests.size(), 2U);
 }

@@ -16,8 +16,9 @@ class WriteTest : public EngineTest {
 protected:
     SeenReply write(const Script& script, const std::vector<Setting>& values,
                     std::chrono::milliseconds unit = 1s) {
-        const Agent agent(*this, script, unit);
+        Agent agent(*this, script, unit);
         SeenReply reply = writeAll(writeOf(values));
+        agent.stop();
         requests = agent.requests();
         return reply;
     }
@@ -41,9 +42,12 @@ Script muteOnSet(Mib& mib, bool carryOut) {
 } // namespace
 
 TEST_F(WriteTest, AllBindingsInOneSetInOrderWithTheirTypes) {
-    const std::string mac("\x00\x1A\x2B\x00\x4D\xFF", 6);
+    std::string bytes; // all there are
+    for (int byte = 0; byte < 256; ++byte) {
+        bytes += static_cast<char>(byte);
+    }
     const SeenReply reply = write(honest(mib), {{"limit", "-2147483648"},
-                                                {"label", mac, mac.size()},
+                                                {"label", bytes, bytes.size()},
                                                 {"peer", "10.0.0.255"},
                                                 {"link", "1.3.6.1.4294967295"},
                                                 {"rate", "4294967295"},
@@ -61,23 +65,13 @@ TEST_F(WriteTest, AllBindingsInOneSetInOrderWithTheirTypes) {
     ASSERT_EQ(sent.size(), 8U);
     EXPECT_EQ(sent[0].oid, cell(603, 2));
     EXPECT_EQ(sent[0].value, integerValue(-2147483648LL));
-    EXPECT_EQ(sent[1].value, octetsValue(mac));
+    EXPECT_EQ(sent[1].value, octetsValue(bytes));
     EXPECT_EQ(sent[2].value, (Value{Tag::ipAddress, std::string("\x0A\0\0\xFF", 4)}));
     EXPECT_EQ(sent[3].value, (Value{Tag::objectId, Oid{1, 3, 6, 1, 4294967295U}}));
     EXPECT_EQ(sent[4].value, (Value{Tag::gauge32, std::uint64_t{4294967295U}}));
     EXPECT_EQ(sent[5].value, (Value{Tag::counter64, std::uint64_t{~0ULL}}));
     EXPECT_EQ(sent[6].value, octetsValue("free"));
     EXPECT_EQ(sent[7].value, octetsValue(""));
-}
-
-TEST_F(WriteTest, EveryByteTravelsUnchanged) {
-    std::string all;
-    for (int byte = 0; byte < 256; ++byte) {
-        all += static_cast<char>(byte);
-    }
-    const SeenReply reply = write(honest(mib), {{"label", all, all.size()}});
-    EXPECT_EQ(reply.status, 1U);
-    EXPECT_EQ(mib.values()[cell(603, 1)], octetsValue(all));
 }
 
 TEST_F(WriteTest, ValuesThatAreNoneAreNamedAndNothingIsSent) {
