@@ -72,29 +72,22 @@ TEST(Requests, CarryEverySettingWhateverTheVersion) {
     ASSERT_TRUE(sendReadRequest(session, 606));
     const auto posted = host.take();
     const CodeParaReader reader(*posted->record);
-    const std::pair<std::uint8_t, std::uint32_t> numbers[] = {
-        {CP_AGENT_ADDR, 0xC0A80102U},
-        {CP_SNMP_VERSION, 0},
-        {CP_SNMP_PORT, 1161},
-        {CP_TIMEOUT, 7},
-        {CP_RETRIES, 2},
-        {CP_V3_SEC_LEVEL, 3},
-        {CP_V3_SEC_MODEL, 0xFFFFFFFFU},
-        {CP_V3_AUTH_PROTO, 0xFFFFFFFFU},
-        {CP_V3_PRIV_PROTO, 0xFFFFFFFFU},
-    };
-    for (const auto& [id, number] : numbers) {
-        EXPECT_EQ(reader.integer(id), number) << int{id};
-    }
-    const std::pair<std::uint8_t, const char*> texts[] = {
-        {CP_READ_COMMUNITY, "reads"},  {CP_WRITE_COMMUNITY, "writes"},
-        {CP_V3_USER, "user"},          {CP_V3_CONTEXT, ""},
-        {CP_V3_ENGINE_ID, "80001f88"}, {CP_V3_AUTH_KEY, "authentic"},
-        {CP_V3_PRIV_KEY, "privately"},
-    };
-    for (const auto& [id, text] : texts) {
-        EXPECT_EQ(reader.text(id), text) << int{id};
-    }
+    EXPECT_EQ(reader.integer(CP_AGENT_ADDR), 0xC0A80102U);
+    EXPECT_EQ(reader.integer(CP_SNMP_VERSION), 0U);
+    EXPECT_EQ(reader.integer(CP_SNMP_PORT), 1161U);
+    EXPECT_EQ(reader.integer(CP_TIMEOUT), 7U);
+    EXPECT_EQ(reader.integer(CP_RETRIES), 2U);
+    EXPECT_EQ(reader.text(CP_READ_COMMUNITY), "reads");
+    EXPECT_EQ(reader.text(CP_WRITE_COMMUNITY), "writes");
+    EXPECT_EQ(reader.text(CP_V3_USER), "user");
+    EXPECT_EQ(reader.text(CP_V3_CONTEXT), ""); // there, and empty
+    EXPECT_EQ(reader.text(CP_V3_ENGINE_ID), "80001f88");
+    EXPECT_EQ(reader.text(CP_V3_AUTH_KEY), "authentic");
+    EXPECT_EQ(reader.text(CP_V3_PRIV_KEY), "privately");
+    EXPECT_EQ(reader.integer(CP_V3_SEC_LEVEL), 3U);
+    EXPECT_EQ(reader.integer(CP_V3_SEC_MODEL), 0xFFFFFFFFU); // not set
+    EXPECT_EQ(reader.integer(CP_V3_AUTH_PROTO), 0xFFFFFFFFU);
+    EXPECT_EQ(reader.integer(CP_V3_PRIV_PROTO), 0xFFFFFFFFU);
 }
 
 TEST(AddressNumber, ReadsWhatInetAddrReads) {
