@@ -66,8 +66,7 @@ TEST(MenuLoading, FallsBackWhenTheFileIsMissingAndStaysSilentWhenItIsBroken) {
         {"missing", "own.xml", nullptr, "<m type='other'/>", "other", false},
         {"not named", "", nullptr, "<m type='other'/>", "other", false},
         {"broken", "own.xml", "<m", "<m type='other'/>", nullptr, false},
-        {"no file at all", "own.xml", nullptr, nullptr, nullptr, true},
-    };
+        {"no file at all", "own.xml", nullptr, nullptr, nullptr, true}};
     for (const LoadCase& expected : cases) {
         SCOPED_TRACE(expected.name);
         const TemporaryDirectory directory;

@@ -82,15 +82,13 @@ TEST(MacCheck, NormalisesAndRefuses) {
         int failureId; // 0: passes
         const char* address;
     };
-    const Case cases[] = {
-        {"00:1a:2b:3c:4d:5e", 0, "00:1a:2b:3c:4d:5e"},
-        {"00:1A:2B:3C:4D:5E", 0, "00:1a:2b:3c:4d:5e"},
-        {"0 :1a:  :3c:4d:5e", 0, "00:1a:00:3c:4d:5e"},
-        {"00:1g:2b:3c:4d:5e", 3028, nullptr},
-        {"00:1a:2b:3c:4d:5-", 3028, nullptr},
-        {"  :  :  :  :  :  ", 3029, nullptr},
-        {"00:00:00:00:00:00", 3029, nullptr},
-    };
+    const Case cases[] = {{"00:1a:2b:3c:4d:5e", 0, "00:1a:2b:3c:4d:5e"},
+                          {"00:1A:2B:3C:4D:5E", 0, "00:1a:2b:3c:4d:5e"},
+                          {"0 :1a:  :3c:4d:5e", 0, "00:1a:00:3c:4d:5e"},
+                          {"00:1g:2b:3c:4d:5e", 3028, nullptr},
+                          {"00:1a:2b:3c:4d:5-", 3028, nullptr},
+                          {"  :  :  :  :  :  ", 3029, nullptr},
+                          {"00:00:00:00:00:00", 3029, nullptr}};
     for (const Case& expected : cases) {
         const MacCheck check = checkMac(expected.text, 3028, PromptIcon::none);
         EXPECT_EQ(check.failure ? check.failure->textId : 0, expected.failureId) << expected.text;
