@@ -9,8 +9,6 @@ namespace onudesk::desk {
 
 namespace {
 
-namespace fs = std::filesystem;
-
 Result<void> takeLocale(const std::string& text, Options& options) {
     const auto locale = parseNumber<std::uint32_t>(text);
     if (!locale || platform::localeAbbreviation(*locale).empty()) {

@@ -109,7 +109,8 @@ protected:
     void begin(const std::string& verb, const Words& words) {
         expectChanges({});
         if (verb == "given") {
-            given_ = words.front() == "demo" ? loadRecording(kDemo).value().values : Values();
+            const bool demo = words == Words{"demo"};
+            given_ = demo ? loadRecording(kDemo).value().values : Values();
             for (const auto& [oid, value] : changesOf(given_.empty() ? words : Words())) {
                 given_[oid] = value.value();
             }
