@@ -72,8 +72,8 @@ bool prepareSocket(int descriptor, std::uint32_t address, std::uint16_t port) {
 
 } // namespace
 
-SnmpSession::SnmpSession(const SessionSettings& settings, AnswerSink& sink)
-    : settings_(settings), sink_(sink), keys_(settings.v3), engineId_(settings.v3.engineId) {}
+SnmpSession::SnmpSession(const SessionSettings& settings)
+    : settings_(settings), keys_(settings.v3), engineId_(settings.v3.engineId) {}
 
 SnmpSession::~SnmpSession() = default;
 
@@ -83,7 +83,7 @@ void SnmpSession::Close::operator()(void* handle) const noexcept {
 
 Result<std::unique_ptr<SnmpSession>> SnmpSession::open(const SessionSettings& settings,
                                                        AnswerSink& sink) {
-    std::unique_ptr<SnmpSession> session(new SnmpSession(settings, sink));
+    std::unique_ptr<SnmpSession> session(new SnmpSession(settings));
     std::string peer = "udp:" + Endpoint{addressText(settings.address), settings.port}.text();
     std::string community = settings.community;
     netsnmp_session wanted;

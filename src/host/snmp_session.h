@@ -88,7 +88,7 @@ public:
     [[nodiscard]] bool refused() const { return refused_; }
 
 private:
-    SnmpSession(const SessionSettings& settings, AnswerSink& sink);
+    explicit SnmpSession(const SessionSettings& settings);
     void activateUser();
     void noteSocketError();
     // The library only listens to engines for which it has the user. A waiting message of another
@@ -96,7 +96,6 @@ private:
     [[nodiscard]] std::unique_ptr<UsmUser> userForUnknownEngine() const;
 
     SessionSettings settings_;
-    AnswerSink& sink_;
     MasterKeys keys_;
     std::string engineId_;
     std::unique_ptr<UsmUser> user_;

@@ -183,7 +183,7 @@ struct HostlessSession {
         session.SubIndex = subIndex;
     }
     platform::RouteMutex mutex;
-    ReplyRouteTable routes;
+    ReplyRouteTable routes{};
     Session session;
 };
 

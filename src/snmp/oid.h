@@ -45,7 +45,9 @@ public:
     [[nodiscard]] Oid joined(const Oid& rest) const;
 
     friend bool operator==(const Oid& left, const Oid& right) = default;
-    friend auto operator<=>(const Oid& left, const Oid& right) = default;
+    // The check takes the generated comparison with 0 for one with a pointer.
+    friend auto operator<=>(const Oid& left, // NOLINTNEXTLINE(modernize-use-nullptr)
+                            const Oid& right) = default;
 
 private:
     std::vector<Arc> arcs_;
