@@ -109,7 +109,7 @@ void TOnuCapability2::prepareRefresh() {
 }
 
 void TOnuCapability2::showReply(const ReadResult& result) {
-    ConfigPage::showReply(result);
+    fields().show(result); // this reply is no row of the list
     nameUnselected(QStringLiteral("other"));
 }
 
