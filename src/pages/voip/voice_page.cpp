@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pages/voip/voice_page.h"
 
+#include "pages/framework/field_kinds.h"
+
 #include <utility>
 
 namespace onudesk {
@@ -14,24 +16,16 @@ PageRules voiceRules(int helpKeyId, std::size_t minimumValues) {
 
 Field voiceChoice(const char* control, int labelId, std::size_t position, const char* object,
                   const ValueMap& map) {
-    return {.control = control,
-            .labelId = labelId,
-            .kind = ControlKind::combo,
-            .position = position,
-            .object = {object},
-            .codes = map.keepingUnknown(),
-            .written = Written::whileEnabled};
+    Field field = comboField(control, labelId, position, object, map.keepingUnknown());
+    field.written = Written::whileEnabled;
+    return field;
 }
 
 Field voiceNumber(const char* control, int labelId, int digits, std::size_t position,
                   const char* object, FieldCheck check) {
-    return {.control = control,
-            .labelId = labelId,
-            .typing = {.bytes = digits, .digitsOnly = true},
-            .position = position,
-            .object = {object},
-            .check = std::move(check),
-            .written = Written::whileEnabled};
+    Field field = numberField(control, labelId, digits, position, object, std::move(check));
+    field.written = Written::whileEnabled;
+    return field;
 }
 
 Field ticked(const char* box, Field field) {
